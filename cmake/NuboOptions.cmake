@@ -1,0 +1,39 @@
+# SPDX-License-Identifier: MIT
+# What every target of the project is compiled with.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+find_program(NUBO_CCACHE ccache)
+if(NUBO_CCACHE)
+    set(CMAKE_CXX_COMPILER_LAUNCHER ${NUBO_CCACHE})
+endif()
+
+add_library(nubo_options INTERFACE)
+target_include_directories(nubo_options INTERFACE ${CMAKE_SOURCE_DIR})
+target_compile_options(
+    nubo_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor
+                           -Woverloaded-virtual -Werror)
+target_compile_definitions(
+    nubo_options
+    INTERFACE QT_NO_CAST_FROM_ASCII
+              QT_NO_CAST_TO_ASCII
+              QT_NO_URL_CAST_FROM_STRING
+              QT_NO_KEYWORDS
+              QT_NO_NARROWING_CONVERSIONS_IN_CONNECT
+              QT_STRICT_ITERATORS
+              QT_DISABLE_DEPRECATED_BEFORE=0x060400)
+if(NUBO_SANITIZE)
+    target_compile_options(
+        nubo_options INTERFACE -fsanitize=${NUBO_SANITIZE} -fno-sanitize-recover=all
+                               -fno-omit-frame-pointer -O1)
+    target_link_options(nubo_options INTERFACE -fsanitize=${NUBO_SANITIZE})
+endif()
+
+# The camera's USB identity, for whoever needs it as a compile definition.
+add_library(nubo_usb_identity INTERFACE)
+target_compile_definitions(
+    nubo_usb_identity INTERFACE NUBO_USB_VENDOR_ID=${NUBO_USB_VENDOR_ID}
+                                NUBO_USB_PRODUCT_ID=${NUBO_USB_PRODUCT_ID})

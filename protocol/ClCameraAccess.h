@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "protocol/CommandMessage.h"
+#include "protocol/NuboRecords.h"
+
+#include <QUuid>
+
+class ClNuboCommand;
+class ClNuboCommandDataReceive;
+class ClNuboCommandDataSend;
+class ClUsbController;
+
+/// What the dispatcher needs of the USB side: transactions with the camera that a request names, and
+/// a way to answer. USB thread only.
+///
+/// Every exec operation returns 0, a transport code or the camera's own error code. A controller that
+/// is not live fails with 0xEF00, or with 0xEF01 in the two multi-packet reads; it is only compared,
+/// never touched.
+class ClCameraAccess {
+public:
+    virtual ~ClCameraAccess() = default;
+
+    [[nodiscard]] virtual unsigned short execNuboCommand(ClNuboCommand& command,
+                                                         ClUsbController* controller,
+                                                         int timeoutMs) = 0;
+    [[nodiscard]] virtual unsigned short execNuboDataWrite(ClNuboCommand& command,
+                                                           ClNuboCommandDataSend& data,
+                                                           ClUsbController* controller) = 0;
+    [[nodiscard]] virtual unsigned short execNuboDataRead(ClNuboCommand& command,
+                                                          ClNuboCommandDataReceive& data,
+                                                          ClUsbController* controller) = 0;
+    [[nodiscard]] virtual unsigned short execNuboGetWifiInfo(ClUsbController* controller,
+                                                             stWifiInfo* info) = 0;
+    [[nodiscard]] virtual unsigned short execNuboGetAccesspointList(
+        ClUsbController* controller, QList<stAccesspointInfo>* list) = 0;
+
+    /// Sends @p message to the user interface.
+    virtual void sendMessage(const VX_CMD& message) = 0;
+    /// Sends the plain result message that answers @p command.
+    virtual void sendCommunicationResult(void* controller, QUuid command,
+                                         unsigned short result) = 0;
+};
