@@ -11,12 +11,12 @@ class ClNuboCommandDataReceive;
 class ClNuboCommandDataSend;
 class ClUsbController;
 
-/// What the dispatcher needs of the USB side: transactions with the camera that a request names, and
-/// a way to answer. USB thread only.
+/// What the dispatcher needs of the USB side: transactions with the camera that a request names,
+/// and a way to answer. USB thread only.
 ///
-/// Every exec operation returns 0, a transport code or the camera's own error code. A controller that
-/// is not live fails with 0xEF00, or with 0xEF01 in the two multi-packet reads; it is only compared,
-/// never touched.
+/// Every exec operation returns 0, a transport code or the camera's own error code. A controller
+/// that is not live fails with 0xEF00, or with 0xEF01 in the two multi-packet reads; it is only
+/// compared, never touched.
 class ClCameraAccess {
 public:
     virtual ~ClCameraAccess() = default;
@@ -34,6 +34,10 @@ public:
                                                              stWifiInfo* info) = 0;
     [[nodiscard]] virtual unsigned short execNuboGetAccesspointList(
         ClUsbController* controller, QList<stAccesspointInfo>* list) = 0;
+
+    /// Reads once (1000 ms, at most 1024 bytes) and sends what came, possibly nothing, as
+    /// USB_CMD_NOTIFY_RECEIVE_DATA. Sends nothing when the camera is not live or goes meanwhile.
+    virtual void readRawData(ClUsbController* controller) = 0;
 
     /// Sends @p message to the user interface.
     virtual void sendMessage(const VX_CMD& message) = 0;

@@ -51,8 +51,7 @@ public:
     [[nodiscard]] unsigned int length() const { return m_length; }
     [[nodiscard]] unsigned short code() const { return m_code; }
     /// Parameter @p number, counted from 1 to PARAM_COUNT as in the drawing above.
-    [[nodiscard]] unsigned int param(int number) const
-    {
+    [[nodiscard]] unsigned int param(int number) const {
         return m_param[static_cast<std::size_t>(number - 1)];
     }
 
@@ -64,8 +63,7 @@ protected:
 
     void readHeader(ClWireReader& reader);         ///< type to reserved word
     void writeHeader(ClWireWriter& writer) const;  ///< type to reserved word
-    void setParam(int number, unsigned int value)
-    {
+    void setParam(int number, unsigned int value) {
         m_param[static_cast<std::size_t>(number - 1)] = value;
     }
 

@@ -11,12 +11,10 @@ ClNuboCommandConnectWifi::ClNuboCommandConnectWifi(const QString& ssid, const QS
     : ClNuboCommand(CODE, 0, 0, 0, 0, 0, 0, 0,
                     static_cast<unsigned int>(ssid.toLatin1().size() + key.toLatin1().size()) +
                         LENGTH_WITHOUT_STRINGS),
-      m_ssid(ssid), m_key(key)
-{
-}
+      m_ssid(ssid),
+      m_key(key) {}
 
-QByteArray ClNuboCommandConnectWifi::getData() const
-{
+QByteArray ClNuboCommandConnectWifi::getData() const {
     QByteArray packet;
     packet.reserve(m_length);
     ClWireWriter writer(&packet);

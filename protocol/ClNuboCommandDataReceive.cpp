@@ -4,13 +4,11 @@
 #include "protocol/ClWireStream.h"
 
 ClNuboCommandDataReceive::ClNuboCommandDataReceive(unsigned short id, unsigned int expectedSize)
-    : m_expectedSize(expectedSize)
-{
+    : m_expectedSize(expectedSize) {
     m_id = id;
 }
 
-bool ClNuboCommandDataReceive::addData(const QByteArray& packet)
-{
+bool ClNuboCommandDataReceive::addData(const QByteArray& packet) {
     if (!m_hasFirstPacket) {
         m_hasFirstPacket = true;
         return addDataFirst(packet);
@@ -19,13 +17,11 @@ bool ClNuboCommandDataReceive::addData(const QByteArray& packet)
     return true;
 }
 
-bool ClNuboCommandDataReceive::addData(const char* packet, int size)
-{
+bool ClNuboCommandDataReceive::addData(const char* packet, int size) {
     return addData(QByteArray::fromRawData(packet, size));
 }
 
-bool ClNuboCommandDataReceive::addDataFirst(const QByteArray& packet)
-{
+bool ClNuboCommandDataReceive::addDataFirst(const QByteArray& packet) {
     ClWireReader reader(packet);
     quint16 id = 0;
     quint32 totalSize = 0;

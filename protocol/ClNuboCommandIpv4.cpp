@@ -6,8 +6,7 @@
 namespace {
 
 // Part i sits 24 - 8i bits up; a fifth part starts again at the top, as the shift counts modulo 32.
-unsigned int packAddress(const QString& address)
-{
+unsigned int packAddress(const QString& address) {
     unsigned int packed = 0;
     unsigned int shift = 24;
     for (const QString& part : address.split(u'.', Qt::SkipEmptyParts)) {
@@ -20,12 +19,9 @@ unsigned int packAddress(const QString& address)
 }  // namespace
 
 ClNuboCommandIpv4::ClNuboCommandIpv4(const QString& address, unsigned short code)
-    : ClNuboCommand(code, packAddress(address), 0, 0, 0, 0, 0, 0, PLAIN_LENGTH)
-{
-}
+    : ClNuboCommand(code, packAddress(address), 0, 0, 0, 0, 0, 0, PLAIN_LENGTH) {}
 
-QString ClNuboCommandIpv4::getAddress() const
-{
+QString ClNuboCommandIpv4::getAddress() const {
     const unsigned int packed = param(1);
     return QStringLiteral("%1.%2.%3.%4")
         .arg(packed >> 24 & 0xFF)

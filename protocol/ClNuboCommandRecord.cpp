@@ -3,8 +3,7 @@
 
 #include "protocol/ClWireStream.h"
 
-void ClNuboCommandRecord::setData(const QByteArray& packet)
-{
+void ClNuboCommandRecord::setData(const QByteArray& packet) {
     ClWireReader reader(packet);
     readHeader(reader);
     reader >> m_param[0];

@@ -10,15 +10,13 @@ constexpr unsigned int LENGTH_WITHOUT_STRING = 28;
 ClNuboCommandString::ClNuboCommandString(const QString& string, unsigned short code)
     : ClNuboCommand(code, static_cast<unsigned int>(string.toLatin1().size()), 0, 0, 0, 0, 0, 0,
                     PLAIN_LENGTH),
-      m_string(string)
-{
+      m_string(string) {
     if (const unsigned int bytes = param(1); bytes != 0) {
         m_length = bytes + LENGTH_WITHOUT_STRING;
     }
 }
 
-void ClNuboCommandString::setData(const QByteArray& packet)
-{
+void ClNuboCommandString::setData(const QByteArray& packet) {
     ClWireReader reader(packet);
     readHeader(reader);
     reader >> m_param[0];
@@ -31,8 +29,7 @@ void ClNuboCommandString::setData(const QByteArray& packet)
     reader >> m_param[2] >> m_param[3] >> m_param[4];
 }
 
-QByteArray ClNuboCommandString::getData() const
-{
+QByteArray ClNuboCommandString::getData() const {
     const QByteArray bytes = m_string.toLatin1();
     if (bytes.isEmpty()) {
         return ClNuboCommand::getData();

@@ -22,22 +22,19 @@ constexpr int READS_PER_PACKET = 3;
 
 // A port that could not even try reports a negative value. That is a failure of the transport; its
 // low 16 bits would read as one of the camera's codes.
-unsigned short transportResult(int status)
-{
+unsigned short transportResult(int status) {
     return status < 0 ? USB_ERROR_OTHER : static_cast<unsigned short>(status);
 }
 
 }  // namespace
 
-unsigned short ClNuboTransactions::command(ClNuboCommand& command, int timeoutMs)
-{
+unsigned short ClNuboTransactions::command(ClNuboCommand& command, int timeoutMs) {
     unsigned short result = USB_ERROR_SUCCESS;
     return send(command.getData(), result) ? receiveAnswer(command, timeoutMs) : result;
 }
 
 unsigned short ClNuboTransactions::dataWrite(ClNuboCommand& command,
-                                             const ClNuboCommandDataSend& data)
-{
+                                             const ClNuboCommandDataSend& data) {
     const QByteArray dataPacket = data.getData();
     if (dataPacket.isEmpty()) {
         return USB_ERROR_BAD_PARAM;
@@ -49,8 +46,8 @@ unsigned short ClNuboTransactions::dataWrite(ClNuboCommand& command,
     return receiveAnswer(command, READ_TIMEOUT_MS);
 }
 
-unsigned short ClNuboTransactions::dataRead(ClNuboCommand& command, ClNuboCommandDataReceive& data)
-{
+unsigned short ClNuboTransactions::dataRead(ClNuboCommand& command,
+                                            ClNuboCommandDataReceive& data) {
     if (const unsigned short result = this->command(command, SLOW_ANSWER_TIMEOUT_MS);
         result != USB_ERROR_SUCCESS) {
         return result;
@@ -69,8 +66,7 @@ unsigned short ClNuboTransactions::dataRead(ClNuboCommand& command, ClNuboComman
     return USB_ERROR_SUCCESS;
 }
 
-unsigned short ClNuboTransactions::wifiInfo(stWifiInfo& info)
-{
+unsigned short ClNuboTransactions::wifiInfo(stWifiInfo& info) {
     ClNuboCommandGetWifiInfo command;
     if (const unsigned short result = this->command(command, SLOW_ANSWER_TIMEOUT_MS);
         result != USB_ERROR_SUCCESS) {
@@ -79,6 +75,9 @@ unsigned short ClNuboTransactions::wifiInfo(stWifiInfo& info)
     QByteArray texts;
     QByteArray values;
     for (QByteArray* packet : {&texts, &values}) {
+        if (m_stop) {
+            return USB_ERROR_SUCCESS;
+        }
         const unsigned short result =
             receive(command.id(), READ_TIMEOUT_MS, CameraErrors::Skip, *packet);
         if (packet->isEmpty()) {
@@ -92,8 +91,7 @@ unsigned short ClNuboTransactions::wifiInfo(stWifiInfo& info)
     return USB_ERROR_SUCCESS;
 }
 
-unsigned short ClNuboTransactions::accesspointList(AccesspointList& list)
-{
+unsigned short ClNuboTransactions::accesspointList(AccesspointList& list) {
     ClNuboCommandGetAccesspointList command;
     if (const unsigned short result = this->command(command, READ_TIMEOUT_MS);
         result != USB_ERROR_SUCCESS) {
@@ -125,23 +123,24 @@ unsigned short ClNuboTransactions::accesspointList(AccesspointList& list)
     return USB_ERROR_SUCCESS;
 }
 
-bool ClNuboTransactions::send(const QByteArray& packet, unsigned short& result)
-{
+bool ClNuboTransactions::send(const QByteArray& packet, unsigned short& result) {
     if (packet.isEmpty()) {
         result = USB_ERROR_BAD_PARAM;
         return false;
     }
     const int written = m_port.write(packet, WRITE_TIMEOUT_MS, OWN_ENDPOINT);
-    // A large packet may be as long as a transport code is high: the whole packet is never a failure.
+    // A large packet may be as long as a transport code is high: the whole packet is never a
+    // failure.
     if (written == packet.size()) {
         return true;
     }
     result = transportResult(written);
-    return written > 0 && !isTransportError(result);
+    // Nor is a count above 16 bits one, whatever its low half looks like.
+    const bool isCode = written == result && isTransportError(result);
+    return written > 0 && !isCode;
 }
 
-unsigned short ClNuboTransactions::receiveAnswer(ClNuboCommand& command, int timeoutMs)
-{
+unsigned short ClNuboTransactions::receiveAnswer(ClNuboCommand& command, int timeoutMs) {
     QByteArray packet;
     const unsigned short result = receive(command.id(), timeoutMs, CameraErrors::Accept, packet);
     if (packet.isEmpty()) {
@@ -152,15 +151,18 @@ unsigned short ClNuboTransactions::receiveAnswer(ClNuboCommand& command, int tim
 }
 
 unsigned short ClNuboTransactions::receive(unsigned short id, int timeoutMs, CameraErrors errors,
-                                           QByteArray& packet)
-{
+                                           QByteArray& packet) {
     // Foreign packets start the wait anew, but a camera that sends nothing else must not hold the
-    // thread for ever: in all, a packet has three time-outs to come.
+    // thread for ever: in all, a packet has three time-outs to come. Without them each read has its
+    // full time-out, however late the ones before came back.
     const QDeadlineTimer patience(READS_PER_PACKET * timeoutMs);
+    bool isForeignSeen = false;
     int silentReads = 0;
     int status = USB_ERROR_OTHER;
     while (silentReads < READS_PER_PACKET && !m_stop) {
-        const int wait = std::clamp(static_cast<int>(patience.remainingTime()), 1, timeoutMs);
+        const int wait = isForeignSeen
+                             ? std::clamp(static_cast<int>(patience.remainingTime()), 1, timeoutMs)
+                             : timeoutMs;
         status = USB_ERROR_OTHER;
         packet = m_port.read(wait, OWN_ENDPOINT, &status);
         if (packet.isEmpty()) {
@@ -182,6 +184,7 @@ unsigned short ClNuboTransactions::receive(unsigned short id, int timeoutMs, Cam
         if (patience.hasExpired()) {
             return USB_ERROR_TIMEOUT;
         }
+        isForeignSeen = true;
         silentReads = 0;
         status = USB_ERROR_OTHER;
     }

@@ -18,14 +18,15 @@ class ClNuboCommandDataSend;
 /// Every operation returns 0 for success, a transport code (0xEF00 to 0xEF05) or the camera's own
 /// error code. All waiting is bounded: a write by 1000 ms, a packet from the camera by three times
 /// its read time-out, foreign packets included. A write that moves no bytes ends the transaction
-/// with 0. Once the stop flag is set, no further read is made; a loop that it ends reports 0.
+/// with 0. Once the stop flag is set, no further read is made but the one that a data phase always
+/// has; a loop that it ends reports 0.
 ///
 /// A short-lived value on the USB thread; port and stop flag belong to the caller.
 class ClNuboTransactions {
 public:
-    ClNuboTransactions(ClBulkPort& port, const std::atomic<bool>& stop) : m_port(port), m_stop(stop)
-    {
-    }
+    ClNuboTransactions(ClBulkPort& port, const std::atomic<bool>& stop)
+        : m_port(port),
+          m_stop(stop) {}
 
     /// Sends @p command and parses the answer into it, waiting @p timeoutMs in each of three reads.
     [[nodiscard]] unsigned short command(ClNuboCommand& command, int timeoutMs);
@@ -34,15 +35,16 @@ public:
     [[nodiscard]] unsigned short dataWrite(ClNuboCommand& command,
                                            const ClNuboCommandDataSend& data);
 
-    /// Sends @p command, whose answer announces a size in param1, and collects that much in @p data.
+    /// Sends @p command, whose answer announces a size in param1, and collects that much in @p
+    /// data.
     [[nodiscard]] unsigned short dataRead(ClNuboCommand& command, ClNuboCommandDataReceive& data);
 
     /// Reads the Wi-Fi information: an answer and two more packets. @p info changes only when all
     /// have come.
     [[nodiscard]] unsigned short wifiInfo(stWifiInfo& info);
 
-    /// Scans for access points: an answer with their number and two packets for each. Those found are
-    /// appended to @p list, which keeps what it held.
+    /// Scans for access points: an answer with their number and two packets for each. Those found
+    /// are appended to @p list, which keeps what it held.
     [[nodiscard]] unsigned short accesspointList(AccesspointList& list);
 
 private:

@@ -14,8 +14,7 @@ constexpr std::array IDENTIFIERS{
 #undef NUBO_IDENTIFIER
 };
 
-constexpr bool allDistinct()
-{
+constexpr bool allDistinct() {
     for (auto entry = IDENTIFIERS.begin(); entry != IDENTIFIERS.end(); ++entry) {
         if (std::any_of(IDENTIFIERS.begin(), entry, [entry](const stCommandIdentifier& earlier) {
                 return earlier.uuid == entry->uuid;
@@ -30,10 +29,11 @@ static_assert(allDistinct(), "two command identifiers have the same UUID");
 
 }  // namespace
 
-std::span<const stCommandIdentifier> commandIdentifiers() { return IDENTIFIERS; }
+std::span<const stCommandIdentifier> commandIdentifiers() {
+    return IDENTIFIERS;
+}
 
-QString getUsbCommand(const QUuid& command)
-{
+QString getUsbCommand(const QUuid& command) {
     const auto found = std::ranges::find(IDENTIFIERS, command, &stCommandIdentifier::uuid);
     if (found == IDENTIFIERS.end()) {
         return QLatin1String("Unknown:") + command.toString();

@@ -7,23 +7,23 @@
 
 /// What the camera tells of its wireless link, in the order of the wire.
 struct stWifiInfo {
-    quint32 status = 0;     ///< 1 not linked, 2 linked, 3 ad-hoc
-    QString firstText;      ///< the linked SSID
-    QString secondText;     ///< the SSID that counts as the linked one in a search
-    quint32 channel = 0;    ///< Wi-Fi channel number
-    quint32 encryption = 0; ///< 0 none, 1 WEP, 2 TKIP, 4 AES
-    quint32 reserved = 0;   ///< shown nowhere
-    quint32 signal = 0;     ///< signed on the wire; 0 or less when there is no signal
+    quint32 status = 0;      ///< 1 not linked, 2 linked, 3 ad-hoc
+    QString firstText;       ///< the linked SSID
+    QString secondText;      ///< the SSID that counts as the linked one in a search
+    quint32 channel = 0;     ///< Wi-Fi channel number
+    quint32 encryption = 0;  ///< 0 none, 1 WEP, 2 TKIP, 4 AES
+    quint32 reserved = 0;    ///< shown nowhere
+    quint32 signal = 0;      ///< signed on the wire; 0 or less when there is no signal
 };
 
 /// One access point of a scan, in the order of the wire.
 struct stAccesspointInfo {
     QString ssid;
-    QString secondText;     ///< shown nowhere
-    quint32 reserved1 = 0;  ///< shown nowhere
-    quint32 encryption = 0; ///< 0 none, 1 WEP, 2 TKIP, 4 AES
-    quint32 reserved2 = 0;  ///< shown nowhere
-    quint32 signal = 0;     ///< signed on the wire; 0 or less when there is no signal
+    QString secondText;      ///< shown nowhere
+    quint32 reserved1 = 0;   ///< shown nowhere
+    quint32 encryption = 0;  ///< 0 none, 1 WEP, 2 TKIP, 4 AES
+    quint32 reserved2 = 0;   ///< shown nowhere
+    quint32 signal = 0;      ///< signed on the wire; 0 or less when there is no signal
 
     bool operator==(const stAccesspointInfo&) const = default;
 };

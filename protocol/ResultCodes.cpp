@@ -35,8 +35,7 @@ constexpr std::array USB_CODES{
     stCodeName{USB_ERROR_OTHER, "USB_ERROR_OTHER"},
 };
 
-QString nameOf(unsigned short code, std::span<const stCodeName> names)
-{
+QString nameOf(unsigned short code, std::span<const stCodeName> names) {
     const auto found = std::ranges::find(names, code, &stCodeName::code);
     if (found == names.end()) {
         return QStringLiteral("Unknown:%1").arg(static_cast<qint16>(code));
@@ -46,6 +45,10 @@ QString nameOf(unsigned short code, std::span<const stCodeName> names)
 
 }  // namespace
 
-QString getNuboCommanderrorString(unsigned short code) { return nameOf(code, NUBO_CODES); }
+QString getNuboCommanderrorString(unsigned short code) {
+    return nameOf(code, NUBO_CODES);
+}
 
-QString getUsberrorString(unsigned short code) { return nameOf(code, USB_CODES); }
+QString getUsberrorString(unsigned short code) {
+    return nameOf(code, USB_CODES);
+}

@@ -29,8 +29,7 @@ inline constexpr unsigned short NUBO_CMD_ERROR_NO_SD_ACCESS = 0xFFF6;
 inline constexpr unsigned short NUBO_CMD_ERROR_BATTERY_LOW = 0xFFF5;
 
 /// Whether @p result says that the USB link failed (0xEF00 to 0xEF05).
-[[nodiscard]] constexpr bool isTransportError(unsigned short result)
-{
+[[nodiscard]] constexpr bool isTransportError(unsigned short result) {
     return result >= USB_NO_DEVICE && result <= USB_ERROR_OTHER;
 }
 

@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: MIT
+#include "app/Startup.h"
+
+#include "app/ClAppCheck.h"
+#include "app/ClMainWidget.h"
+
+#include <QApplication>
+#include <QFont>
+#include <QLocale>
+#include <QMessageBox>
+#include <QTranslator>
+
+#include <memory>
+
+namespace {
+
+constexpr int TEXT_PIXELS = 13;
+constexpr int LINE_EDIT_PIXELS = 14;
+constexpr int START_REFUSED = -1;
+
+// The key is held only until the main window opens: it guards the start, not the whole run.
+bool mayStart() {
+    ClAppCheck check(QCoreApplication::applicationName());
+    const ClAppCheck::emEXIST found = check.doIExist(QStringLiteral("NuBo_USB_Communication"));
+    if (found == ClAppCheck::Alone) {
+        return true;
+    }
+    QMessageBox::critical(nullptr, QCoreApplication::applicationName(),
+                          check.getErrorStringDef(found), QMessageBox::Ok, QMessageBox::NoButton);
+    return false;
+}
+
+}  // namespace
+
+void installFonts() {
+    QFont font;
+    font.setPixelSize(TEXT_PIXELS);
+    QApplication::setFont(font);
+    font.setPixelSize(LINE_EDIT_PIXELS);
+    QApplication::setFont(font, "QLineEdit");
+}
+
+void installLanguage(QApplication& application) {
+    const bool isJapanese = QLocale::system().language() == QLocale::Japanese;
+    auto translator = std::make_unique<QTranslator>();
+    if (translator->load(isJapanese ? QStringLiteral(":/lang/ja") : QStringLiteral(":/lang/en"))) {
+        translator->setParent(&application);
+        QCoreApplication::installTranslator(translator.release());
+    }
+    QLocale::setDefault(
+        QLocale(isJapanese ? QLocale::Japanese : QLocale::English, QLocale::AnyTerritory));
+}
+
+int runSettingTool(int argc, char** argv) {
+    QApplication application(argc, argv);
+    installFonts();
+    installLanguage(application);
+    QCoreApplication::setApplicationName(QObject::tr("NuBo Setting Tool"));
+    if (!mayStart()) {
+        return START_REFUSED;
+    }
+    ClMainWidget window;
+    window.setVisible(true);
+    return QApplication::exec();
+}

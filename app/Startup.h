@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+class QApplication;
+
+/// Texts are 13 pixels high, in line edits 14.
+void installFonts();
+
+/// Takes Japanese if that is the system's language and English otherwise: installs the catalogue
+/// and makes the language the default locale. Without a catalogue the source texts stand.
+void installLanguage(QApplication& application);
+
+/// The program: starts up, refuses to start beside another copy that is starting, and runs until
+/// the window is closed. @return the exit code: the event loop's, or -1 when the start was refused.
+int runSettingTool(int argc, char** argv);

@@ -1,0 +1,36 @@
+# SPDX-License-Identifier: MIT
+# Sourced by the scripts in the root: what has to be installed, and how.
+
+BUILD_PACKAGES=(
+    g++ cmake ninja-build ccache pkg-config
+    qt6-base-dev qt6-tools-dev qt6-tools-dev-tools qt6-l10n-tools linguist-qt6
+    libusb-1.0-0-dev libumockdev-dev umockdev librsvg2-bin
+)
+# A computer without a display has no fonts either.
+HEADLESS_PACKAGES=(xvfb xauth fonts-dejavu-core fonts-noto-cjk)
+TEST_PACKAGES=(clang libclang-rt-14-dev clang-format fonts-dejavu-core fonts-noto-cjk)
+
+# install_missing PACKAGE...: installs those that are not there yet, and asks no package registry
+# when all are.
+install_missing() {
+    local installed missing=()
+    installed=$(dpkg-query --show --showformat '${Package} ${db:Status-Status}\n' "$@" 2>/dev/null || true)
+    for package in "$@"; do
+        grep --quiet --line-regexp --fixed-strings "$package installed" <<<"$installed" ||
+            missing+=("$package")
+    done
+    [ ${#missing[@]} -eq 0 ] && return
+
+    local as_root=()
+    [ "$(id -u)" -eq 0 ] || as_root=(sudo)
+    echo "Installing ${missing[*]}"
+    "${as_root[@]}" apt-get update
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+        apt-get install --yes --no-install-recommends "${missing[@]}"
+}
+
+# build PRESET: configures once and builds.
+build() {
+    [ -f "build/$1/build.ninja" ] || cmake --preset "$1"
+    cmake --build --preset "$1"
+}

@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: MIT
+#include "pages/ClLabelWifiState.h"
+
+#include "ui/Artwork.h"
+
+#include <QPaintEvent>
+#include <QPainter>
+
+#include <algorithm>
+#include <array>
+
+namespace {
+
+struct stAppearance {
+    unsigned int state;
+    const char* picture;
+    const char* text;  ///< null leaves the text that stands
+};
+
+constexpr std::array APPEARANCES{
+    stAppearance{1, ":/img/wifi_notlink", QT_TRANSLATE_NOOP("ClLabelWifiState", "Not link")},
+    stAppearance{2, ":/img/wifi_link", QT_TRANSLATE_NOOP("ClLabelWifiState", "Link")},
+    stAppearance{3, ":/img/wifi_link", QT_TRANSLATE_NOOP("ClLabelWifiState", "Adhoc Link")},
+};
+constexpr stAppearance UNKNOWN{0, ":/img/wifi_link", nullptr};
+
+constexpr QSize BADGE_SIZE{112, 24};
+
+}  // namespace
+
+ClLabelWifiState::ClLabelWifiState(QWidget* parent)
+    : QLabel(tr(APPEARANCES.front().text), parent),
+      m_picture(QString::fromLatin1(APPEARANCES.front().picture)) {
+    setFixedSize(BADGE_SIZE);
+    setAlignment(Qt::AlignCenter);
+    QFont bold = font();
+    bold.setWeight(QFont::Bold);
+    setFont(bold);
+    QPalette white = palette();
+    white.setColor(QPalette::WindowText, Qt::white);
+    setPalette(white);
+}
+
+void ClLabelWifiState::setState(unsigned int state) {
+    if (state == m_state) {
+        return;
+    }
+    m_state = state;
+    const auto found = std::ranges::find(APPEARANCES, state, &stAppearance::state);
+    const stAppearance& appearance = found == APPEARANCES.end() ? UNKNOWN : *found;
+    m_picture = QString::fromLatin1(appearance.picture);
+    if (appearance.text != nullptr) {
+        setText(tr(appearance.text));
+    }
+    update();
+}
+
+void ClLabelWifiState::paintEvent(QPaintEvent* event) {
+    {
+        QPainter painter(this);
+        drawArtwork(painter, event->rect(), artwork(m_picture, devicePixelRatioF()));
+    }
+    QLabel::paintEvent(event);
+}

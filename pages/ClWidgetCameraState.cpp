@@ -1,0 +1,244 @@
+// SPDX-License-Identifier: MIT
+#include "pages/ClWidgetCameraState.h"
+
+#include "pages/ClLabelWifiState.h"
+#include "protocol/CommandIdentifiers.h"
+#include "protocol/ResultCodes.h"
+#include "ui/ClLabelSepalator.h"
+#include "ui/ClMessageBox.h"
+#include "ui/ClWidgetProgress.h"
+
+#include <QCoreApplication>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace {
+
+struct stAction {
+    const char* button;
+    const char* confirmation;
+    QUuid command;
+};
+
+constexpr std::array ACTIONS{
+    stAction{QT_TRANSLATE_NOOP("ClWidgetCameraState", "SD card format"),
+             QT_TRANSLATE_NOOP("ClWidgetCameraState", "All data delete on SD card"),
+             USB_NUBO_CMD_FORMAT_SD},
+    stAction{QT_TRANSLATE_NOOP("ClWidgetCameraState", "Initialize settings"),
+             QT_TRANSLATE_NOOP("ClWidgetCameraState", "Initialize all settings"),
+             USB_NUBO_CMD_INIT_SETTING},
+    stAction{QT_TRANSLATE_NOOP("ClWidgetCameraState", "Reset NuBo"),
+             QT_TRANSLATE_NOOP("ClWidgetCameraState", "Reset NuBo and restart"),
+             USB_NUBO_CMD_RESTART},
+};
+
+constexpr std::array<const char*, 4> FILE_SYSTEMS{"", "FAT12", "FAT16", "FAT32"};
+
+constexpr unsigned int NOT_LINKED = 1;
+constexpr QColor GOOD_COLOUR{26, 97, 9};
+constexpr QSize WIFI_PANEL_SIZE{600, 50};
+constexpr QSize BUTTON_MINIMUM{133, 30};
+constexpr QPoint BUTTON_ROW_TOP_RIGHT{586, 419};
+
+void addLabel(const QString& text, int x, int y, QWidget* parent) {
+    auto* label = new QLabel(text, parent);
+    label->move(x, y);
+}
+
+// The captions of a block end at one edge, against their values.
+void addRightAligned(const QString& text, int right, int y, QWidget* parent) {
+    auto* label = new QLabel(text, parent);
+    label->move(right - label->sizeHint().width(), y);
+}
+
+QLabel* addValue(int x, int y, QWidget* parent) {
+    auto* label = new QLabel(parent);
+    QFont bold = label->font();
+    bold.setWeight(QFont::Bold);
+    label->setFont(bold);
+    label->move(x, y);
+    return label;
+}
+
+void setValue(QLabel* label, const QString& text) {
+    label->setText(text);
+    label->adjustSize();
+}
+
+}  // namespace
+
+/// A step of the refresh.
+struct ClWidgetCameraState::stRead {
+    QUuid request;
+    QUuid answer;
+    void (ClWidgetCameraState::*show)(const VX_CMD&);
+};
+
+const ClWidgetCameraState::stRead ClWidgetCameraState::READS[] = {
+    {USB_REQ_NUBO_CMD_GET_BATTERY, USB_RES_NUBO_CMD_GET_BATTERY, &ClWidgetCameraState::showBattery},
+    {USB_REQ_NUBO_CMD_GET_WIFI_INFO, USB_RES_NUBO_CMD_GET_WIFI_INFO,
+     &ClWidgetCameraState::showWifi},
+    {USB_REQ_NUBO_CMD_GET_SDINFO, USB_RES_NUBO_CMD_GET_SDINFO, &ClWidgetCameraState::showSdCard},
+};
+
+ClWidgetCameraState::ClWidgetCameraState(QWidget* parent)
+    : ClWidgetBase(parent),
+      m_battery(new ClWidgetProgress(this)),
+      m_wifiState(new ClLabelWifiState(this)) {
+    addLabel(tr("Battery charge"), 35, 27, this);
+    m_battery->move(187, 25);
+    addLabel(tr("Wi-Fi state"), 35, 94, this);
+    m_wifiState->move(196, 89);
+    buildWifiPanel();
+    (new ClLabelSepalator(this))->move(0, 190);
+    buildSdCard();
+    buildButtons();
+}
+
+void ClWidgetCameraState::buildWifiPanel() {
+    m_wifiPanel = new QWidget(this);
+    m_wifiPanel->setFixedSize(WIFI_PANEL_SIZE);
+    m_wifiPanel->move(0, 131);
+    m_wifiPanel->hide();
+    addRightAligned(tr("Receiver sensitivity"), 227, 0, m_wifiPanel);
+    m_sensitivity = addValue(273, 0, m_wifiPanel);
+    QPalette good = m_sensitivity->palette();
+    good.setColor(QPalette::WindowText, GOOD_COLOUR);
+    m_sensitivity->setPalette(good);
+    addRightAligned(tr("Channel"), 227, 30, m_wifiPanel);
+    m_channel = addValue(273, 30, m_wifiPanel);
+}
+
+void ClWidgetCameraState::buildSdCard() {
+    addLabel(tr("SD card"), 35, 218, this);
+    addRightAligned(tr("Total capacity"), 228, 243, this);
+    m_sdTotal = addValue(275, 243, this);
+    addRightAligned(tr("Free capacity"), 228, 274, this);
+    m_sdFree = addValue(275, 274, this);
+    addRightAligned(tr("Category"), 228, 303, this);
+    m_sdFileSystem = addValue(275, 303, this);
+}
+
+void ClWidgetCameraState::buildButtons() {
+    auto* row = new QWidget(this);
+    auto* rows = new QVBoxLayout(row);
+    rows->setContentsMargins(0, 0, 0, 0);
+    rows->setSpacing(11);
+    auto* buttons = new QHBoxLayout;
+    buttons->setContentsMargins(0, 0, 0, 0);
+    buttons->setSpacing(10);
+    for (const stAction& action : ACTIONS) {
+        auto* button = new QPushButton(tr(action.button), row);
+        button->setMinimumSize(BUTTON_MINIMUM);
+        connect(button, &QPushButton::clicked, this, &ClWidgetCameraState::slotClicked);
+        buttons->addWidget(button);
+        m_buttons.append(button);
+    }
+    rows->addLayout(buttons);
+    row->move(BUTTON_ROW_TOP_RIGHT - QPoint(row->sizeHint().width(), 0));
+}
+
+void ClWidgetCameraState::showInit(bool isPolling) {
+    if (!isPolling) {
+        m_wifiPanel->hide();
+        const QString unknown = QStringLiteral("--");
+        setValue(m_sdTotal, tr("%1 Byte").arg(unknown));
+        setValue(m_sdFree, tr("%1 Byte").arg(unknown));
+        setValue(m_sdFileSystem, unknown);
+        startPolling();
+    }
+    sendUsbCommand(std::begin(READS)->request, {});
+}
+
+void ClWidgetCameraState::slotReceiveCommand(const VX_CMD& clCommand) {
+    const QUuid received = getCommand(clCommand);
+    const QUuid answered = clCommand.value(Key::PARAM2).toUuid();
+    const auto result = clCommand.value(Key::PARAM3).value<unsigned short>();
+    if (received == USB_NUBO_CMD_RESPONSE) {
+        showResult(answered, result);
+    } else if (received == USB_CMD_ERROR) {
+        // A camera that has gone needs no box: the not-connected page is on its way.
+        if (result != USB_NO_DEVICE) {
+            stopPolling();
+            showResult(answered, result);
+        }
+    } else if (const auto step = std::ranges::find(READS, received, &stRead::answer);
+               step != std::end(READS)) {
+        (this->*step->show)(clCommand);
+        if (const auto next = std::next(step); next != std::end(READS)) {
+            sendUsbCommand(next->request, {});
+        }
+    }
+}
+
+void ClWidgetCameraState::showResult(const QUuid& command, unsigned short result) {
+    const bool isRead = std::ranges::find(READS, command, &stRead::request) != std::end(READS);
+    const bool isAction = std::ranges::find(ACTIONS, command, &stAction::command) != ACTIONS.end();
+    if (result != USB_ERROR_SUCCESS && (isRead || isAction)) {
+        showErrorMsgBox(result);
+    } else if (result == USB_ERROR_SUCCESS && command == USB_NUBO_CMD_FORMAT_SD) {
+        ClMessageBox(this, tr("Completed %1").arg(tr("SD card format")),
+                     QCoreApplication::applicationName(), QDialogButtonBox::Ok)
+            .exec();
+    }
+}
+
+void ClWidgetCameraState::slotClicked() {
+    const auto index = m_buttons.indexOf(qobject_cast<QPushButton*>(sender()));
+    if (index < 0) {
+        return;
+    }
+    const stAction& action = ACTIONS[static_cast<std::size_t>(index)];
+    ClMessageBox box(this, tr(action.confirmation), QCoreApplication::applicationName(),
+                     QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
+    if (box.exec() == QDialog::Accepted) {
+        sendUsbCommand(action.command, {});
+    }
+}
+
+void ClWidgetCameraState::showBattery(const VX_CMD& answer) {
+    m_battery->setValue(answer.value(Key::PARAM3).toInt());
+}
+
+void ClWidgetCameraState::showWifi(const VX_CMD& answer) {
+    setWifiState(answer.value(Key::PARAM2).toUInt(), answer.value(Key::PARAM8).toInt(),
+                 answer.value(Key::PARAM5).toUInt());
+}
+
+void ClWidgetCameraState::showSdCard(const VX_CMD& answer) {
+    setSdInfo(answer.value(Key::PARAM2).toULongLong(), answer.value(Key::PARAM3).toULongLong(),
+              answer.value(Key::PARAM4).toInt());
+}
+
+void ClWidgetCameraState::setWifiState(unsigned int state, int sensitivity, unsigned int channel) {
+    m_wifiState->setState(state);
+    const bool hasSignal = state != NOT_LINKED && sensitivity >= 1;
+    if (hasSignal) {
+        setValue(m_sensitivity, QStringLiteral("%1dBm").arg(sensitivity));
+        setValue(m_channel, QStringLiteral("%1ch").arg(channel));
+    }
+    m_wifiPanel->setVisible(hasSignal);
+}
+
+void ClWidgetCameraState::setSdInfo(unsigned long long total, unsigned long long used,
+                                    int fileSystem) {
+    constexpr unsigned long long KIB = 1024;
+    const bool isKnown =
+        fileSystem > 0 && static_cast<std::size_t>(fileSystem) < FILE_SYSTEMS.size();
+    setValue(m_sdFileSystem,
+             QString::fromLatin1(FILE_SYSTEMS[isKnown ? static_cast<std::size_t>(fileSystem) : 0]));
+    setValue(m_sdTotal, tr("%1 Byte").arg(total * KIB));
+
+    // A camera without a card reports a size of 0, and one that reports more used than there is has
+    // nothing free: neither may end in a nonsense number.
+    const unsigned long long free = total > used ? total - used : 0;
+    const double usedPercent =
+        total == 0 ? 0 : std::trunc(static_cast<double>(used) / static_cast<double>(total) * 100);
+    setValue(m_sdFree,
+             tr("%1 Byte").arg(free * KIB) + tr(" (%1% used)").arg(usedPercent, 0, 'f', 0));
+}

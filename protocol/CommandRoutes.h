@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "protocol/CommandMessage.h"
+
+#include <QUuid>
+
+#include <span>
+
+class ClCameraAccess;
+
+/// A request on its way through its route.
+struct stRequest {
+    VX_CMD message;  ///< on success, a get writes into it what it read
+    ClUsbController* controller;
+    ClCameraAccess& camera;
+};
+
+/// What is done for a request identifier.
+struct stRoute {
+    QUuid request;
+    QUuid answer;         ///< of the value reply; null when a plain result answers
+    unsigned short code;  ///< of the camera command
+    unsigned short (*run)(stRequest&);
+};
+
+/// The routes of all requests that a camera command answers. Thread-safe.
+[[nodiscard]] std::span<const stRoute> commandRoutes();

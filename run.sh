@@ -1,0 +1,61 @@
+#!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
+set -euo pipefail
+cd "$(dirname "$0")"
+
+usage() {
+    cat <<'TEXT'
+Usage: ./run.sh [--usb | --help]
+
+Installs what is missing (Debian 12, as root or with sudo), builds the tool and starts it.
+
+  (nothing)  on a simulated camera: no hardware is needed. In a terminal, type control lines to the
+             camera while the tool runs: unplug, plug, set battery 9, help.
+             Without a display, the tool walks through all its modes under Xvfb and leaves a
+             picture of each page in build/tour/.
+  --usb      on the real USB bus
+  --help     this text
+TEXT
+}
+
+bus=simulated
+case "$#:${1-}" in
+0:) ;;
+1:--usb) bus=real ;;
+1:--help)
+    usage
+    exit
+    ;;
+*)
+    echo "run.sh: wrong arguments: $* (see ./run.sh --help)" >&2
+    exit 2
+    ;;
+esac
+
+has_display=true
+[ -n "${DISPLAY-}${WAYLAND_DISPLAY-}" ] || has_display=false
+if [ $bus = real ] && ! $has_display; then
+    echo "run.sh: --usb needs a display" >&2
+    exit 1
+fi
+
+source packaging/packages.sh
+if $has_display; then
+    install_missing "${BUILD_PACKAGES[@]}"
+else
+    install_missing "${BUILD_PACKAGES[@]}" "${HEADLESS_PACKAGES[@]}"
+fi
+build release
+
+tool=build/release/app/nubo-setting-tool
+simulator=build/release/simulator/nubo-camera-simulator
+if [ $bus = real ]; then
+    exec "$tool"
+elif ! $has_display; then
+    exec xvfb-run --auto-servernum --server-args '-screen 0 1280x1024x24' \
+        "$simulator" -- build/release/tour/nubo-tour build/tour
+elif [ -t 0 ]; then
+    exec "$simulator" --script /dev/stdin -- "$tool"
+else
+    exec "$simulator" -- "$tool"
+fi

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "simulator/CameraState.h"
+
+namespace nubo::simulator {
+
+/// One value of the camera that can be read and written by name, as text.
+struct CameraItem {
+    std::string_view name;
+    std::string_view explanation;
+    std::string (*get)(const CameraState& state);
+    /// False, and nothing changes, when the text is no such value.
+    bool (*set)(CameraState& state, std::string_view text);
+};
+
+/// All items, in the order in which they are listed.
+std::span<const CameraItem> cameraItems();
+
+/// The item of that name, or null.
+const CameraItem* cameraItem(std::string_view name);
+
+}  // namespace nubo::simulator

@@ -1,0 +1,271 @@
+// SPDX-License-Identifier: MIT
+#include "simulator/DeviceNode.h"
+
+#include <linux/usbdevice_fs.h>
+#include <sys/ioctl.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cstddef>
+#include <cstring>
+#include <optional>
+#include <utility>
+
+namespace nubo::simulator {
+
+namespace {
+
+constexpr std::uint32_t kCapabilities = USBDEVFS_CAP_ZERO_PACKET | USBDEVFS_CAP_NO_PACKET_SIZE_LIM |
+                                        USBDEVFS_CAP_BULK_SCATTER_GATHER |
+                                        USBDEVFS_CAP_REAP_AFTER_DISCONNECT;
+
+/// The memory that a pointer in `data` leads to, mapped so that changes go back to the client; null
+/// when the client's memory cannot be read.
+GObjectPtr<UMockdevIoctlData> pointedTo(UMockdevIoctlData* data, std::size_t size,
+                                        std::size_t offset = 0) {
+    return GObjectPtr<UMockdevIoctlData>(umockdev_ioctl_data_resolve(data, offset, size, nullptr));
+}
+
+std::optional<int> interfaceNumber(UMockdevIoctlData* argument) {
+    unsigned number = 0;
+    const auto data = pointedTo(argument, sizeof(number));
+    if (!data) {
+        return std::nullopt;
+    }
+    std::memcpy(&number, data->data, sizeof(number));
+    return static_cast<int>(number);
+}
+
+using Owner = std::shared_ptr<DeviceNode>;
+
+}  // namespace
+
+DeviceNode::DeviceNode(std::shared_ptr<DeviceRecord> record, DeviceHooks hooks)
+    : m_record(std::move(record)),
+      m_hooks(std::move(hooks)),
+      m_transfers(m_record) {}
+
+GObjectPtr<UMockdevIoctlBase> DeviceNode::makeHandler() {
+    using Handler = gboolean (*)(UMockdevIoctlBase*, UMockdevIoctlClient*, gpointer);
+    using Notice = void (*)(UMockdevIoctlBase*, UMockdevIoctlClient*, gpointer);
+    const Handler onIoctl = [](UMockdevIoctlBase*, UMockdevIoctlClient* client,
+                               gpointer owner) -> gboolean {
+        (*static_cast<Owner*>(owner))->handle(client);
+        return TRUE;
+    };
+    const Notice onConnected = [](UMockdevIoctlBase*, UMockdevIoctlClient* client, gpointer owner) {
+        (*static_cast<Owner*>(owner))->clientConnected(client);
+    };
+    const std::array connections = {
+        std::pair{"handle-ioctl", reinterpret_cast<GCallback>(onIoctl)},
+        std::pair{"client-connected", reinterpret_cast<GCallback>(onConnected)},
+    };
+    const GClosureNotify release = [](gpointer owner, GClosure*) {
+        delete static_cast<Owner*>(owner);
+    };
+    GObjectPtr<UMockdevIoctlBase> handler(umockdev_ioctl_base_new());
+    for (const auto& [signal, callback] : connections) {
+        g_signal_connect_data(handler.get(), signal, callback, new Owner(shared_from_this()),
+                              release, GConnectFlags{});
+    }
+    return handler;
+}
+
+void DeviceNode::leave() {
+    if (m_gone) {
+        return;
+    }
+    m_gone = true;
+    m_transfers.finishAll(-ESHUTDOWN);
+    m_record->device->unplugged();
+}
+
+void DeviceNode::handle(UMockdevIoctlClient* client) {
+    Reply reply;
+    {
+        const std::lock_guard lock(m_hooks.mutex);
+        reply = dispatch(client);
+    }
+    m_hooks.changed.notify_all();
+    umockdev_ioctl_client_complete(client, reply.result, reply.error);
+}
+
+DeviceNode::Reply DeviceNode::dispatch(UMockdevIoctlClient* client) {
+    // clang-format off
+    static constexpr std::array kHandlers = {
+        RequestHandler{USBDEVFS_REAPURBNDELAY,    true,  &DeviceNode::reapUrb},
+        RequestHandler{USBDEVFS_SUBMITURB,        false, &DeviceNode::submitUrb},
+        RequestHandler{USBDEVFS_DISCARDURB,       false, &DeviceNode::discardUrb},
+        RequestHandler{USBDEVFS_GET_CAPABILITIES, false, &DeviceNode::getCapabilities},
+        RequestHandler{USBDEVFS_GETDRIVER,        false, &DeviceNode::getDriver},
+        RequestHandler{USBDEVFS_CLAIMINTERFACE,   false, &DeviceNode::claimInterface},
+        RequestHandler{USBDEVFS_RELEASEINTERFACE, false, &DeviceNode::releaseInterface},
+        RequestHandler{USBDEVFS_SETINTERFACE,     false, &DeviceNode::acceptSilently},
+        RequestHandler{USBDEVFS_CLEAR_HALT,       false, &DeviceNode::acceptSilently},
+        RequestHandler{USBDEVFS_RESET,            false, &DeviceNode::acceptSilently},
+    };
+    // clang-format on
+    const unsigned long request = umockdev_ioctl_client_get_request(client);
+    const auto row = std::ranges::find(kHandlers, request, &RequestHandler::request);
+    if (row == kHandlers.end()) {
+        return failure(ENOTTY);
+    }
+    if (m_gone && !row->worksWhenGone) {
+        return failure(ENODEV);
+    }
+    return (this->*row->handle)(client, umockdev_ioctl_client_get_arg(client));
+}
+
+DeviceNode::Reply DeviceNode::getCapabilities(UMockdevIoctlClient*, UMockdevIoctlData* argument) {
+    const auto capabilities = pointedTo(argument, sizeof(kCapabilities));
+    if (!capabilities) {
+        return failure(EFAULT);
+    }
+    std::memcpy(capabilities->data, &kCapabilities, sizeof(kCapabilities));
+    return {};
+}
+
+DeviceNode::Reply DeviceNode::getDriver(UMockdevIoctlClient*, UMockdevIoctlData*) {
+    return failure(ENODATA);
+}
+
+DeviceNode::Reply DeviceNode::acceptSilently(UMockdevIoctlClient*, UMockdevIoctlData*) {
+    return {};
+}
+
+DeviceNode::Reply DeviceNode::claimInterface(UMockdevIoctlClient* client,
+                                             UMockdevIoctlData* argument) {
+    const std::optional<int> number = interfaceNumber(argument);
+    const auto& interfaces = m_record->options.description.interfaces;
+    if (!number || *number < 0 || static_cast<std::size_t>(*number) >= interfaces.size()) {
+        return failure(ENOENT);
+    }
+    const bool taken = std::ranges::any_of(m_claims, [&](const auto& other) {
+        return other.first != client && other.second.contains(*number);
+    });
+    if (taken || m_record->options.busyInterfaces.contains(*number)) {
+        m_record->log.refusedClaims.push_back(*number);
+        return failure(EBUSY);
+    }
+    m_claims[client].insert(*number);
+    m_record->log.claims.push_back(*number);
+    return {};
+}
+
+DeviceNode::Reply DeviceNode::releaseInterface(UMockdevIoctlClient* client,
+                                               UMockdevIoctlData* argument) {
+    const std::optional<int> number = interfaceNumber(argument);
+    if (!number || m_claims[client].erase(*number) == 0) {
+        return failure(EINVAL);
+    }
+    m_record->log.releases.push_back(*number);
+    return {};
+}
+
+DeviceNode::Reply DeviceNode::submitUrb(UMockdevIoctlClient* client, UMockdevIoctlData* argument) {
+    Transfer transfer;
+    transfer.client = client;
+    transfer.urb = pointedTo(argument, sizeof(usbdevfs_urb));
+    if (!transfer.urb) {
+        return failure(EFAULT);
+    }
+    const usbdevfs_urb& urb = transfer.header();
+    if (urb.type == USBDEVFS_URB_TYPE_CONTROL) {
+        m_transfers.finish(std::move(transfer), -EPIPE);
+        return {};
+    }
+    const EndpointDescription* const endpoint = claimedEndpoint(client, urb.endpoint);
+    if (endpoint == nullptr) {
+        return failure(ENOENT);
+    }
+    if (urb.type != USBDEVFS_URB_TYPE_BULK || urb.buffer_length < 0) {
+        return failure(EINVAL);
+    }
+    transfer.packetSize = endpoint->maxPacketSize;
+    if (urb.buffer_length > 0) {
+        transfer.buffer = pointedTo(transfer.urb.get(), static_cast<std::size_t>(urb.buffer_length),
+                                    offsetof(usbdevfs_urb, buffer));
+        if (!transfer.buffer) {
+            return failure(EFAULT);
+        }
+    }
+    const TransferQueue::Outcome outcome = m_transfers.submit(std::move(transfer));
+    if (outcome.deviceLeft) {
+        leave();
+        m_hooks.leaveBus();
+    }
+    return outcome.error == 0 ? Reply{} : failure(outcome.error);
+}
+
+DeviceNode::Reply DeviceNode::discardUrb(UMockdevIoctlClient* client, UMockdevIoctlData* argument) {
+    unsigned long address = 0;
+    std::memcpy(&address, argument->data, sizeof(address));
+    return m_transfers.discard(client, address) ? Reply{} : failure(EINVAL);
+}
+
+DeviceNode::Reply DeviceNode::reapUrb(UMockdevIoctlClient* client, UMockdevIoctlData* argument) {
+    if (!m_gone) {
+        m_transfers.serve();
+    }
+    const std::optional<Transfer> transfer = m_transfers.reap(client);
+    if (!transfer) {
+        return failure(m_gone ? ENODEV : EAGAIN);
+    }
+    const auto slot = pointedTo(argument, sizeof(void*));
+    if (!slot) {
+        return failure(EFAULT);
+    }
+    umockdev_ioctl_data_set_ptr(slot.get(), 0, transfer->urb.get());
+    if (!m_gone && transfer->isIn() && m_record->device->wantsRestart()) {
+        m_hooks.restart();
+    }
+    return {};
+}
+
+void DeviceNode::clientConnected(UMockdevIoctlClient* client) {
+    {
+        const std::lock_guard lock(m_hooks.mutex);
+        m_claims[client] = {};
+        ++m_record->log.openHandles;
+        ++m_record->log.timesOpened;
+    }
+    m_hooks.changed.notify_all();
+    // The signal "client-vanished" is never sent, but the object goes with the client's handle.
+    const GWeakNotify onVanished = [](gpointer owner, GObject* where) {
+        const std::unique_ptr<Owner> self(static_cast<Owner*>(owner));
+        (*self)->clientVanished(reinterpret_cast<UMockdevIoctlClient*>(where));
+    };
+    g_object_weak_ref(G_OBJECT(client), onVanished, new Owner(shared_from_this()));
+}
+
+void DeviceNode::clientVanished(UMockdevIoctlClient* client) {
+    {
+        const std::lock_guard lock(m_hooks.mutex);
+        m_claims.erase(client);
+        m_transfers.forget(client);
+        --m_record->log.openHandles;
+    }
+    m_hooks.changed.notify_all();
+}
+
+const EndpointDescription* DeviceNode::claimedEndpoint(UMockdevIoctlClient* client,
+                                                       std::uint8_t address) const {
+    const auto claims = m_claims.find(client);
+    if (claims == m_claims.end()) {
+        return nullptr;
+    }
+    for (const int number : claims->second) {
+        const auto& interfaces = m_record->options.description.interfaces;
+        for (const auto& setting : interfaces[static_cast<std::size_t>(number)].alternates) {
+            const auto endpoint =
+                std::ranges::find(setting.endpoints, address, &EndpointDescription::address);
+            if (endpoint != setting.endpoints.end()) {
+                return &*endpoint;
+            }
+        }
+    }
+    return nullptr;
+}
+
+}  // namespace nubo::simulator

@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <memory>
+
+#include "simulator/DeviceLog.h"
+#include "simulator/DeviceOptions.h"
+#include "simulator/Fault.h"
+#include "simulator/VirtualDevice.h"
+
+namespace nubo::simulator {
+
+/// What outlives one plugging-in: the device, and what is set and logged for it. Guarded by the
+/// mutex of the bus.
+struct DeviceRecord {
+    std::shared_ptr<VirtualDevice> device;
+    DeviceOptions options;
+    FaultPlan faults;
+    DeviceLog log;
+};
+
+}  // namespace nubo::simulator

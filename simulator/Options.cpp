@@ -1,0 +1,116 @@
+// SPDX-License-Identifier: MIT
+#include "simulator/Options.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+#include "simulator/ControlLine.h"
+#include "simulator/Words.h"
+
+namespace nubo::simulator {
+
+namespace {
+
+constexpr int kMostCameras = 100;
+constexpr int kLongestRestart = 3'600'000;
+
+struct Option {
+    std::string_view name;
+    std::string_view value;  ///< what stands after it; empty when nothing does
+    std::string_view explanation;
+    /// False when `value` is none.
+    bool (*apply)(Options& options, const std::string& value);
+};
+
+bool readNumber(std::string_view text, int least, int most, int& number) {
+    const auto parsed = parseNumber<int>(text);
+    if (!parsed || *parsed < least || *parsed > most) {
+        return false;
+    }
+    number = *parsed;
+    return true;
+}
+
+constexpr std::array kOptions = {
+    Option{"--cameras", "N", "number of cameras, 1 to 100 (1 when left out)",
+           [](Options& options, const std::string& value) {
+               return readNumber(value, 1, kMostCameras, options.cameras);
+           }},
+    Option{"--unplugged", "", "starts with no camera plugged in",
+           [](Options& options, const std::string&) { return options.unplugged = true; }},
+    Option{"--control", "PATH", "takes control lines from a Unix socket",
+           [](Options& options, const std::string& value) {
+               options.control = value;
+               return !value.empty();
+           }},
+    Option{"--script", "FILE", "takes control lines from a file; answers go to standard error",
+           [](Options& options, const std::string& value) {
+               options.script = value;
+               return !value.empty();
+           }},
+    Option{"--restart-delay", "MS", "how long a restarting camera is off the bus (1000)",
+           [](Options& options, const std::string& value) {
+               int milliseconds = 0;
+               const bool valid = readNumber(value, 0, kLongestRestart, milliseconds);
+               options.restartDelay = std::chrono::milliseconds(milliseconds);
+               return valid;
+           }},
+    Option{"--help", "", "shows this text",
+           [](Options& options, const std::string&) { return options.help = true; }},
+};
+
+std::string quoted(const std::string& text) {
+    return "\"" + text + "\"";
+}
+
+}  // namespace
+
+std::string parseOptions(std::span<const std::string> arguments, Options& options) {
+    auto next = arguments.begin();
+    while (next != arguments.end() && next->starts_with("-") && *next != "--") {
+        const std::string& name = *next++;
+        const auto option = std::ranges::find(kOptions, name, &Option::name);
+        if (option == kOptions.end()) {
+            return "no option " + quoted(name) + ", try --help";
+        }
+        std::string value;
+        if (!option->value.empty()) {
+            if (next == arguments.end()) {
+                return name + " needs a value";
+            }
+            value = *next++;
+        }
+        if (!option->apply(options, value)) {
+            return "no value for " + name + ": " + quoted(value);
+        }
+    }
+    if (next != arguments.end() && *next == "--") {
+        ++next;
+    }
+    options.command.assign(next, arguments.end());
+    if (options.command.empty() && !options.help) {
+        return "no command to run, try --help";
+    }
+    return {};
+}
+
+std::string optionHelp() {
+    constexpr std::size_t kLeftWidth = 20;
+    std::string text =
+        "Usage: nubo-camera-simulator [options] -- COMMAND...\n"
+        "\n"
+        "Runs COMMAND on a machine whose USB bus holds simulated cameras, and ends with its exit\n"
+        "code (127 when it cannot be run, 128 and the signal when a signal ended it).\n"
+        "\n"
+        "Options:\n";
+    for (const Option& option : kOptions) {
+        std::string left(option.name);
+        left += option.value.empty() ? "" : " " + std::string(option.value);
+        left.resize(std::max(left.size(), kLeftWidth), ' ');
+        text += "  " + left + std::string(option.explanation) + "\n";
+    }
+    return text + "\n" + controlLineHelp();
+}
+
+}  // namespace nubo::simulator

@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <linux/usbdevice_fs.h>
+#include <umockdev.h>
+
+#include <chrono>
+#include <cstddef>
+#include <cstdint>
+#include <deque>
+#include <list>
+#include <map>
+#include <memory>
+#include <optional>
+#include <span>
+#include <vector>
+
+#include "simulator/DeviceRecord.h"
+#include "simulator/Fault.h"
+#include "simulator/GObjectPtr.h"
+
+namespace nubo::simulator {
+
+/// One request of the host to move bytes, from its submission until the host reaps it.
+struct Transfer {
+    using Clock = std::chrono::steady_clock;
+
+    GObjectPtr<UMockdevIoctlData> urb;     ///< a usbdevfs_urb in the client's memory
+    GObjectPtr<UMockdevIoctlData> buffer;  ///< null for a transfer of no bytes
+    UMockdevIoctlClient* client = nullptr;
+    std::size_t packetSize = 0;  ///< of the endpoint, in bytes
+    bool held = false;           ///< never served
+    bool lost = false;           ///< served without the device hearing of it
+    Clock::time_point notBefore{};
+    std::vector<Fault> rewrites{};
+
+    usbdevfs_urb& header() const { return *reinterpret_cast<usbdevfs_urb*>(urb->data); }
+    std::span<std::uint8_t> bytes() const;
+    bool isIn() const { return (header().endpoint & kInDirection) != 0; }
+
+    static constexpr std::uint8_t kInDirection = 0x80;
+};
+
+/// The transfers of one device node. A transfer is pending until it is served, struck by a fault or
+/// given up, then finished until its client reaps it. Not locked: the node holds the bus's mutex.
+class TransferQueue {
+public:
+    /// What became of a submission.
+    struct Outcome {
+        int error = 0;            ///< errno; 0 when the transfer is accepted
+        bool deviceLeft = false;  ///< the device leaves the bus at this moment
+    };
+
+    explicit TransferQueue(std::shared_ptr<DeviceRecord> record) : m_record(std::move(record)) {}
+
+    Outcome submit(Transfer transfer);
+
+    /// Serves whatever can be served now.
+    void serve();
+
+    /// Ends a transfer that the device does not hear of.
+    void finish(Transfer transfer, int status, std::size_t moved = 0);
+
+    /// Ends every pending transfer with `status`.
+    void finishAll(int status);
+
+    /// Ends the client's pending transfer whose usbdevfs_urb lies at `address` in the client's
+    /// memory, with -ENOENT; false when there is none.
+    bool discard(UMockdevIoctlClient* client, unsigned long address);
+
+    /// The client's oldest finished transfer.
+    std::optional<Transfer> reap(UMockdevIoctlClient* client);
+
+    /// Drops all transfers of a client that has closed its handle.
+    void forget(UMockdevIoctlClient* client);
+
+private:
+    using Position = std::list<Transfer>::iterator;
+
+    std::vector<Fault> faultsFor(Transfer& transfer);
+    void armForAnswer(Transfer& command);
+    bool serveOne(Position position);
+    void serveOut(Position position);
+    bool serveIn(Position position);
+    void deliver(Transfer transfer, std::vector<std::uint8_t> packet);
+    std::optional<std::vector<std::uint8_t>> nextPacket();
+    Transfer take(Position position);
+
+    std::shared_ptr<DeviceRecord> m_record;
+    std::list<Transfer> m_pending;
+    std::map<UMockdevIoctlClient*, std::deque<Transfer>> m_finished;
+    std::vector<std::uint8_t> m_unsent;  ///< what the last IN transfer had no room for
+    std::vector<Fault> m_armed;          ///< faults for the next packet to the host
+};
+
+}  // namespace nubo::simulator

@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: MIT
+#include "simulator/UsbDescriptors.h"
+
+#include <cstddef>
+
+#include "simulator/Wire.h"
+
+namespace nubo::simulator {
+
+namespace {
+
+using Bytes = std::vector<std::uint8_t>;
+
+constexpr std::uint8_t kConfigurationLength = 9;
+constexpr std::uint8_t kBusPowered = 0x80;
+constexpr std::uint8_t k500mA = 250;
+
+std::uint8_t count(std::size_t number) {
+    return static_cast<std::uint8_t>(number);
+}
+
+void append(Bytes& target, const Bytes& more) {
+    target.insert(target.end(), more.begin(), more.end());
+}
+
+Bytes encodeEndpoint(const EndpointDescription& endpoint) {
+    Bytes bytes = {7, 5, endpoint.address, endpoint.attributes};
+    appendU16(bytes, endpoint.maxPacketSize);
+    bytes.push_back(endpoint.interval);
+    append(bytes, endpoint.extra);
+    return bytes;
+}
+
+Bytes encodeInterface(const InterfaceDescription& interface, std::uint8_t number) {
+    Bytes bytes;
+    std::uint8_t alternate = 0;
+    for (const AlternateSetting& setting : interface.alternates) {
+        append(bytes,
+               {9, 4, number, alternate++, count(setting.endpoints.size()), setting.interfaceClass,
+                setting.interfaceSubClass, setting.interfaceProtocol, 0});
+        append(bytes, setting.extra);
+        for (const EndpointDescription& endpoint : setting.endpoints) {
+            append(bytes, encodeEndpoint(endpoint));
+        }
+    }
+    return bytes;
+}
+
+}  // namespace
+
+InterfaceDescription DeviceDescription::cameraInterface() {
+    return {{AlternateSetting{{EndpointDescription{0x81}, EndpointDescription{0x02}}}}};
+}
+
+std::vector<std::uint8_t> encodeDescriptors(const DeviceDescription& description) {
+    Bytes bytes = {18, 1, 0x00, 0x02, 0, 0, 0, 64};
+    appendU16(bytes, description.vendorId);
+    appendU16(bytes, description.productId);
+    appendU16(bytes, description.release);
+    append(bytes, {0, 0, 0, static_cast<std::uint8_t>(description.configurationCount)});
+
+    Bytes interfaces;
+    std::uint8_t number = 0;
+    for (const InterfaceDescription& interface : description.interfaces) {
+        append(interfaces, encodeInterface(interface, number++));
+    }
+    for (int index = 0; index < description.configurationCount; ++index) {
+        append(bytes, {kConfigurationLength, 2});
+        appendU16(bytes, static_cast<std::uint16_t>(kConfigurationLength + interfaces.size()));
+        append(bytes, {number, static_cast<std::uint8_t>(index + 1), 0, kBusPowered, k500mA});
+        append(bytes, interfaces);
+    }
+    return bytes;
+}
+
+}  // namespace nubo::simulator

@@ -1,0 +1,170 @@
+// SPDX-License-Identifier: MIT
+#include <poll.h>
+#include <sys/signalfd.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <chrono>
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "simulator/ChildProcess.h"
+#include "simulator/ControlLine.h"
+#include "simulator/ControlSocket.h"
+#include "simulator/FileDescriptor.h"
+#include "simulator/Options.h"
+#include "simulator/Script.h"
+#include "simulator/VirtualCamera.h"
+#include "simulator/VirtualUsbBus.h"
+
+namespace nubo::simulator {
+
+namespace {
+
+constexpr int kWrongUse = 2;
+constexpr int kCannotRun = 127;
+constexpr const char* kPreloadedLibrary = "libumockdev-preload.so.0";
+/// A child that has been asked to end is killed after this time.
+constexpr std::chrono::seconds kPatience{5};
+
+int fail(int exitCode, const std::string& what) {
+    std::fprintf(stderr, "nubo-camera-simulator: %s\n", what.c_str());
+    return exitCode;
+}
+
+/// Starts this program anew with the preloaded library; returns only when that is impossible.
+int startPreloaded(char** arguments) {
+    const char* const preloaded = std::getenv("LD_PRELOAD");
+    if (preloaded != nullptr && std::strstr(preloaded, kPreloadedLibrary) != nullptr) {
+        return fail(kCannotRun, std::string(kPreloadedLibrary) + " cannot be loaded");
+    }
+    std::string list = kPreloadedLibrary;
+    if (preloaded != nullptr && *preloaded != '\0') {
+        list += std::string(":") + preloaded;
+    }
+    setenv("LD_PRELOAD", list.c_str(), 1);
+    ::execv("/proc/self/exe", arguments);
+    return fail(kCannotRun, std::string("cannot start anew: ") + std::strerror(errno));
+}
+
+/// Turns the signals that the program watches for into a file; they are blocked in every thread
+/// that is started from now on.
+FileDescriptor watchSignals() {
+    sigset_t watched;
+    sigemptyset(&watched);
+    for (const int number : {SIGCHLD, SIGINT, SIGTERM, SIGHUP}) {
+        sigaddset(&watched, number);
+    }
+    pthread_sigmask(SIG_BLOCK, &watched, nullptr);
+    return FileDescriptor(::signalfd(-1, &watched, SFD_CLOEXEC | SFD_NONBLOCK));
+}
+
+/// True when the user or the system has asked the program to end.
+bool askedToEnd(const FileDescriptor& signals) {
+    bool asked = false;
+    signalfd_siginfo signal{};
+    while (::read(signals.number(), &signal, sizeof(signal)) == sizeof(signal)) {
+        asked = asked || signal.ssi_signo != SIGCHLD;
+    }
+    return asked;
+}
+
+/// Milliseconds from now until the earlier of the two times, as poll() takes them; -1 for never.
+int untilFirst(std::optional<Script::Clock::time_point> first,
+               std::optional<Script::Clock::time_point> second) {
+    if (!first || (second && *second < *first)) {
+        first = second;
+    }
+    if (!first) {
+        return -1;
+    }
+    const auto left = std::chrono::ceil<std::chrono::milliseconds>(*first - Script::Clock::now());
+    return static_cast<int>(std::max<std::chrono::milliseconds::rep>(left.count(), 0));
+}
+
+/// Serves script, socket and signals until the child has ended; its exit code.
+int serveUntilEnd(ChildProcess& child, const FileDescriptor& signals, ControlTarget& target,
+                  ControlSocket& socket, Script& script) {
+    const auto runLine = [&](std::string_view line) { return runControlLine(target, line); };
+    std::optional<Script::Clock::time_point> killTime;
+    while (true) {
+        const auto scriptTime = script.run(runLine);
+        std::vector<pollfd> waiting = {{signals.number(), POLLIN, 0}};
+        socket.appendTo(waiting);
+        ::poll(waiting.data(), waiting.size(), untilFirst(scriptTime, killTime));
+        if (askedToEnd(signals) && !killTime) {
+            child.signal(SIGTERM);
+            killTime = Script::Clock::now() + kPatience;
+        }
+        if (killTime && *killTime <= Script::Clock::now()) {
+            child.signal(SIGKILL);
+            killTime = std::nullopt;
+        }
+        if (const auto exitCode = child.exitCode()) {
+            return *exitCode;
+        }
+        socket.serve(runLine);
+    }
+}
+
+int run(const Options& options) {
+    Script script;
+    if (!options.script.empty() && !script.load(options.script)) {
+        return fail(kWrongUse, options.script + ": " + std::strerror(errno));
+    }
+    const FileDescriptor signals = watchSignals();
+    VirtualUsbBus bus;
+    ControlTarget target{bus, {}};
+    DeviceOptions device;
+    device.restartDelay = options.restartDelay;
+    for (int i = 0; i < options.cameras; ++i) {
+        target.cameras.push_back({std::make_shared<VirtualCamera>(), DeviceId{}, device});
+        const std::string failure =
+            options.unplugged ? "" : plugCamera(target, target.cameras.size() - 1);
+        if (!failure.empty()) {
+            return fail(kCannotRun, failure);
+        }
+    }
+    ControlSocket socket;
+    if (!options.control.empty()) {
+        const std::string failure = socket.listen(options.control);
+        if (!failure.empty()) {
+            return fail(kWrongUse, failure);
+        }
+    }
+    ChildProcess child;
+    const std::string failure = child.start(options.command);
+    if (!failure.empty()) {
+        return fail(kCannotRun, failure);
+    }
+    return serveUntilEnd(child, signals, target, socket, script);
+}
+
+}  // namespace
+
+}  // namespace nubo::simulator
+
+int main(int count, char** arguments) {
+    using namespace nubo::simulator;
+    Options options;
+    const std::vector<std::string> words(arguments + (count > 0 ? 1 : 0), arguments + count);
+    const std::string failure = parseOptions(words, options);
+    if (!failure.empty()) {
+        return fail(kWrongUse, failure);
+    }
+    if (options.help) {
+        std::fputs(optionHelp().c_str(), stdout);
+        return EXIT_SUCCESS;
+    }
+    if (!VirtualUsbBus::isAvailable()) {
+        return startPreloaded(arguments);
+    }
+    return run(options);
+}

@@ -1,0 +1,110 @@
+// SPDX-License-Identifier: MIT
+//
+// The program with somebody before it who writes down what there is to see, one "what: text" a line,
+// and closes what has opened. The exit code is the program's.
+//
+//   --without-catalogue  the application's pictures and catalogues are missing
+//   --exit-code N        ends the event loop with N instead of closing the window
+//   --stay               leaves the window open until standard input ends
+#include "app/ClMainWidget.h"
+#include "app/Startup.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QLocale>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QSocketNotifier>
+#include <QTimer>
+
+#include <unistd.h>
+
+#include <cstdio>
+
+// A resource is unregistered from outside any namespace.
+static void dropCatalogue() { Q_CLEANUP_RESOURCE(main); }
+
+namespace {
+
+constexpr int LOOK_INTERVAL_MS = 5;
+
+void say(const char* what, const QString& text)
+{
+    std::printf("%s: %s\n", what, qUtf8Printable(text));
+    std::fflush(stdout);
+}
+
+void sayCommon()
+{
+    say("locale", QLocale::languageToString(QLocale().language()));
+    say("country", QCoreApplication::translate("QObject", "Japan"));
+    say("label pixels", QString::number(QLabel().font().pixelSize()));
+    say("line edit pixels", QString::number(QLineEdit().font().pixelSize()));
+}
+
+/// The main window, visible or not.
+ClMainWidget* mainWindow()
+{
+    for (QWidget* widget : QApplication::topLevelWidgets()) {
+        if (auto* window = qobject_cast<ClMainWidget*>(widget)) {
+            return window;
+        }
+    }
+    return nullptr;
+}
+
+void answerBox(QMessageBox& box)
+{
+    say("box title", box.windowTitle());
+    say("box text", box.text());
+    say("window beside the box", mainWindow() == nullptr ? QStringLiteral("no")
+                                                         : QStringLiteral("yes"));
+    sayCommon();
+    box.button(QMessageBox::Ok)->click();
+}
+
+void answerWindow(ClMainWidget& window)
+{
+    sayCommon();
+    const QStringList arguments = QCoreApplication::arguments();
+    if (arguments.contains(QLatin1String("--stay"))) {
+        auto* inputEnd = new QSocketNotifier(STDIN_FILENO, QSocketNotifier::Read, &window);
+        QObject::connect(inputEnd, &QSocketNotifier::activated, &window, &QWidget::close);
+    } else if (const auto option = arguments.indexOf(QLatin1String("--exit-code")); option >= 0) {
+        QCoreApplication::exit(arguments.value(option + 1).toInt());
+    } else {
+        window.close();
+    }
+    // Last, since whoever reads this line knows that everything has been said.
+    say("window title", window.windowTitle());
+}
+
+void look(QTimer& timer)
+{
+    if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+        answerBox(*box);
+    } else if (ClMainWidget* window = mainWindow(); window != nullptr && window->isVisible()) {
+        timer.stop();
+        answerWindow(*window);
+    }
+}
+
+void startLooking()
+{
+    auto* timer = new QTimer(QCoreApplication::instance());
+    QObject::connect(timer, &QTimer::timeout, timer, [timer] { look(*timer); });
+    timer->start(LOOK_INTERVAL_MS);
+}
+
+}  // namespace
+
+Q_COREAPP_STARTUP_FUNCTION(startLooking)
+
+int main(int argc, char** argv)
+{
+    if (argc > 1 && qstrcmp(argv[1], "--without-catalogue") == 0) {
+        dropCatalogue();
+    }
+    return runSettingTool(argc, argv);
+}

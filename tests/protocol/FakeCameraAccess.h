@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "protocol/ClCameraAccess.h"
+#include "protocol/ClNuboTransactions.h"
+#include "protocol/ResultCodes.h"
+#include "tests/support/ScriptedPort.h"
+
+#include <QList>
+
+/// The USB side with one live camera, which talks as scripted. Messages are collected.
+class FakeCameraAccess : public ClCameraAccess {
+public:
+    explicit FakeCameraAccess(const Script& script) : m_port(script) {}
+
+    /// The live camera, as requests name it: only the address counts, nobody looks behind it.
+    [[nodiscard]] void* camera() { return &m_port; }
+    [[nodiscard]] const ScriptedPort& port() const { return m_port; }
+    [[nodiscard]] const QList<VX_CMD>& messages() const { return m_messages; }
+
+    unsigned short execNuboCommand(ClNuboCommand& command, ClUsbController* controller,
+                                   int timeoutMs) override {
+        return isLive(controller) ? m_transactions.command(command, timeoutMs) : USB_NO_DEVICE;
+    }
+    unsigned short execNuboDataWrite(ClNuboCommand& command, ClNuboCommandDataSend& data,
+                                     ClUsbController* controller) override {
+        return isLive(controller) ? m_transactions.dataWrite(command, data) : USB_NO_DEVICE;
+    }
+    unsigned short execNuboDataRead(ClNuboCommand& command, ClNuboCommandDataReceive& data,
+                                    ClUsbController* controller) override {
+        return isLive(controller) ? m_transactions.dataRead(command, data) : USB_NO_DEVICE;
+    }
+    unsigned short execNuboGetWifiInfo(ClUsbController* controller, stWifiInfo* info) override {
+        return isLive(controller) ? m_transactions.wifiInfo(*info) : USB_ERROR_BAD_PARAM;
+    }
+    unsigned short execNuboGetAccesspointList(ClUsbController* controller,
+                                              QList<stAccesspointInfo>* list) override {
+        return isLive(controller) ? m_transactions.accesspointList(*list) : USB_ERROR_BAD_PARAM;
+    }
+    void sendMessage(const VX_CMD& message) override { m_messages.append(message); }
+    void sendCommunicationResult(void* controller, QUuid command, unsigned short result) override {
+        m_messages.append(communicationResult(controller, command, result));
+    }
+
+private:
+    [[nodiscard]] bool isLive(const void* controller) const { return controller == &m_port; }
+
+    ScriptedPort m_port;
+    ClNuboTransactions m_transactions{m_port, m_port.stop()};
+    QList<VX_CMD> m_messages;
+};

@@ -1,0 +1,144 @@
+// SPDX-License-Identifier: MIT
+#include "protocol/CommandIdentifiers.h"
+#include "tests/protocol/IdentifierNames.h"
+
+#include <QSet>
+#include <QTest>
+
+/// The table of command identifiers.
+class IdentifiersTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void thereAre176OfThem();
+    void noTwoAreEqual();
+    void allAreRandomUuids();
+    void namesStandInOrder();
+    void everyIdentifierIsFoundByItsName();
+    void theWifiSwitchHasTwoIdentifiersOfOneName();
+    void constantsAndTableAgree_data();
+    void constantsAndTableAgree();
+    void valuesNeverChange_data();
+    void valuesNeverChange();
+    void unknownIdentifiersAreNamedByTheirText_data();
+    void unknownIdentifiersAreNamedByTheirText();
+};
+
+void IdentifiersTest::thereAre176OfThem() {
+    QCOMPARE(commandIdentifiers().size(), std::size_t{176});
+    QCOMPARE(IDENTIFIER_NAMES.size(), std::size_t{176});
+}
+
+void IdentifiersTest::noTwoAreEqual() {
+    QSet<QUuid> seen;
+    for (const stCommandIdentifier& identifier : commandIdentifiers()) {
+        QVERIFY2(!seen.contains(identifier.uuid), identifier.name);
+        seen.insert(identifier.uuid);
+    }
+}
+
+void IdentifiersTest::allAreRandomUuids() {
+    for (const stCommandIdentifier& identifier : commandIdentifiers()) {
+        QVERIFY2(identifier.uuid.variant() == QUuid::DCE, identifier.name);
+        QVERIFY2(identifier.uuid.version() == QUuid::Random, identifier.name);
+    }
+}
+
+void IdentifiersTest::namesStandInOrder() {
+    QStringList names;
+    for (const stCommandIdentifier& identifier : commandIdentifiers()) {
+        names.append(QString::fromLatin1(identifier.name));
+    }
+    QStringList expected;
+    for (const char* name : IDENTIFIER_NAMES) {
+        expected.append(QString::fromLatin1(name));
+    }
+    QCOMPARE(names, expected);
+}
+
+void IdentifiersTest::everyIdentifierIsFoundByItsName() {
+    const auto identifiers = commandIdentifiers();
+    for (std::size_t row = 0; row < identifiers.size(); ++row) {
+        QCOMPARE(getUsbCommand(identifiers[row].uuid), QString::fromLatin1(IDENTIFIER_NAMES[row]));
+    }
+}
+
+void IdentifiersTest::theWifiSwitchHasTwoIdentifiersOfOneName() {
+    const QUuid request = WifiOnOffRequest::USB_RES_NUBO_CMD_GET_WIFI_ONOFF;
+    const QUuid answer = USB_RES_NUBO_CMD_GET_WIFI_ONOFF;
+    QVERIFY(request != answer);
+    QCOMPARE(getUsbCommand(request), QStringLiteral("USB_RES_NUBO_CMD_GET_WIFI_ONOFF"));
+    QCOMPARE(getUsbCommand(answer), QStringLiteral("USB_RES_NUBO_CMD_GET_WIFI_ONOFF"));
+
+    QList<QUuid> inTable;
+    for (const stCommandIdentifier& identifier : commandIdentifiers()) {
+        if (qstrcmp(identifier.name, "USB_RES_NUBO_CMD_GET_WIFI_ONOFF") == 0) {
+            inTable.append(identifier.uuid);
+        }
+    }
+    QCOMPARE(inTable, (QList<QUuid>{request, answer}));
+}
+
+void IdentifiersTest::constantsAndTableAgree_data() {
+    QTest::addColumn<QUuid>("constant");
+    const auto row = [](const char* name, const QUuid& constant) {
+        QTest::newRow(name) << constant;
+    };
+    row("USB_CMD_DESCRIPTOR_INFO", USB_CMD_DESCRIPTOR_INFO);
+    row("USB_CMD_ERROR", USB_CMD_ERROR);
+    row("USB_NUBO_CMD_RESPONSE", USB_NUBO_CMD_RESPONSE);
+    row("USB_REQ_NUBO_CMD_GET_WIFI_INFO", USB_REQ_NUBO_CMD_GET_WIFI_INFO);
+    row("USB_RES_NUBO_CMD_GET_WIFI_INFO", USB_RES_NUBO_CMD_GET_WIFI_INFO);
+    row("USB_NUBO_CMD_SET_WIFI_MODE", USB_NUBO_CMD_SET_WIFI_MODE);
+    row("USB_REQ_NUBO_CMD_IS_REC", USB_REQ_NUBO_CMD_IS_REC);
+    row("USB_NUBO_CMD_SET_IMAGE_QUARITY", USB_NUBO_CMD_SET_IMAGE_QUARITY);
+    row("USB_NUBO_CMD_INIT_SETTING", USB_NUBO_CMD_INIT_SETTING);
+    row("USB_NUBO_CMD_SET_ADJUSTFLAG", USB_NUBO_CMD_SET_ADJUSTFLAG);
+    row("USB_CMD_RES_AUDIO", USB_CMD_RES_AUDIO);
+    row("USB_NUBO_CMD_EXEC_FWUPDATE", USB_NUBO_CMD_EXEC_FWUPDATE);
+}
+
+void IdentifiersTest::constantsAndTableAgree() {
+    QFETCH(QUuid, constant);
+    QCOMPARE(getUsbCommand(constant), QString::fromLatin1(QTest::currentDataTag()));
+}
+
+void IdentifiersTest::valuesNeverChange_data() {
+    QTest::addColumn<QUuid>("constant");
+    QTest::addColumn<QString>("text");
+    const auto row = [](const QUuid& constant, const char* text) {
+        QTest::newRow(text) << constant << QString::fromLatin1(text);
+    };
+    row(USB_CMD_DESCRIPTOR_INFO, "{47eaa099-2cb6-416d-86dc-283cf0480ff9}");
+    row(USB_CMD_ERROR, "{9a1e40b4-5815-4a99-99e2-d15364c7a500}");
+    row(USB_NUBO_CMD_RESPONSE, "{68b4aef7-3eaa-4e17-9d8a-4eace693ae2d}");
+    row(WifiOnOffRequest::USB_RES_NUBO_CMD_GET_WIFI_ONOFF,
+        "{e0776f79-4505-45f3-b345-ea49da86430a}");
+    row(USB_RES_NUBO_CMD_GET_WIFI_ONOFF, "{72defbc6-89b4-4b2d-b586-b1ff50295142}");
+    row(USB_NUBO_CMD_EXEC_FWUPDATE, "{ac26a0b9-666d-4ce4-a768-2ddf665ab923}");
+}
+
+void IdentifiersTest::valuesNeverChange() {
+    QFETCH(QUuid, constant);
+    QFETCH(QString, text);
+    QCOMPARE(constant.toString(), text);
+}
+
+void IdentifiersTest::unknownIdentifiersAreNamedByTheirText_data() {
+    QTest::addColumn<QUuid>("unknown");
+    QTest::addColumn<QString>("name");
+    QTest::newRow("null") << QUuid()
+                          << QStringLiteral("Unknown:{00000000-0000-0000-0000-000000000000}");
+    QTest::newRow("foreign") << QUuid(0x01234567, 0x89ab, 0x4def, 0x81, 0x23, 0x45, 0x67, 0x89,
+                                      0xab, 0xcd, 0xef)
+                             << QStringLiteral("Unknown:{01234567-89ab-4def-8123-456789abcdef}");
+}
+
+void IdentifiersTest::unknownIdentifiersAreNamedByTheirText() {
+    QFETCH(QUuid, unknown);
+    QFETCH(QString, name);
+    QCOMPARE(getUsbCommand(unknown), name);
+}
+
+QTEST_GUILESS_MAIN(IdentifiersTest)
+#include "IdentifiersTest.moc"

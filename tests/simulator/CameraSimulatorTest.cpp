@@ -1,0 +1,420 @@
+// SPDX-License-Identifier: MIT
+#include <signal.h>
+#include <sys/socket.h>
+
+#include <QElapsedTimer>
+#include <QLocalSocket>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kPatience = 20000;
+
+QString program() {
+    return QStringLiteral(SIMULATOR_PROGRAM);
+}
+
+QStringList shell(const QString& line) {
+    return {u"--"_s, u"sh"_s, u"-c"_s, line};
+}
+
+/// What a run of the simulator has left behind.
+struct Run {
+    int exitCode = -1;
+    QByteArray output{};
+    QByteArray errors{};
+};
+
+Run runSimulator(const QStringList& arguments) {
+    QProcess process;
+    process.start(program(), arguments);
+    if (!process.waitForFinished(kPatience)) {
+        return {};
+    }
+    return {process.exitCode(), process.readAllStandardOutput(), process.readAllStandardError()};
+}
+
+}  // namespace
+
+/// Runs the program as a user does. Its command is a probe that asks the cameras by libusb.
+class CameraSimulatorTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void helpNamesEveryOptionLineItemAndFault();
+    void wrongArgumentIsAOneLineError_data();
+    void wrongArgumentIsAOneLineError();
+    void exitCodeIsThatOfTheCommand_data();
+    void exitCodeIsThatOfTheCommand();
+    void commandSeesTheCameras_data();
+    void commandSeesTheCameras();
+    void linesAreAnswered_data();
+    void linesAreAnswered();
+    void commandReadsWhatIsSet();
+    void cameraIsPluggedAndUnplugged();
+    void cameraRestarts();
+    void faultsStrikeTheCommand();
+    void camerasAreNamedByNumber();
+    void statusTellsWhatHappened();
+    void severalClientsAreServed();
+    void lineWithoutEndIsAnswered();
+    void endlessLineIsRefused();
+    void scriptRunsInOrderAndReports();
+    void missingScriptIsAnError();
+    void leftOverSocketIsReplacedAndOtherFilesAreKept();
+    void askedToEndItEndsItsCommandFirst_data();
+    void askedToEndItEndsItsCommandFirst();
+
+private:
+    void start(const QStringList& options = {});
+    QByteArray control(const QByteArray& line);
+    QByteArray probe(const QByteArray& line);
+    QString path(const QString& name) const { return m_folder->filePath(name); }
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+    std::unique_ptr<QProcess> m_process;
+    std::unique_ptr<QLocalSocket> m_control;
+};
+
+void CameraSimulatorTest::init() {
+    m_folder = std::make_unique<QTemporaryDir>();
+    m_process = std::make_unique<QProcess>();
+    m_control = std::make_unique<QLocalSocket>();
+}
+
+void CameraSimulatorTest::cleanup() {
+    m_control.reset();
+    m_process->closeWriteChannel();
+    if (m_process->state() != QProcess::NotRunning) {
+        QVERIFY(m_process->waitForFinished(kPatience));
+    }
+    m_process.reset();
+}
+
+/// Starts the simulator with the probe and connects to its control socket.
+void CameraSimulatorTest::start(const QStringList& options) {
+    const QString socket = path(u"c"_s);
+    m_process->start(program(), options + QStringList{u"--control"_s, socket, u"--"_s,
+                                                      QStringLiteral(PROBE_PROGRAM)});
+    const auto connects = [&] {
+        if (m_control->state() == QLocalSocket::UnconnectedState) {
+            m_control->connectToServer(socket);
+        }
+        return m_control->state() == QLocalSocket::ConnectedState;
+    };
+    QTRY_VERIFY_WITH_TIMEOUT(connects(), kPatience);
+}
+
+QByteArray CameraSimulatorTest::control(const QByteArray& line) {
+    m_control->write(line + '\n');
+    while (!m_control->canReadLine() && m_control->waitForReadyRead(kPatience)) {
+    }
+    return m_control->readLine().trimmed();
+}
+
+QByteArray CameraSimulatorTest::probe(const QByteArray& line) {
+    m_process->write(line + '\n');
+    while (!m_process->canReadLine() && m_process->waitForReadyRead(kPatience)) {
+    }
+    return m_process->readLine().trimmed();
+}
+
+void CameraSimulatorTest::helpNamesEveryOptionLineItemAndFault() {
+    const Run run = runSimulator({u"--help"_s});
+    QCOMPARE(run.exitCode, 0);
+    QCOMPARE(run.errors, QByteArray());
+    for (const char* const word : {"--cameras N",
+                                   "--unplugged",
+                                   "--control PATH",
+                                   "--script FILE",
+                                   "--restart-delay MS",
+                                   "plug [K]",
+                                   "unplug [K]",
+                                   "set ITEM VALUE",
+                                   "get ITEM",
+                                   "fault KIND",
+                                   "clear-faults",
+                                   "status",
+                                   "help",
+                                   "wait MS",
+                                   "battery",
+                                   "wifi-ssid",
+                                   "sd-filesystem",
+                                   "timeout",
+                                   "camera-error ARG",
+                                   "unplug-before"}) {
+        QVERIFY2(run.output.contains(word), word);
+    }
+}
+
+void CameraSimulatorTest::wrongArgumentIsAOneLineError_data() {
+    QTest::addColumn<QStringList>("arguments");
+    QTest::newRow("nothing") << QStringList();
+    QTest::newRow("no command") << QStringList{u"--cameras"_s, u"1"_s, u"--"_s};
+    QTest::newRow("unknown option") << QStringList{u"--camera"_s, u"--"_s, u"true"_s};
+    QTest::newRow("no number") << QStringList{u"--cameras"_s, u"many"_s, u"--"_s, u"true"_s};
+    QTest::newRow("no camera") << QStringList{u"--cameras"_s, u"0"_s, u"--"_s, u"true"_s};
+    QTest::newRow("value missing") << QStringList{u"--control"_s};
+    QTest::newRow("value empty") << QStringList{u"--script"_s, QString(), u"--"_s, u"true"_s};
+    QTest::newRow("negative delay")
+        << QStringList{u"--restart-delay"_s, u"-1"_s, u"--"_s, u"true"_s};
+    QTest::newRow("socket path too long")
+        << QStringList{u"--control"_s, QString(200, u'x'), u"--"_s, u"true"_s};
+    QTest::newRow("socket in no folder")
+        << QStringList{u"--control"_s, u"/nowhere/at/all"_s, u"--"_s, u"true"_s};
+}
+
+void CameraSimulatorTest::wrongArgumentIsAOneLineError() {
+    QFETCH(QStringList, arguments);
+    const Run run = runSimulator(arguments);
+    QCOMPARE(run.exitCode, 2);
+    QCOMPARE(run.output, QByteArray());
+    QVERIFY2(run.errors.startsWith("nubo-camera-simulator: "), run.errors.constData());
+    QCOMPARE(run.errors.count('\n'), 1);
+}
+
+void CameraSimulatorTest::exitCodeIsThatOfTheCommand_data() {
+    QTest::addColumn<QStringList>("command");
+    QTest::addColumn<int>("exitCode");
+    QTest::newRow("success") << shell(u"exit 0"_s) << 0;
+    QTest::newRow("failure") << shell(u"exit 42"_s) << 42;
+    QTest::newRow("without dashes") << QStringList{u"false"_s} << 1;
+    QTest::newRow("killed") << shell(u"kill -9 $$"_s) << 128 + SIGKILL;
+    QTest::newRow("not there") << QStringList{u"--"_s, u"/no/such/program"_s} << 127;
+}
+
+void CameraSimulatorTest::exitCodeIsThatOfTheCommand() {
+    QFETCH(QStringList, command);
+    QFETCH(int, exitCode);
+    QCOMPARE(runSimulator(command).exitCode, exitCode);
+}
+
+void CameraSimulatorTest::commandSeesTheCameras_data() {
+    QTest::addColumn<QStringList>("options");
+    QTest::addColumn<QByteArray>("count");
+    QTest::newRow("one") << QStringList() << QByteArray("1");
+    QTest::newRow("three") << QStringList{u"--cameras"_s, u"3"_s} << QByteArray("3");
+    QTest::newRow("none") << QStringList{u"--unplugged"_s} << QByteArray("0");
+}
+
+void CameraSimulatorTest::commandSeesTheCameras() {
+    QFETCH(QStringList, options);
+    QFETCH(QByteArray, count);
+    start(options);
+    QCOMPARE(probe("count"), count);
+}
+
+void CameraSimulatorTest::linesAreAnswered_data() {
+    QTest::addColumn<QByteArray>("line");
+    QTest::addColumn<QByteArray>("answer");
+    const auto row = [](const char* line, const char* answer) {
+        QTest::newRow(*line == '\0' ? "empty line" : line)
+            << QByteArray(line) << QByteArray(answer);
+    };
+    row("", "error: no command \"\", try \"help\"");
+    row("  get \t battery  ", "ok 85");
+    row("dance", "error: no command \"dance\", try \"help\"");
+    row("plug", "error: the camera is plugged in already");
+    row("plug 3", "error: no camera \"3\"");
+    row("plug 0", "error: no camera \"0\"");
+    row("plug one", "error: no camera \"one\"");
+    row("plug 1 2", "error: too many words");
+    row("unplug 1", "ok");
+    row("set battery 12", "ok");
+    row("set battery", "error: no value for battery: \"\"");
+    row("set battery full", "error: no value for battery: \"full\"");
+    row("set charge 12", "error: no item \"charge\"");
+    row("set wifi-ssid two words", "ok");
+    row("get", "error: no item \"\"");
+    row("get wifi-ssid", "ok Harbour");
+    row("get battery now", "error: too many words");
+    row("fault", "error: no fault \"\"");
+    row("fault fire 1", "error: no fault \"fire\"");
+    row("fault stall 1", "ok");
+    row("fault stall transfer 2 x3", "ok");
+    row("fault stall command 2 forever", "ok");
+    row("fault delay 20 command 1 once", "ok");
+    row("fault camera-error 0xFFF9 1", "ok");
+    row("fault camera-error 0x10000 1", "error: no argument for camera-error: \"0x10000\"");
+    row("fault delay command 1", "error: no argument for delay: \"command\"");
+    row("fault stall", "error: which one is to be struck, counted from 1, not \"\"");
+    row("fault stall 0", "error: which one is to be struck, counted from 1, not \"0\"");
+    row("fault stall 1 x0", "error: how often is once, forever or xCOUNT, not \"x0\"");
+    row("fault stall 1 twice", "error: how often is once, forever or xCOUNT, not \"twice\"");
+    row("fault stall 1 once more", "error: how often is once, forever or xCOUNT, not \"once\"");
+    row("clear-faults", "ok");
+    row("clear-faults all", "error: too many words");
+    row("status", "ok camera 1: device 1, open 0, transfers 0, commands 0");
+    row("status please", "error: too many words");
+    row("help",
+        "ok plug [K]; unplug [K]; set ITEM VALUE; get ITEM; fault KIND [ARG] [transfer|command] N "
+        "[once|forever|xCOUNT]; clear-faults; status; help");
+    row("@1 get battery", "ok 85");
+    row("@2 get battery", "error: no camera \"2\"");
+}
+
+void CameraSimulatorTest::linesAreAnswered() {
+    QFETCH(QByteArray, line);
+    QFETCH(QByteArray, answer);
+    start();
+    QCOMPARE(control(line), answer);
+}
+
+void CameraSimulatorTest::commandReadsWhatIsSet() {
+    start();
+    QCOMPARE(probe("battery"), QByteArray("85"));
+    QCOMPARE(control("set battery 17"), QByteArray("ok"));
+    QCOMPARE(probe("battery"), QByteArray("17"));
+}
+
+void CameraSimulatorTest::cameraIsPluggedAndUnplugged() {
+    start({u"--unplugged"_s});
+    QCOMPARE(control("fault stall 1"), QByteArray("error: the camera has never been plugged in"));
+    QCOMPARE(control("unplug"), QByteArray("error: the camera is not plugged in"));
+    for (int i = 0; i < 3; ++i) {
+        QCOMPARE(control("plug"), QByteArray("ok"));
+        QTRY_COMPARE_WITH_TIMEOUT(probe("count"), QByteArray("1"), kPatience);
+        QCOMPARE(control("unplug"), QByteArray("ok"));
+        QTRY_COMPARE_WITH_TIMEOUT(probe("count"), QByteArray("0"), kPatience);
+    }
+}
+
+void CameraSimulatorTest::cameraRestarts() {
+    start({u"--restart-delay"_s, u"50"_s});
+    QCOMPARE(probe("restart"), QByteArray("0"));
+    const auto isBack = [&] { return control("status").contains("device 2"); };
+    QTRY_VERIFY_WITH_TIMEOUT(isBack(), kPatience);
+    QTRY_COMPARE_WITH_TIMEOUT(probe("battery"), QByteArray("85"), kPatience);
+}
+
+void CameraSimulatorTest::faultsStrikeTheCommand() {
+    start();
+    QCOMPARE(control("fault stall command 2"), QByteArray("ok"));
+    QCOMPARE(probe("battery"), QByteArray("85"));
+    QCOMPARE(probe("battery"), QByteArray("-9"));
+    QCOMPARE(control("fault stall transfer 1 forever"), QByteArray("ok"));
+    QCOMPARE(probe("battery"), QByteArray("-9"));
+    QCOMPARE(control("clear-faults"), QByteArray("ok"));
+    const auto succeeds = [&] { return probe("battery") == "85"; };
+    QTRY_VERIFY_WITH_TIMEOUT(succeeds(), kPatience);
+}
+
+void CameraSimulatorTest::camerasAreNamedByNumber() {
+    start({u"--cameras"_s, u"2"_s});
+    QCOMPARE(control("@2 set battery 5"), QByteArray("ok"));
+    QCOMPARE(control("get battery"), QByteArray("ok 85"));
+    QCOMPARE(control("@2 get battery"), QByteArray("ok 5"));
+    QCOMPARE(control("unplug 2"), QByteArray("ok"));
+    QCOMPARE(control("@2 plug"), QByteArray("ok"));
+}
+
+void CameraSimulatorTest::statusTellsWhatHappened() {
+    start({u"--cameras"_s, u"2"_s});
+    QCOMPARE(control("unplug 2"), QByteArray("ok"));
+    QCOMPARE(probe("battery"), QByteArray("85"));
+    const QByteArray expected =
+        "ok camera 1: device 1, open 0, transfers 2, commands 1; "
+        "camera 2: unplugged, open 0, transfers 0, commands 0";
+    QTRY_COMPARE_WITH_TIMEOUT(control("status"), expected, kPatience);
+}
+
+void CameraSimulatorTest::severalClientsAreServed() {
+    start();
+    QLocalSocket second;
+    second.connectToServer(path(u"c"_s));
+    QVERIFY(second.waitForConnected(kPatience));
+    second.write("set battery 3\nget battery\n");
+    QTRY_COMPARE_WITH_TIMEOUT(second.bytesAvailable(), 8, kPatience);
+    QCOMPARE(second.readAll(), QByteArray("ok\nok 3\n"));
+    QCOMPARE(control("get battery"), QByteArray("ok 3"));
+}
+
+void CameraSimulatorTest::lineWithoutEndIsAnswered() {
+    start();
+    m_control->write("get battery");
+    QVERIFY(m_control->waitForBytesWritten(kPatience));
+    QCOMPARE(::shutdown(static_cast<int>(m_control->socketDescriptor()), SHUT_WR), 0);
+    QTRY_VERIFY_WITH_TIMEOUT(m_control->canReadLine(), kPatience);
+    QCOMPARE(m_control->readLine(), QByteArray("ok 85\n"));
+}
+
+void CameraSimulatorTest::endlessLineIsRefused() {
+    start();
+    m_control->write(QByteArray(10000, 'x'));
+    QTRY_VERIFY_WITH_TIMEOUT(m_control->canReadLine(), kPatience);
+    QCOMPARE(m_control->readLine(), QByteArray("error: the line is too long\n"));
+    QTRY_COMPARE_WITH_TIMEOUT(m_control->state(), QLocalSocket::UnconnectedState, kPatience);
+}
+
+void CameraSimulatorTest::scriptRunsInOrderAndReports() {
+    QFile script(path(u"s"_s));
+    QVERIFY(script.open(QIODevice::WriteOnly));
+    script.write("# a comment\n\nset battery 9\nwait 60\nget battery\nwait soon\nunplug\n");
+    script.close();
+    QElapsedTimer timer;
+    timer.start();
+    // The command waits for the socket's last answer by asking until the camera is unplugged.
+    m_process->start(program(),
+                     {u"--script"_s, script.fileName(), u"--"_s, QStringLiteral(PROBE_PROGRAM)});
+    QTRY_COMPARE_WITH_TIMEOUT(probe("count"), QByteArray("0"), kPatience);
+    QVERIFY(timer.elapsed() >= 60);
+    m_process->closeWriteChannel();
+    QVERIFY(m_process->waitForFinished(kPatience));
+    const QByteArray where = script.fileName().toLatin1();
+    QCOMPARE(m_process->readAllStandardError(),
+             where + ":3: ok\n" + where + ":4: ok\n" + where + ":5: ok 9\n" + where +
+                 ":6: error: no number of milliseconds: \"soon\"\n" + where + ":7: ok\n");
+}
+
+void CameraSimulatorTest::missingScriptIsAnError() {
+    const Run run = runSimulator({u"--script"_s, path(u"nothing"_s), u"--"_s, u"true"_s});
+    QCOMPARE(run.exitCode, 2);
+    QVERIFY(run.errors.contains("No such file"));
+}
+
+void CameraSimulatorTest::leftOverSocketIsReplacedAndOtherFilesAreKept() {
+    const QString file = path(u"file"_s);
+    QVERIFY(QFile(file).open(QIODevice::WriteOnly));
+    QCOMPARE(runSimulator({u"--control"_s, file, u"--"_s, u"true"_s}).exitCode, 2);
+    QVERIFY(QFile::exists(file));
+
+    start();
+    QCOMPARE(runSimulator({u"--control"_s, path(u"c"_s), u"--"_s, u"true"_s}).exitCode, 2);
+    QCOMPARE(control("get battery"), QByteArray("ok 85"));
+    m_process->kill();
+    QVERIFY(m_process->waitForFinished(kPatience));
+    QVERIFY(QFile::exists(path(u"c"_s)));
+    m_control = std::make_unique<QLocalSocket>();
+    start();
+    QCOMPARE(control("get battery"), QByteArray("ok 85"));
+}
+
+void CameraSimulatorTest::askedToEndItEndsItsCommandFirst_data() {
+    QTest::addColumn<int>("signal");
+    QTest::newRow("SIGTERM") << SIGTERM;
+    QTest::newRow("SIGINT") << SIGINT;
+    QTest::newRow("SIGHUP") << SIGHUP;
+}
+
+void CameraSimulatorTest::askedToEndItEndsItsCommandFirst() {
+    QFETCH(int, signal);
+    m_process->start(program(),
+                     shell(u"trap 'echo ended; exit 7' TERM; echo ready; while :; do sleep 0.01; "
+                           "done"_s));
+    QTRY_VERIFY_WITH_TIMEOUT(m_process->canReadLine(), kPatience);
+    QCOMPARE(m_process->readLine(), QByteArray("ready\n"));
+    ::kill(static_cast<pid_t>(m_process->processId()), signal);
+    QVERIFY(m_process->waitForFinished(kPatience));
+    QCOMPARE(m_process->exitCode(), 7);
+    QCOMPARE(m_process->readAllStandardOutput(), QByteArray("ended\n"));
+}
+
+QTEST_GUILESS_MAIN(CameraSimulatorTest)
+#include "CameraSimulatorTest.moc"

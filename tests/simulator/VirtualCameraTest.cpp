@@ -1,0 +1,257 @@
+// SPDX-License-Identifier: MIT
+#include "simulator/VirtualCamera.h"
+
+#include <QTest>
+
+#include "simulator/CameraCommands.h"
+#include "simulator/CameraItems.h"
+
+namespace nubo::simulator {
+
+namespace {
+
+// Type, id 0x1234, length 32; code and reserved word; five parameters.
+const QByteArray kNoParameters = "00000000 00000000 00000000 00000000 00000000";
+const QByteArray kSuccess = "0100 3412 20000000 0000 0000 " + kNoParameters;
+
+QByteArray command(const QByteArray& code) {
+    return "0000 3412 20000000 " + code + " 0000 " + kNoParameters;
+}
+
+std::vector<std::uint8_t> bytes(const QByteArray& hex) {
+    const QByteArray raw = QByteArray::fromHex(hex);
+    return {raw.begin(), raw.end()};
+}
+
+QByteArray plainHex(const QByteArray& hex) {
+    return QByteArray::fromHex(hex).toHex();
+}
+
+QByteArrayList answers(VirtualCamera& camera) {
+    QByteArrayList packets;
+    while (const auto packet = camera.send()) {
+        const QByteArray raw(reinterpret_cast<const char*>(packet->data()),
+                             static_cast<qsizetype>(packet->size()));
+        packets.append(raw.toHex());
+    }
+    return packets;
+}
+
+}  // namespace
+
+class VirtualCameraTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void answersWithGoldenBytes_data();
+    void answersWithGoldenBytes();
+    void answersNothingToWhatHasNoId_data();
+    void answersNothingToWhatHasNoId();
+    void toldValuesTravelInTheAnswer();
+    void emptyListOfAccessPointsHasNoFollowUp();
+    void formattingEmptiesTheCardOnly();
+    void resettingPutsSettingsBackButNotCardAndBattery();
+    void restartIsWantedOnceAfterTheAnswerIsFetched();
+    void pluggingInForgetsAnswersAndRestart();
+    void everyItemTakesItsOwnValue();
+    void itemsRefuseWhatIsNoValue_data();
+    void itemsRefuseWhatIsNoValue();
+    void commandsAreFoundByTheirCode();
+};
+
+void VirtualCameraTest::answersWithGoldenBytes_data() {
+    QTest::addColumn<QByteArray>("request");
+    QTest::addColumn<QByteArrayList>("replies");
+
+    QTest::newRow("battery") << command("3750")
+                             << QByteArrayList{
+                                    "0100 3412 20000000 0000 0000"
+                                    "01000000 55000000 00000000 00000000 00000000"};
+    QTest::newRow("SD card") << command("3950")
+                             << QByteArrayList{
+                                    "0100 3412 20000000 0000 0000"
+                                    "00000000 002c7600 00000000 66a21700 03000000"};
+    QTest::newRow("Wi-Fi information") << command("0150")
+                                       << QByteArrayList{
+                                              "0100 3412 20000000 0000 0000"
+                                              "02000000 00000000 00000000 00000000 00000000",
+                                              "0100 3412 26000000 0000 0000 00000000"
+                                              "07000000 486172626f7572 07000000 486172626f7572",
+                                              "0100 3412 20000000 0000 0000"
+                                              "00000000 06000000 04000000 00000000 48000000"};
+    QTest::newRow("access points") << command("0250")
+                                   << QByteArrayList{
+                                          "0100 3412 20000000 0000 0000"
+                                          "03000000 00000000 00000000 00000000 00000000",
+                                          "0100 3412 1f000000 0000 0000 01000000"
+                                          "07000000 486172626f7572 00000000",
+                                          "0100 3412 20000000 0000 0000"
+                                          "01000000 06000000 04000000 00000000 48000000",
+                                          "0100 3412 20000000 0000 0000 02000000"
+                                          "08000000 576f726b73686f70 00000000",
+                                          "0100 3412 20000000 0000 0000"
+                                          "02000000 01000000 02000000 00000000 30000000",
+                                          "0100 3412 1d000000 0000 0000 03000000"
+                                          "05000000 4775657374 00000000",
+                                          "0100 3412 20000000 0000 0000"
+                                          "03000000 0b000000 00000000 00000000 17000000"};
+    QTest::newRow("format") << command("0368") << QByteArrayList{kSuccess};
+    QTest::newRow("reset settings") << command("0468") << QByteArrayList{kSuccess};
+    QTest::newRow("restart") << command("0268") << QByteArrayList{kSuccess};
+
+    const QByteArray unknown = "0100 3412 20000000 fcff 0000 " + kNoParameters;
+    const QByteArray wrongLength = "0100 3412 20000000 fdff 0000 " + kNoParameters;
+    QTest::newRow("unknown code") << command("ff7f") << QByteArrayList{unknown};
+    QTest::newRow("code zero") << command("0000") << QByteArrayList{unknown};
+    QTest::newRow("data that no command announced")
+        << QByteArray("0200 3412 02000000 abcd") << QByteArrayList{unknown};
+    QTest::newRow("header cut") << QByteArray("0000 3412 0a000000 3750")
+                                << QByteArrayList{wrongLength};
+    QTest::newRow("id only") << QByteArray("0000 3412") << QByteArrayList{wrongLength};
+    QTest::newRow("length field too small")
+        << QByteArray("0000 3412 1f000000 3750 0000 " + kNoParameters)
+        << QByteArrayList{wrongLength};
+    QTest::newRow("length field too large")
+        << QByteArray("0000 3412 ffffffff 3750 0000 " + kNoParameters)
+        << QByteArrayList{wrongLength};
+    QTest::newRow("too long for the command")
+        << QByteArray("0000 3412 21000000 3750 0000 " + kNoParameters + "00")
+        << QByteArrayList{wrongLength};
+    QTest::newRow("parameters cut")
+        << QByteArray("0000 3412 10000000 3750 0000 00000000") << QByteArrayList{wrongLength};
+}
+
+void VirtualCameraTest::answersWithGoldenBytes() {
+    QFETCH(QByteArray, request);
+    QFETCH(QByteArrayList, replies);
+    for (QByteArray& reply : replies) {
+        reply = plainHex(reply);
+    }
+    VirtualCamera camera;
+    camera.receive(bytes(request));
+    QCOMPARE(answers(camera), replies);
+}
+
+void VirtualCameraTest::answersNothingToWhatHasNoId_data() {
+    QTest::addColumn<QByteArray>("request");
+    QTest::newRow("nothing") << QByteArray();
+    QTest::newRow("one byte") << QByteArray("00");
+    QTest::newRow("half an id") << QByteArray("000034");
+}
+
+void VirtualCameraTest::answersNothingToWhatHasNoId() {
+    QFETCH(QByteArray, request);
+    VirtualCamera camera;
+    camera.receive(bytes(request));
+    QCOMPARE(answers(camera), QByteArrayList());
+}
+
+void VirtualCameraTest::toldValuesTravelInTheAnswer() {
+    VirtualCamera camera;
+    QVERIFY(camera.set("sd-total", "68719476737"));
+    QVERIFY(camera.set("sd-used", "4294967296"));
+    QVERIFY(camera.set("wifi-rssi", "-5"));
+    QVERIFY(camera.set("wifi-ssid", "a b"));
+    QVERIFY(camera.set("wifi-ssid-2", ""));
+    camera.receive(bytes(command("3950")));
+    camera.receive(bytes(command("0150")));
+    const QByteArrayList packets = answers(camera);
+    QCOMPARE(packets.value(0), plainHex("0100 3412 20000000 0000 0000"
+                                        "10000000 01000000 01000000 00000000 03000000"));
+    QCOMPARE(packets.value(2), plainHex("0100 3412 1b000000 0000 0000 00000000"
+                                        "03000000 612062 00000000"));
+    QCOMPARE(packets.value(3), plainHex("0100 3412 20000000 0000 0000"
+                                        "00000000 06000000 04000000 00000000 fbffffff"));
+}
+
+void VirtualCameraTest::emptyListOfAccessPointsHasNoFollowUp() {
+    VirtualCamera camera;
+    CameraState state = camera.state();
+    state.accessPoints.clear();
+    camera.setState(state);
+    camera.receive(bytes(command("0250")));
+    QCOMPARE(answers(camera), QByteArrayList{plainHex(kSuccess)});
+}
+
+void VirtualCameraTest::formattingEmptiesTheCardOnly() {
+    VirtualCamera camera;
+    camera.receive(bytes(command("0368")));
+    QCOMPARE(camera.state().sdCard.used, 0U);
+    QCOMPARE(camera.state().sdCard.total, 7744512U);
+    QCOMPARE(camera.state().sdCard.fileSystem, 3U);
+}
+
+void VirtualCameraTest::resettingPutsSettingsBackButNotCardAndBattery() {
+    VirtualCamera camera;
+    QVERIFY(camera.set("wifi-channel", "11"));
+    QVERIFY(camera.set("wifi-ssid", "Elsewhere"));
+    QVERIFY(camera.set("battery", "12"));
+    QVERIFY(camera.set("sd-used", "34"));
+    camera.receive(bytes(command("0468")));
+    QCOMPARE(camera.state().settings.wifi.channel, 6U);
+    QCOMPARE(camera.state().settings.wifi.ssid, std::string("Harbour"));
+    QCOMPARE(camera.state().battery.charge, 12U);
+    QCOMPARE(camera.state().sdCard.used, 34U);
+}
+
+void VirtualCameraTest::restartIsWantedOnceAfterTheAnswerIsFetched() {
+    VirtualCamera camera;
+    QVERIFY(!camera.wantsRestart());
+    camera.receive(bytes(command("0268")));
+    QVERIFY(!camera.wantsRestart());
+    QCOMPARE(answers(camera).size(), 1);
+    QVERIFY(camera.wantsRestart());
+    QVERIFY(!camera.wantsRestart());
+}
+
+void VirtualCameraTest::pluggingInForgetsAnswersAndRestart() {
+    VirtualCamera camera;
+    camera.receive(bytes(command("0268")));
+    camera.plugged();
+    QCOMPARE(answers(camera), QByteArrayList());
+    QVERIFY(!camera.wantsRestart());
+}
+
+void VirtualCameraTest::everyItemTakesItsOwnValue() {
+    VirtualCamera camera;
+    int value = 0;
+    for (const CameraItem& item : cameraItems()) {
+        const std::string text = std::to_string(++value);
+        QVERIFY2(camera.set(item.name, text), item.name.data());
+    }
+    value = 0;
+    for (const CameraItem& item : cameraItems()) {
+        QCOMPARE(camera.get(item.name), std::optional(std::to_string(++value)));
+    }
+}
+
+void VirtualCameraTest::itemsRefuseWhatIsNoValue_data() {
+    QTest::addColumn<std::string>("item");
+    QTest::addColumn<std::string>("value");
+    QTest::newRow("no such item") << std::string("warp") << std::string("1");
+    QTest::newRow("no number") << std::string("battery") << std::string("full");
+    QTest::newRow("nothing") << std::string("battery") << std::string();
+    QTest::newRow("number and more") << std::string("battery") << std::string("85%");
+    QTest::newRow("negative") << std::string("battery") << std::string("-1");
+    QTest::newRow("too large") << std::string("battery") << std::string("4294967296");
+}
+
+void VirtualCameraTest::itemsRefuseWhatIsNoValue() {
+    QFETCH(std::string, item);
+    QFETCH(std::string, value);
+    VirtualCamera camera;
+    QVERIFY(!camera.set(item, value));
+    QCOMPARE(camera.state().battery.charge, 85U);
+}
+
+void VirtualCameraTest::commandsAreFoundByTheirCode() {
+    for (const CameraCommand& command : cameraCommands()) {
+        QCOMPARE(cameraCommand(command.code), &command);
+    }
+    QCOMPARE(cameraCommand(0x5038), nullptr);
+}
+
+}  // namespace nubo::simulator
+
+QTEST_APPLESS_MAIN(nubo::simulator::VirtualCameraTest)
+#include "VirtualCameraTest.moc"

@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: MIT
+#include "tests/usb/ManagerBench.h"
+
+#include <filesystem>
+
+using namespace nubo::simulator;
+
+namespace {
+
+constexpr std::chrono::seconds PATIENCE{10};
+constexpr stVendorProduct HUB{CAMERA.usVendorId, CAMERA.usProductId ^ 0x8000};
+
+}  // namespace
+
+ManagerBench::ManagerBench(Hub hub) : manager(std::make_unique<ClUsbManager>()), ui(*manager)
+{
+    if (hub == Hub::PluggedIn) {
+        plugHub();
+    }
+}
+
+DeviceId ManagerBench::plugCamera(const DeviceOptions& options, std::uint32_t charge)
+{
+    auto camera = std::make_shared<SteadyCamera>();
+    CameraState state = camera->state();
+    state.battery.charge = charge;
+    camera->setState(state);
+    return bus.plug(camera, options);
+}
+
+DeviceId ManagerBench::plugHub()
+{
+    return bus.plug(std::make_shared<VirtualCamera>(), deviceOfIdentity(HUB));
+}
+
+int ManagerBench::start() const { return manager->initialize({CAMERA}); }
+
+int ManagerBench::search() const
+{
+    int result = -1;
+    QMetaObject::invokeMethod(
+        manager.get(), [this] { return manager->openDevice(); }, Qt::BlockingQueuedConnection,
+        &result);
+    return result;
+}
+
+bool ManagerBench::waitForHandles(DeviceId id, int handles) const
+{
+    return bus.waitForLog(
+        id, [handles](const DeviceLog& log) { return log.openHandles == handles; }, PATIENCE);
+}
+
+DeviceOptions deviceOfIdentity(stVendorProduct identity)
+{
+    DeviceOptions options;
+    options.description.vendorId = identity.usVendorId;
+    options.description.productId = identity.usProductId;
+    return options;
+}
+
+qsizetype openFileCount()
+{
+    return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {});
+}

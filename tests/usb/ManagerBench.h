@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "simulator/VirtualCamera.h"
+#include "simulator/VirtualUsbBus.h"
+#include "tests/usb/UserInterface.h"
+#include "usb/ClUsbManager.h"
+
+#include <memory>
+
+/// A camera that says yes to a restart and stays, so that one camera serves many tests.
+class SteadyCamera : public nubo::simulator::VirtualCamera {
+public:
+    bool wantsRestart() override { return false; }
+};
+
+/// A USB manager on a virtual bus, as the main window has it: its thread runs, and start()
+/// initialises it.
+///
+/// A hub stands for the devices that a real bus always has: libusb's list is never empty.
+struct ManagerBench {
+    enum class Hub { PluggedIn, Missing };
+
+    explicit ManagerBench(Hub hub = Hub::PluggedIn);
+
+    /// Plugs in a camera. @p charge of its battery tells it from others.
+    nubo::simulator::DeviceId plugCamera(const nubo::simulator::DeviceOptions& options = {},
+                                         std::uint32_t charge = 85);
+    nubo::simulator::DeviceId plugHub();
+    /// Initialises the manager with the camera's identity, on this thread.
+    [[nodiscard]] int start() const;
+    /// Runs one search pass on the manager's thread and waits for its end.
+    int search() const;
+    /// Waits until the device's node is open @p handles times.
+    [[nodiscard]] bool waitForHandles(nubo::simulator::DeviceId id, int handles) const;
+
+    nubo::simulator::VirtualUsbBus bus;
+    std::unique_ptr<ClUsbManager> manager;
+    UserInterface ui;
+};
+
+/// The options of a device of this identity, a camera in everything else.
+[[nodiscard]] nubo::simulator::DeviceOptions deviceOfIdentity(stVendorProduct identity);
+
+/// The camera's identity.
+inline constexpr stVendorProduct CAMERA{NUBO_USB_VENDOR_ID, NUBO_USB_PRODUCT_ID};
+
+/// How many file descriptors this process has open.
+[[nodiscard]] qsizetype openFileCount();

@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: MIT
+#include "ui/Artwork.h"
+
+#include <QGuiApplication>
+#include <QHash>
+#include <QImage>
+#include <QPainter>
+#include <QtCore/qapplicationstatic.h>
+
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using Pictures = QHash<std::pair<QString, bool>, QPixmap>;
+// Not QPixmapCache: it forgets what nobody holds for half a minute, by a timer that it keeps
+// running.
+Q_APPLICATION_STATIC(Pictures, pictures)
+
+// The format is named because a name without extension would have every image plug-in loaded and
+// asked whether the picture is its own.
+QPixmap decode(const QString& path) {
+    QImage image;
+    image.load(path, "PNG");
+    return QPixmap::fromImage(std::move(image));
+}
+
+QPixmap decode(const QString& path, bool doubled) {
+    if (!doubled) {
+        return decode(path);
+    }
+    QPixmap picture = decode(path + "@2x"_L1);
+    if (picture.isNull()) {
+        return artwork(path, 1.0);
+    }
+    picture.setDevicePixelRatio(2.0);
+    return picture;
+}
+
+}  // namespace
+
+QPixmap artwork(const QString& path, qreal devicePixelRatio) {
+    const std::pair key{path, devicePixelRatio > 1.0};
+    if (const auto known = pictures->constFind(key); known != pictures->cend()) {
+        return *known;
+    }
+    const QPixmap picture = decode(path, key.second);
+    pictures->insert(key, picture);
+    return picture;
+}
+
+QPixmap artwork(const QString& path) {
+    return artwork(path, qGuiApp->devicePixelRatio());
+}
+
+void drawArtwork(QPainter& painter, const QRect& area, const QPixmap& picture) {
+    const qreal ratio = picture.devicePixelRatio();
+    const QRectF source(QPointF(area.topLeft()) * ratio, QSizeF(area.size()) * ratio);
+    painter.drawPixmap(QRectF(area), picture, source);
+}

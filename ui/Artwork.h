@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QPixmap>
+#include <QString>
+
+class QPainter;
+class QRect;
+
+/// The picture at the resource path @p path (":/img/button1") for a surface of
+/// @p devicePixelRatio: the 1x picture up to 1.0, above that the one named @p path + "@2x", which
+/// says so itself by its device pixel ratio of 2. Without a 2x picture the 1x one serves both.
+///
+/// Each picture is decoded once, when it is first asked for, and kept until the application object
+/// goes. A path that holds no picture gives a null pixmap. Its size in device independent pixels is
+/// deviceIndependentSize(). Masks take the picture of ratio 1.0. Main thread.
+[[nodiscard]] QPixmap artwork(const QString& path, qreal devicePixelRatio);
+
+/// The picture for the sharpest screen, for whoever hands it on before knowing the screen: labels.
+[[nodiscard]] QPixmap artwork(const QString& path);
+
+/// Draws the part @p area of @p picture, which lies at its natural size at the origin of the painter.
+void drawArtwork(QPainter& painter, const QRect& area, const QPixmap& picture);

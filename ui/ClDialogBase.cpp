@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: MIT
+#include "ui/ClDialogBase.h"
+
+#include <QCoreApplication>
+#include <QDialogButtonBox>
+#include <QLayout>
+
+ClDialogBase::ClDialogBase(QWidget* parent) : QDialog(parent) {
+    setWindowTitle(QCoreApplication::applicationName());
+    setWindowFlags(WINDOW_FLAGS);
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    setMinimumWidth(MINIMUM_WIDTH);
+}
+
+void ClDialogBase::setParam(const QVariantList& /*params*/) {}
+
+QVariantList ClDialogBase::getParam() {
+    return {};
+}
+
+void ClDialogBase::addButtons() {
+    if (layout() == nullptr || m_buttonBox != nullptr) {
+        return;
+    }
+    m_buttonBox = new QDialogButtonBox(this);
+    layout()->addWidget(m_buttonBox);
+    layout()->setAlignment(m_buttonBox, Qt::AlignHCenter);
+    m_buttonBox->addButton(tr("OK"), QDialogButtonBox::AcceptRole);
+    m_buttonBox->addButton(tr("Cancel"), QDialogButtonBox::RejectRole);
+    connect(m_buttonBox, &QDialogButtonBox::accepted, this, &QDialog::accept);
+    connect(m_buttonBox, &QDialogButtonBox::rejected, this, &QDialog::reject);
+}

@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: MIT
+#include "ui/ClMessageBox.h"
+
+#include "ui/ClDialogBase.h"
+
+#include <QLabel>
+#include <QVBoxLayout>
+
+#include <array>
+
+namespace {
+
+constexpr int SPACING = 15;  // pixels
+
+struct stButton {
+    QDialogButtonBox::StandardButton flag;
+    const char* text;
+};
+
+struct stButtonChoice {
+    QDialogButtonBox::ButtonRole role;
+    std::array<stButton, 2> candidates;  // the first one that is asked for is shown
+};
+
+constexpr std::array CHOICES{
+    stButtonChoice{QDialogButtonBox::AcceptRole,
+                   {{{QDialogButtonBox::Ok, QT_TRANSLATE_NOOP("ClMessageBox", "OK")},
+                     {QDialogButtonBox::Yes, QT_TRANSLATE_NOOP("ClMessageBox", "Yes")}}}},
+    stButtonChoice{QDialogButtonBox::RejectRole,
+                   {{{QDialogButtonBox::Cancel, QT_TRANSLATE_NOOP("ClMessageBox", "Cancel")},
+                     {QDialogButtonBox::No, QT_TRANSLATE_NOOP("ClMessageBox", "No")}}}},
+};
+
+}  // namespace
+
+ClMessageBox::ClMessageBox(QWidget* parent, const QString& text, const QString& title,
+                           QDialogButtonBox::StandardButtons buttons)
+    : QDialog(parent) {
+    setWindowFlags(ClDialogBase::WINDOW_FLAGS);
+    setWindowTitle(title);
+
+    auto* const label = new QLabel(text, this);
+    label->setAlignment(Qt::AlignCenter);
+
+    auto* const column = new QVBoxLayout(this);
+    column->setSpacing(SPACING);
+    column->addWidget(label, 0, Qt::AlignHCenter);
+    column->addWidget(createButtonBox(buttons).release(), 0, Qt::AlignHCenter);
+
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    setMinimumWidth(ClDialogBase::MINIMUM_WIDTH);
+}
+
+std::unique_ptr<QDialogButtonBox> ClMessageBox::createButtonBox(
+    QDialogButtonBox::StandardButtons buttons) {
+    auto box = std::make_unique<QDialogButtonBox>();
+    for (const stButtonChoice& choice : CHOICES) {
+        for (const stButton& candidate : choice.candidates) {
+            if (buttons.testFlag(candidate.flag)) {
+                box->addButton(tr(candidate.text), choice.role);
+                break;
+            }
+        }
+    }
+    connect(box.get(), &QDialogButtonBox::accepted, this, &QDialog::accept);
+    connect(box.get(), &QDialogButtonBox::rejected, this, &QDialog::reject);
+    return box;
+}

@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QDialog>
+#include <QDialogButtonBox>
+
+#include <memory>
+
+/// The tool's own small modal box for errors and confirmations. Run it by exec(): QDialog::Accepted
+/// for OK and Yes, QDialog::Rejected for Cancel, No and the close button. Main thread.
+class ClMessageBox : public QDialog {
+    Q_OBJECT
+
+public:
+    /// @p buttons holds at most one accepting button (Ok before Yes) and at most one rejecting one
+    /// (Cancel before No); other flags are ignored.
+    ClMessageBox(QWidget* parent, const QString& text, const QString& title,
+                 QDialogButtonBox::StandardButtons buttons);
+
+private:
+    std::unique_ptr<QDialogButtonBox> createButtonBox(QDialogButtonBox::StandardButtons buttons);
+};

@@ -1,0 +1,91 @@
+// SPDX-License-Identifier: MIT
+#include "ui/ClWidgetBase.h"
+
+#include "protocol/ResultCodes.h"
+#include "ui/ClMessageBox.h"
+
+#include <QApplication>
+#include <QMouseEvent>
+
+#include <algorithm>
+#include <array>
+#include <chrono>
+#include <utility>
+
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr auto POLLING_INTERVAL = 5000ms;
+
+struct stErrorText {
+    unsigned short code;
+    const char* text;
+};
+
+// A camera that fails to execute a command recovers as one that is too slow: by a reset.
+constexpr std::array ERROR_TEXTS{
+    stErrorText{NUBO_CMD_ERROR_EXEC,
+                QT_TRANSLATE_NOOP("ClWidgetBase", "Timeout error, please reset")},
+    stErrorText{NUBO_CMD_ERROR_PARAM,
+                QT_TRANSLATE_NOOP("ClWidgetBase", "Parameter setting failed")},
+    stErrorText{NUBO_CMD_ERROR_COMMAND,
+                QT_TRANSLATE_NOOP("ClWidgetBase", "Command error, version up")},
+    stErrorText{NUBO_CMD_ERROR_TIMEOUT,
+                QT_TRANSLATE_NOOP("ClWidgetBase", "Timeout error, please reset")},
+};
+constexpr const char* OTHER_ERROR_TEXT =
+    QT_TRANSLATE_NOOP("ClWidgetBase", "Exec failed, unknown error");
+
+const char* errorText(unsigned short error) {
+    const auto* const found = std::ranges::find(ERROR_TEXTS, error, &stErrorText::code);
+    return found == ERROR_TEXTS.end() ? OTHER_ERROR_TEXT : found->text;
+}
+
+}  // namespace
+
+ClWidgetBase::ClWidgetBase(QWidget* parent) : QWidget(parent) {
+    m_pollingTimer.setSingleShot(false);
+    connect(&m_pollingTimer, &QTimer::timeout, this, &ClWidgetBase::slotPollingFired);
+}
+
+void ClWidgetBase::showInit(bool /*fromPolling*/) {}
+
+void ClWidgetBase::startPolling() {
+    if (!m_pollingTimer.isActive()) {
+        m_pollingTimer.start(POLLING_INTERVAL);
+    }
+}
+
+void ClWidgetBase::stopPolling() {
+    m_pollingTimer.stop();
+}
+
+void ClWidgetBase::showErrorMsgBox(unsigned short error) {
+    ClMessageBox box(this, tr(errorText(error)), QCoreApplication::applicationName(),
+                     QDialogButtonBox::Ok);
+    box.exec();
+}
+
+void ClWidgetBase::sendUsbCommand(QUuid command, VX_CMD message) {
+    message.insert(Key::CMD, QVariant::fromValue(command));
+    message.insert(Key::SENDER, QVariant::fromValue<QObject*>(this));
+    Q_EMIT sigSendCommand(message);
+}
+
+bool ClWidgetBase::eventFilter(QObject* /*watched*/, QEvent* event) {
+    if (dynamic_cast<QMouseEvent*>(event) == nullptr) {
+        return false;
+    }
+    this->event(event);
+    return true;
+}
+
+void ClWidgetBase::slotReceiveCommand(const VX_CMD& /*clCommand*/) {}
+
+void ClWidgetBase::slotPollingFired() {
+    // Behind a modal box nothing is refreshed: every failure would pile another box on top of it.
+    if (isVisible() && QApplication::activeModalWidget() == nullptr) {
+        showInit(true);
+    }
+}

@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "protocol/CommandMessage.h"
+
+#include <QTimer>
+#include <QUuid>
+#include <QWidget>
+
+/// The base of every page: sends command messages, receives results, polls while it is visible and
+/// shows the standard error box.
+///
+/// The main window enters a page by showInit(false), connects the two command members while the
+/// page is on show, and leaves it by stopPolling(). A page that wants to be refreshed starts the
+/// polling itself. Main thread.
+class ClWidgetBase : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit ClWidgetBase(QWidget* parent = nullptr);
+
+    /// Refreshes the page; @p fromPolling is false when the user has it shown or shown again. Does
+    /// nothing here.
+    virtual void showInit(bool fromPolling);
+
+    /// Has showInit(true) called every 5000 ms while the page is visible and no modal box is open. A
+    /// timer that already runs keeps its phase.
+    virtual void startPolling();
+    virtual void stopPolling();
+
+    /// Tells the user, in a modal box, that a command failed with the 16-bit result code @p error.
+    /// Returns when the box is closed.
+    virtual void showErrorMsgBox(unsigned short error);
+
+    /// Sends @p message, whose arguments the caller has filled in, as @p command from this page.
+    void sendUsbCommand(QUuid command, VX_CMD message = {});
+
+    /// Hands the mouse events of @p watched to this page, unseen by @p watched. The page has to
+    /// install itself on the child whose mouse it wants.
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+Q_SIGNALS:
+    /// The only way of a page to the camera.
+    void sigSendCommand(const VX_CMD& clCommand);
+
+public Q_SLOTS:
+    /// Receives every result message that is routed to the page on show. Does nothing here.
+    virtual void slotReceiveCommand(const VX_CMD& clCommand);
+    virtual void slotPollingFired();
+
+private:
+    QTimer m_pollingTimer;
+};
