@@ -55,7 +55,7 @@ elif ! $has_display; then
     exec xvfb-run --auto-servernum --server-args '-screen 0 1280x1024x24' \
         "$simulator" -- build/release/tour/nubo-tour build/tour
 elif [ -t 0 ]; then
-    exec "$simulator" --script /dev/stdin -- "$tool"
+    exec "$simulator" --interactive -- "$tool"
 else
     exec "$simulator" -- "$tool"
 fi

@@ -44,6 +44,8 @@ constexpr std::array kOptions = {
                options.control = value;
                return !value.empty();
            }},
+    Option{"--interactive", "", "takes control lines from standard input, as they are typed",
+           [](Options& options, const std::string&) { return options.interactive = true; }},
     Option{"--script", "FILE", "takes control lines from a file; answers go to standard error",
            [](Options& options, const std::string& value) {
                options.script = value;

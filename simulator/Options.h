@@ -13,6 +13,7 @@ struct Options {
     int cameras = 1;
     bool unplugged = false;
     bool help = false;
+    bool interactive = false;
     std::string control = {};  ///< path of the control socket; empty: none
     std::string script = {};   ///< path of the script; empty: none
     std::chrono::milliseconds restartDelay{1000};

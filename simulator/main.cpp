@@ -18,6 +18,7 @@
 #include "simulator/ChildProcess.h"
 #include "simulator/ControlLine.h"
 #include "simulator/ControlSocket.h"
+#include "simulator/ControlTerminal.h"
 #include "simulator/FileDescriptor.h"
 #include "simulator/Options.h"
 #include "simulator/Script.h"
@@ -89,15 +90,16 @@ int untilFirst(std::optional<Script::Clock::time_point> first,
     return static_cast<int>(std::max<std::chrono::milliseconds::rep>(left.count(), 0));
 }
 
-/// Serves script, socket and signals until the child has ended; its exit code.
+/// Serves script, socket, terminal and signals until the child has ended; its exit code.
 int serveUntilEnd(ChildProcess& child, const FileDescriptor& signals, ControlTarget& target,
-                  ControlSocket& socket, Script& script) {
+                  ControlSocket& socket, ControlTerminal& terminal, Script& script) {
     const auto runLine = [&](std::string_view line) { return runControlLine(target, line); };
     std::optional<Script::Clock::time_point> killTime;
     while (true) {
         const auto scriptTime = script.run(runLine);
         std::vector<pollfd> waiting = {{signals.number(), POLLIN, 0}};
         socket.appendTo(waiting);
+        terminal.appendTo(waiting);
         ::poll(waiting.data(), waiting.size(), untilFirst(scriptTime, killTime));
         if (askedToEnd(signals) && !killTime) {
             child.signal(SIGTERM);
@@ -111,6 +113,7 @@ int serveUntilEnd(ChildProcess& child, const FileDescriptor& signals, ControlTar
             return *exitCode;
         }
         socket.serve(runLine);
+        terminal.serve(runLine);
     }
 }
 
@@ -139,12 +142,16 @@ int run(const Options& options) {
             return fail(kWrongUse, failure);
         }
     }
+    ControlTerminal terminal;
+    if (options.interactive) {
+        terminal.open();
+    }
     ChildProcess child;
     const std::string failure = child.start(options.command);
     if (!failure.empty()) {
         return fail(kCannotRun, failure);
     }
-    return serveUntilEnd(child, signals, target, socket, script);
+    return serveUntilEnd(child, signals, target, socket, terminal, script);
 }
 
 }  // namespace

@@ -25,6 +25,13 @@
     </message>
 </context>
 <context>
+    <name>ClCaptionBar</name>
+    <message>
+        <source>Close</source>
+        <translation>Close</translation>
+    </message>
+</context>
+<context>
     <name>ClDialogBase</name>
     <message>
         <source>OK</source>
@@ -33,6 +40,13 @@
     <message>
         <source>Cancel</source>
         <translation>Cancel</translation>
+    </message>
+</context>
+<context>
+    <name>ClLinkCheck</name>
+    <message>
+        <source>Linked</source>
+        <translation>Linked</translation>
     </message>
 </context>
 <context>

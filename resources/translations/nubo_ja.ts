@@ -25,6 +25,13 @@
     </message>
 </context>
 <context>
+    <name>ClCaptionBar</name>
+    <message>
+        <source>Close</source>
+        <translation>閉じる</translation>
+    </message>
+</context>
+<context>
     <name>ClDialogBase</name>
     <message>
         <source>OK</source>
@@ -33,6 +40,13 @@
     <message>
         <source>Cancel</source>
         <translation>キャンセル</translation>
+    </message>
+</context>
+<context>
+    <name>ClLinkCheck</name>
+    <message>
+        <source>Linked</source>
+        <translation>接続中のアクセスポイント</translation>
     </message>
 </context>
 <context>
@@ -111,11 +125,11 @@
     </message>
     <message>
         <source>Link</source>
-        <translation>接続中</translation>
+        <translation>接続済み</translation>
     </message>
     <message>
         <source>Adhoc Link</source>
-        <translation>アドホック接続中</translation>
+        <translation>アドホック接続</translation>
     </message>
 </context>
 <context>

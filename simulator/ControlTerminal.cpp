@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+#include "simulator/ControlTerminal.h"
+
+#include <unistd.h>
+
+#include <array>
+#include <cstdio>
+
+namespace nubo::simulator {
+
+void ControlTerminal::appendTo(std::vector<pollfd>& waiting) const {
+    if (m_open) {
+        waiting.push_back({STDIN_FILENO, POLLIN, 0});
+    }
+}
+
+void ControlTerminal::serve(const Runner& runner) {
+    pollfd input{STDIN_FILENO, POLLIN, 0};
+    while (m_open && ::poll(&input, 1, 0) > 0) {
+        std::array<char, 4096> bytes{};
+        const ssize_t count = ::read(STDIN_FILENO, bytes.data(), bytes.size());
+        if (count <= 0) {
+            m_open = false;
+            return;
+        }
+        m_unfinished.append(bytes.data(), static_cast<std::size_t>(count));
+        for (std::size_t end = 0; (end = m_unfinished.find('\n')) != std::string::npos;) {
+            std::printf("%s\n", runner(m_unfinished.substr(0, end)).c_str());
+            m_unfinished.erase(0, end + 1);
+        }
+        std::fflush(stdout);
+    }
+}
+
+}  // namespace nubo::simulator
