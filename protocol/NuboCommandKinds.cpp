@@ -6,17 +6,20 @@ const QString DATE_TIME_FORMAT = QStringLiteral("yyyy/MM/dd hh:mm:ss");
 }
 
 QDateTime validOrNow(const QDateTime& time) {
-    return time.isValid() ? time : QDateTime::currentDateTime();
+    // An hour that daylight saving skips here may well exist where the camera is: the parts count.
+    const bool isMeant = time.date().isValid() && time.time().isValid();
+    return isMeant ? time : QDateTime::currentDateTime();
 }
 
-unsigned int packDate(const QDateTime& time) {
+std::array<unsigned int, ClNuboCommand::PARAM_COUNT> packDateTime(const QDateTime& time) {
     const QDate date = time.date();
-    return static_cast<unsigned int>(date.year() * 10000 + date.month() * 100 + date.day());
-}
-
-unsigned int packTime(const QDateTime& time) {
     const QTime clock = time.time();
-    return static_cast<unsigned int>(clock.hour() * 10000 + clock.minute() * 100 + clock.second());
+    return {
+        // Unsigned from the start: the camera may tell a year whose packed form needs all 32 bits.
+        static_cast<unsigned int>(date.year()) * 10000 +
+            static_cast<unsigned int>(date.month() * 100 + date.day()),
+        static_cast<unsigned int>(clock.hour() * 10000 + clock.minute() * 100 + clock.second()),
+    };
 }
 
 QDateTime unpackDateTime(unsigned int date, unsigned int time) {

@@ -108,11 +108,11 @@ private:
 
 /// @p time, or the current date and time when it is invalid.
 [[nodiscard]] QDateTime validOrNow(const QDateTime& time);
-/// year * 10000 + month * 100 + day
-[[nodiscard]] unsigned int packDate(const QDateTime& time);
-/// hour * 10000 + minute * 100 + second
-[[nodiscard]] unsigned int packTime(const QDateTime& time);
-/// Invalid when the numbers make no date and time.
+/// Parameters of a packet: year * 10000 + month * 100 + day, and hour * 10000 + minute * 100 +
+/// second.
+[[nodiscard]] std::array<unsigned int, ClNuboCommand::PARAM_COUNT> packDateTime(
+    const QDateTime& time);
+/// The way back; invalid when the numbers make no date and time.
 [[nodiscard]] QDateTime unpackDateTime(unsigned int date, unsigned int time);
 /// As in "2014/03/09 07:05:01".
 [[nodiscard]] QString dateTimeToText(const QDateTime& time);

@@ -61,9 +61,9 @@ class ClNuboCommandGetRecState               : public ClNuboGet<0x5010> {};
 class ClNuboCommandGetIntervalTimer          : public ClNuboGet<0x5011> {};
 class ClNuboCommandSetIntervalTimer          : public ClNuboPacket<0x5811> {
 public:
-    /// Two times in seconds follow the switch.
-    ClNuboCommandSetIntervalTimer(bool isUsed, unsigned int first, unsigned int second)
-        : ClNuboPacket({0, first, second}) { setParam(1, boolToValue(isUsed)); }
+    /// Times in seconds.
+    ClNuboCommandSetIntervalTimer(bool isUsed, unsigned int startDelay, unsigned int interval)
+        : ClNuboPacket({0, startDelay, interval}) { setParam(1, boolToValue(isUsed)); }
 };
 class ClNuboCommandGetRecImagesize           : public ClNuboGetSize<0x5012, REC_SIZES> {};
 class ClNuboCommandSetRecImagesize           : public ClNuboSetSize<0x5812, REC_SIZES> { using ClNuboSetSize::ClNuboSetSize; };
@@ -101,7 +101,7 @@ class ClNuboCommandSetTime                   : public ClNuboPacket<0x5831> {
 public:
     /// An invalid @p time stands for now.
     explicit ClNuboCommandSetTime(const QDateTime& time)
-        : ClNuboPacket({packDate(validOrNow(time)), packTime(validOrNow(time))}) {}
+        : ClNuboPacket(packDateTime(validOrNow(time))) {}
 };
 class ClNuboCommandGetTimezone               : public ClNuboGet<0x5032> {};
 class ClNuboCommandSetTimezone               : public ClNuboSetNumber<0x5832> { using ClNuboSetNumber::ClNuboSetNumber; };

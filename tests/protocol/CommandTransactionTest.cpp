@@ -36,6 +36,7 @@ private Q_SLOTS:
 
     void threeReadsWaitForTheAnswer_data();
     void threeReadsWaitForTheAnswer();
+    void slowSilenceKeepsTheFullTimeout();
     void everyErrorOfTheCameraIsTheResult_data();
     void everyErrorOfTheCameraIsTheResult();
 
@@ -154,6 +155,17 @@ void CommandTransactionTest::threeReadsWaitForTheAnswer() {
     QCOMPARE(ClNuboTransactions(port, port.stop()).command(command, TIMEOUT_MS), result);
     QCOMPARE(port.complaint(), QString());
     QCOMPARE(port.readTimeouts(), QList<int>(reads, TIMEOUT_MS));
+}
+
+void CommandTransactionTest::slowSilenceKeepsTheFullTimeout() {
+    constexpr int SHORT_TIMEOUT_MS = 20;
+    constexpr int OVERDUE_MS = 2 * SHORT_TIMEOUT_MS;
+    const stScriptRow silent = fails(0xEF03).after(OVERDUE_MS);
+    ScriptedPort port({writes(GET_BATTERY), silent, silent, silent});
+    ClNuboCommandGetBatteryState command;
+    QCOMPARE(ClNuboTransactions(port, port.stop()).command(command, SHORT_TIMEOUT_MS), 0xEF03);
+    QCOMPARE(port.complaint(), QString());
+    QCOMPARE(port.readTimeouts(), QList<int>(3, SHORT_TIMEOUT_MS));
 }
 
 void CommandTransactionTest::everyErrorOfTheCameraIsTheResult_data() {

@@ -17,6 +17,8 @@ public:
     [[nodiscard]] void* camera() { return &m_port; }
     [[nodiscard]] const ScriptedPort& port() const { return m_port; }
     [[nodiscard]] const QList<VX_CMD>& messages() const { return m_messages; }
+    /// The controllers that raw data was asked of.
+    [[nodiscard]] const QList<void*>& rawReads() const { return m_rawReads; }
 
     unsigned short execNuboCommand(ClNuboCommand& command, ClUsbController* controller,
                                    int timeoutMs) override {
@@ -37,6 +39,7 @@ public:
                                               QList<stAccesspointInfo>* list) override {
         return isLive(controller) ? m_transactions.accesspointList(*list) : USB_ERROR_BAD_PARAM;
     }
+    void readRawData(ClUsbController* controller) override { m_rawReads.append(controller); }
     void sendMessage(const VX_CMD& message) override { m_messages.append(message); }
     void sendCommunicationResult(void* controller, QUuid command, unsigned short result) override {
         m_messages.append(communicationResult(controller, command, result));
@@ -48,4 +51,5 @@ private:
     ScriptedPort m_port;
     ClNuboTransactions m_transactions{m_port, m_port.stop()};
     QList<VX_CMD> m_messages;
+    QList<void*> m_rawReads;
 };

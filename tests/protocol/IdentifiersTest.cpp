@@ -2,6 +2,7 @@
 #include "protocol/CommandIdentifiers.h"
 #include "tests/protocol/IdentifierNames.h"
 
+#include <QCryptographicHash>
 #include <QSet>
 #include <QTest>
 
@@ -18,8 +19,9 @@ private Q_SLOTS:
     void theWifiSwitchHasTwoIdentifiersOfOneName();
     void constantsAndTableAgree_data();
     void constantsAndTableAgree();
-    void valuesNeverChange_data();
-    void valuesNeverChange();
+    void constantsHaveTheirValues_data();
+    void constantsHaveTheirValues();
+    void noValueEverChanges();
     void unknownIdentifiersAreNamedByTheirText_data();
     void unknownIdentifiersAreNamedByTheirText();
 };
@@ -103,7 +105,7 @@ void IdentifiersTest::constantsAndTableAgree() {
     QCOMPARE(getUsbCommand(constant), QString::fromLatin1(QTest::currentDataTag()));
 }
 
-void IdentifiersTest::valuesNeverChange_data() {
+void IdentifiersTest::constantsHaveTheirValues_data() {
     QTest::addColumn<QUuid>("constant");
     QTest::addColumn<QString>("text");
     const auto row = [](const QUuid& constant, const char* text) {
@@ -118,10 +120,19 @@ void IdentifiersTest::valuesNeverChange_data() {
     row(USB_NUBO_CMD_EXEC_FWUPDATE, "{ac26a0b9-666d-4ce4-a768-2ddf665ab923}");
 }
 
-void IdentifiersTest::valuesNeverChange() {
+void IdentifiersTest::constantsHaveTheirValues() {
     QFETCH(QUuid, constant);
     QFETCH(QString, text);
     QCOMPARE(constant.toString(), text);
+}
+
+void IdentifiersTest::noValueEverChanges() {
+    QCryptographicHash hash(QCryptographicHash::Sha256);
+    for (const stCommandIdentifier& identifier : commandIdentifiers()) {
+        hash.addData(identifier.uuid.toString().toLatin1());
+    }
+    QCOMPARE(hash.result().toHex(),
+             QByteArray("7aaec6ae9037524fd58a7d7a26fbd89699aa3b2b410d0235078519d73ff5f895"));
 }
 
 void IdentifiersTest::unknownIdentifiersAreNamedByTheirText_data() {

@@ -5,6 +5,7 @@
 #include <QDialogButtonBox>
 #include <QLabel>
 #include <QMessageBox>
+#include <QPointer>
 #include <QPushButton>
 #include <QTest>
 
@@ -14,14 +15,12 @@ namespace {
 
 constexpr int LOOK_INTERVAL_MS = 2;
 
-QList<QAbstractButton*> buttonsOf(const QWidget& box)
-{
+QList<QAbstractButton*> buttonsOf(const QWidget& box) {
     const auto* row = box.findChild<QDialogButtonBox*>();
     return row == nullptr ? QList<QAbstractButton*>() : row->buttons();
 }
 
-void clickButton(QWidget& box, const QList<QDialogButtonBox::ButtonRole>& roles)
-{
+void clickButton(QWidget& box, const QList<QDialogButtonBox::ButtonRole>& roles) {
     const auto* row = box.findChild<QDialogButtonBox*>();
     for (QAbstractButton* button : buttonsOf(box)) {
         if (roles.contains(row->buttonRole(button))) {
@@ -33,8 +32,7 @@ void clickButton(QWidget& box, const QList<QDialogButtonBox::ButtonRole>& roles)
     box.close();
 }
 
-QString textOf(const QWidget& box)
-{
+QString textOf(const QWidget& box) {
     if (const auto* message = qobject_cast<const QMessageBox*>(&box)) {
         return message->text();
     }
@@ -42,8 +40,7 @@ QString textOf(const QWidget& box)
     return label == nullptr ? QString() : label->text();
 }
 
-stModalBox read(const QWidget& box)
-{
+stModalBox read(const QWidget& box) {
     QList<QAbstractButton*> buttons = buttonsOf(box);
     std::ranges::sort(buttons, {}, [&box](const QAbstractButton* button) {
         return button->mapTo(&box, QPoint()).x();
@@ -57,26 +54,24 @@ stModalBox read(const QWidget& box)
 
 }  // namespace
 
-void acceptBox(QWidget& box)
-{
+void acceptBox(QWidget& box) {
     clickButton(box, {QDialogButtonBox::AcceptRole, QDialogButtonBox::YesRole});
 }
 
-void rejectBox(QWidget& box)
-{
+void rejectBox(QWidget& box) {
     clickButton(box, {QDialogButtonBox::RejectRole, QDialogButtonBox::NoRole});
 }
 
-void escapeBox(QWidget& box) { QTest::keyClick(&box, Qt::Key_Escape); }
+void escapeBox(QWidget& box) {
+    QTest::keyClick(&box, Qt::Key_Escape);
+}
 
-BoxUser::BoxUser(Action action) : m_action(std::move(action))
-{
+BoxUser::BoxUser(Action action) : m_action(std::move(action)) {
     QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { look(); });
     m_timer.start(LOOK_INTERVAL_MS);
 }
 
-void BoxUser::look()
-{
+void BoxUser::look() {
     QWidget* box = QApplication::activeModalWidget();
     // An action that waits runs the event loop, and with it this timer.
     if (box == nullptr || !box->isVisible() || m_isActing) {
@@ -84,12 +79,16 @@ void BoxUser::look()
     }
     m_isActing = true;
     m_boxes.append(read(*box));
+    const QPointer<QWidget> opened = box;
     m_action(*box);
+    // An action that has failed leaves the box open, and the test waiting.
+    if (opened != nullptr) {
+        opened->close();
+    }
     m_isActing = false;
 }
 
-QStringList BoxUser::texts() const
-{
+QStringList BoxUser::texts() const {
     QStringList texts;
     for (const stModalBox& box : m_boxes) {
         texts.append(box.text);
