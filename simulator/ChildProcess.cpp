@@ -19,6 +19,7 @@ constexpr int kSignalExitBase = 128;
 std::string ChildProcess::start(const std::vector<std::string>& command) {
     std::vector<std::string> words = command;
     std::vector<char*> arguments;
+    arguments.reserve(words.size() + 1);
     for (std::string& word : words) {
         arguments.push_back(word.data());
     }

@@ -74,7 +74,7 @@ std::string runPlug(Call& call) {
 }
 
 std::string runUnplug(Call& call) {
-    const std::string failure = takeCamera(call);
+    std::string failure = takeCamera(call);
     if (!failure.empty()) {
         return failure;
     }

@@ -26,6 +26,7 @@ struct DeviceLog {
     std::deque<TransferRecord> transfers;  ///< the latest kTransfersKept, in order of their end
     std::uint64_t transferCount = 0;       ///< all finished transfers
     std::uint64_t commandCount = 0;        ///< OUT transfers that carried a command
+    std::size_t pendingTransfers = 0;      ///< submitted and not yet finished
     int openHandles = 0;                   ///< file handles on the node
     int timesOpened = 0;
     int timesPlugged = 0;

@@ -43,7 +43,7 @@ TransferQueue::Outcome TransferQueue::submit(Transfer transfer) {
             case FaultEffect::LeaveBefore:
                 return {ENODEV, true};
             case FaultEffect::Leave:
-                m_pending.push_back(std::move(transfer));
+                add(std::move(transfer));
                 return {0, true};
             case FaultEffect::Finish:
                 finish(std::move(transfer), info.code);
@@ -60,7 +60,7 @@ TransferQueue::Outcome TransferQueue::submit(Transfer transfer) {
                 break;
         }
     }
-    m_pending.push_back(std::move(transfer));
+    add(std::move(transfer));
     serve();
     return {};
 }
@@ -154,16 +154,22 @@ void TransferQueue::deliver(Transfer transfer, std::vector<std::uint8_t> packet)
     finish(std::move(transfer), status, moved);
 }
 
+void TransferQueue::add(Transfer transfer) {
+    m_pending.push_back(std::move(transfer));
+    m_record->log.pendingTransfers = m_pending.size();
+}
+
 Transfer TransferQueue::take(Position position) {
     Transfer transfer = std::move(*position);
     m_pending.erase(position);
+    m_record->log.pendingTransfers = m_pending.size();
     return transfer;
 }
 
 void TransferQueue::finish(Transfer transfer, int status, std::size_t moved) {
-    usbdevfs_urb& urb = transfer.header();
-    urb.status = status;
-    urb.actual_length = static_cast<int>(moved);
+    transfer.status = status;
+    transfer.moved = moved;
+    const usbdevfs_urb& urb = transfer.header();
     if (urb.type == USBDEVFS_URB_TYPE_BULK) {
         m_record->log.addTransfer({urb.endpoint, transfer.bytes().size(), moved, status});
     }
@@ -195,11 +201,14 @@ std::optional<Transfer> TransferQueue::reap(UMockdevIoctlClient* client) {
     }
     Transfer transfer = std::move(finished->second.front());
     finished->second.pop_front();
+    transfer.header().status = transfer.status;
+    transfer.header().actual_length = static_cast<int>(transfer.moved);
     return transfer;
 }
 
 void TransferQueue::forget(UMockdevIoctlClient* client) {
     std::erase_if(m_pending, [&](const Transfer& transfer) { return transfer.client == client; });
+    m_record->log.pendingTransfers = m_pending.size();
     m_finished.erase(client);
 }
 

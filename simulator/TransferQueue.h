@@ -33,6 +33,8 @@ struct Transfer {
     bool lost = false;           ///< served without the device hearing of it
     Clock::time_point notBefore{};
     std::vector<Fault> rewrites{};
+    int status = 0;         ///< how it has finished
+    std::size_t moved = 0;  ///< bytes
 
     usbdevfs_urb& header() const { return *reinterpret_cast<usbdevfs_urb*>(urb->data); }
     std::span<std::uint8_t> bytes() const;
@@ -68,7 +70,8 @@ public:
     /// memory, with -ENOENT; false when there is none.
     bool discard(UMockdevIoctlClient* client, unsigned long address);
 
-    /// The client's oldest finished transfer.
+    /// The client's oldest finished transfer, with its outcome written into the client's memory:
+    /// only here, because the testbed's thread may be reading that memory until then.
     std::optional<Transfer> reap(UMockdevIoctlClient* client);
 
     /// Drops all transfers of a client that has closed its handle.
@@ -84,6 +87,7 @@ private:
     bool serveIn(Position position);
     void deliver(Transfer transfer, std::vector<std::uint8_t> packet);
     std::optional<std::vector<std::uint8_t>> nextPacket();
+    void add(Transfer transfer);
     Transfer take(Position position);
 
     std::shared_ptr<DeviceRecord> m_record;

@@ -17,6 +17,8 @@
 
 namespace nubo::simulator {
 
+class BusState;
+
 /// Names a device on the bus. It stays the same when the device is unplugged and plugged in again.
 struct DeviceId {
     int value = 0;  ///< counts from 1; 0 names no device
@@ -84,8 +86,7 @@ public:
     void setNodeAccess(DeviceId id, NodeAccess access);
 
 private:
-    class State;
-    std::unique_ptr<State> m_state;
+    std::unique_ptr<BusState> m_state;
 };
 
 }  // namespace nubo::simulator

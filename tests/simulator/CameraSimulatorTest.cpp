@@ -68,6 +68,7 @@ private Q_SLOTS:
     void endlessLineIsRefused();
     void scriptRunsInOrderAndReports();
     void missingScriptIsAnError();
+    void typedLinesAreAnsweredOnTheTerminal();
     void leftOverSocketIsReplacedAndOtherFilesAreKept();
     void askedToEndItEndsItsCommandFirst_data();
     void askedToEndItEndsItsCommandFirst();
@@ -360,7 +361,6 @@ void CameraSimulatorTest::scriptRunsInOrderAndReports() {
     script.close();
     QElapsedTimer timer;
     timer.start();
-    // The command waits for the socket's last answer by asking until the camera is unplugged.
     m_process->start(program(),
                      {u"--script"_s, script.fileName(), u"--"_s, QStringLiteral(PROBE_PROGRAM)});
     QTRY_COMPARE_WITH_TIMEOUT(probe("count"), QByteArray("0"), kPatience);
@@ -377,6 +377,16 @@ void CameraSimulatorTest::missingScriptIsAnError() {
     const Run run = runSimulator({u"--script"_s, path(u"nothing"_s), u"--"_s, u"true"_s});
     QCOMPARE(run.exitCode, 2);
     QVERIFY(run.errors.contains("No such file"));
+}
+
+void CameraSimulatorTest::typedLinesAreAnsweredOnTheTerminal() {
+    m_process->start(program(), {u"--interactive"_s, u"--"_s, u"sleep"_s, u"60"_s});
+    QCOMPARE(probe("get battery"), QByteArray("ok 85"));
+    QCOMPARE(probe("dance"), QByteArray("error: no command \"dance\", try \"help\""));
+    m_process->closeWriteChannel();
+    m_process->terminate();
+    QVERIFY(m_process->waitForFinished(kPatience));
+    QCOMPARE(m_process->exitCode(), 128 + SIGTERM);
 }
 
 void CameraSimulatorTest::leftOverSocketIsReplacedAndOtherFilesAreKept() {

@@ -10,9 +10,10 @@ namespace nubo::simulator {
 
 namespace {
 
-// Type, id 0x1234, length 32; code and reserved word; five parameters.
+// Type, id 0x1234, length 32, code and reserved word, and five parameters.
 const QByteArray kNoParameters = "00000000 00000000 00000000 00000000 00000000";
-const QByteArray kSuccess = "0100 3412 20000000 0000 0000 " + kNoParameters;
+const QByteArray kPlain = "0100 3412 20000000 0000 0000 ";
+const QByteArray kSuccess = kPlain + kNoParameters;
 
 QByteArray command(const QByteArray& code) {
     return "0000 3412 20000000 " + code + " 0000 " + kNoParameters;
@@ -64,37 +65,27 @@ void VirtualCameraTest::answersWithGoldenBytes_data() {
     QTest::addColumn<QByteArrayList>("replies");
 
     QTest::newRow("battery") << command("3750")
-                             << QByteArrayList{
-                                    "0100 3412 20000000 0000 0000"
-                                    "01000000 55000000 00000000 00000000 00000000"};
+                             << QByteArrayList{kPlain +
+                                               "01000000 55000000 00000000 00000000 00000000"};
     QTest::newRow("SD card") << command("3950")
-                             << QByteArrayList{
-                                    "0100 3412 20000000 0000 0000"
-                                    "00000000 002c7600 00000000 66a21700 03000000"};
-    QTest::newRow("Wi-Fi information") << command("0150")
-                                       << QByteArrayList{
-                                              "0100 3412 20000000 0000 0000"
-                                              "02000000 00000000 00000000 00000000 00000000",
-                                              "0100 3412 26000000 0000 0000 00000000"
-                                              "07000000 486172626f7572 07000000 486172626f7572",
-                                              "0100 3412 20000000 0000 0000"
-                                              "00000000 06000000 04000000 00000000 48000000"};
-    QTest::newRow("access points") << command("0250")
-                                   << QByteArrayList{
-                                          "0100 3412 20000000 0000 0000"
-                                          "03000000 00000000 00000000 00000000 00000000",
-                                          "0100 3412 1f000000 0000 0000 01000000"
-                                          "07000000 486172626f7572 00000000",
-                                          "0100 3412 20000000 0000 0000"
-                                          "01000000 06000000 04000000 00000000 48000000",
-                                          "0100 3412 20000000 0000 0000 02000000"
-                                          "08000000 576f726b73686f70 00000000",
-                                          "0100 3412 20000000 0000 0000"
-                                          "02000000 01000000 02000000 00000000 30000000",
-                                          "0100 3412 1d000000 0000 0000 03000000"
-                                          "05000000 4775657374 00000000",
-                                          "0100 3412 20000000 0000 0000"
-                                          "03000000 0b000000 00000000 00000000 17000000"};
+                             << QByteArrayList{kPlain +
+                                               "00000000 002c7600 00000000 66a21700 03000000"};
+    QTest::newRow("Wi-Fi information")
+        << command("0150")
+        << QByteArrayList{kPlain + "02000000 00000000 00000000 00000000 00000000",
+                          "0100 3412 26000000 0000 0000 00000000 07000000 486172626f7572 07000000 "
+                          "486172626f7572",
+                          kPlain + "00000000 06000000 04000000 00000000 48000000"};
+    QTest::newRow("access points")
+        << command("0250")
+        << QByteArrayList{
+               kPlain + "03000000 00000000 00000000 00000000 00000000",
+               "0100 3412 1f000000 0000 0000 01000000 07000000 486172626f7572 00000000",
+               kPlain + "01000000 06000000 04000000 00000000 48000000",
+               "0100 3412 20000000 0000 0000 02000000 08000000 576f726b73686f70 00000000",
+               kPlain + "02000000 01000000 02000000 00000000 30000000",
+               "0100 3412 1d000000 0000 0000 03000000 05000000 4775657374 00000000",
+               kPlain + "03000000 0b000000 00000000 00000000 17000000"};
     QTest::newRow("format") << command("0368") << QByteArrayList{kSuccess};
     QTest::newRow("reset settings") << command("0468") << QByteArrayList{kSuccess};
     QTest::newRow("restart") << command("0268") << QByteArrayList{kSuccess};

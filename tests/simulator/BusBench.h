@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QElapsedTimer>
+#include <chrono>
+#include <memory>
+#include <utility>
+
+#include "simulator/VirtualUsbBus.h"
+#include "tests/simulator/ScriptedDevice.h"
+#include "tests/simulator/UsbHost.h"
+
+namespace nubo::simulator {
+
+/// A bus, a device to plug in, and a libusb that looks at the bus; destroyed in the right order.
+struct BusBench {
+    static constexpr std::chrono::seconds kPatience{5};
+
+    std::shared_ptr<ScriptedDevice> device = std::make_shared<ScriptedDevice>();
+    VirtualUsbBus bus{};
+    UsbContext context = newUsbContext();
+
+    DeviceId plug(const DeviceOptions& options = {}) { return bus.plug(device, options); }
+
+    /// A handle on the device, as soon as libusb knows of it; null when it cannot be opened.
+    UsbHandle open(DeviceId id) const {
+        const int number = bus.deviceNumber(id).value_or(0);
+        libusb_device_handle* handle = nullptr;
+        passUntil([&](const UsbDeviceList& list) {
+            for (int i = 0; i < list.count(); ++i) {
+                if (libusb_get_device_address(list.at(i)) == number) {
+                    libusb_open(list.at(i), &handle);
+                    return true;
+                }
+            }
+            return false;
+        });
+        return UsbHandle(handle);
+    }
+
+    /// A handle that has claimed interface 0, or null.
+    UsbHandle openClaimed(DeviceId id) const {
+        UsbHandle handle = open(id);
+        const bool claimed = handle && libusb_claim_interface(handle.get(), 0) == 0;
+        return claimed ? std::move(handle) : nullptr;
+    }
+
+    /// Waits until libusb knows of so many devices.
+    bool deviceCountBecomes(int count) const {
+        return passUntil([&](const UsbDeviceList& list) { return list.count() == count; });
+    }
+
+private:
+    /// Searches the bus until `condition` holds; each pass makes libusb take the news.
+    template <typename Condition>
+    bool passUntil(Condition condition) const {
+        QElapsedTimer timer;
+        timer.start();
+        bool reached = false;
+        while (!reached && std::chrono::milliseconds(timer.elapsed()) < kPatience) {
+            reached = condition(UsbDeviceList(context));
+        }
+        return reached;
+    }
+};
+
+inline ScriptedDevice::Bytes pattern(std::size_t size) {
+    ScriptedDevice::Bytes bytes(size);
+    std::uint8_t value = 0;
+    for (std::uint8_t& byte : bytes) {
+        byte = value;
+        value = static_cast<std::uint8_t>(value + 7);
+    }
+    return bytes;
+}
+
+/// For VirtualUsbBus::waitForLog.
+inline bool isWaiting(const DeviceLog& log) {
+    return log.pendingTransfers == 1;
+}
+
+}  // namespace nubo::simulator
