@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "ui/Artwork.h"
 
+#include <QtCore/qapplicationstatic.h>
 #include <QGuiApplication>
 #include <QHash>
 #include <QImage>
 #include <QPainter>
-#include <QtCore/qapplicationstatic.h>
 
 #include <utility>
 
@@ -45,9 +45,7 @@ QPixmap artwork(const QString& path, qreal devicePixelRatio) {
     if (const auto known = pictures->constFind(key); known != pictures->cend()) {
         return *known;
     }
-    const QPixmap picture = decode(path, key.second);
-    pictures->insert(key, picture);
-    return picture;
+    return *pictures->insert(key, decode(path, key.second));
 }
 
 QPixmap artwork(const QString& path) {

@@ -19,5 +19,6 @@ class QRect;
 /// The picture for the sharpest screen, for whoever hands it on before knowing the screen: labels.
 [[nodiscard]] QPixmap artwork(const QString& path);
 
-/// Draws the part @p area of @p picture, which lies at its natural size at the origin of the painter.
+/// Draws the part @p area of @p picture, which lies at its natural size at the origin of the
+/// painter.
 void drawArtwork(QPainter& painter, const QRect& area, const QPixmap& picture);

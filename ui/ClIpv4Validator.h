@@ -6,7 +6,8 @@
 
 /// Guards the typing of an IPv4 address: refuses what cannot become one, moves on to the next octet
 /// after three digits and takes that dot back when it is deleted. It never answers Intermediate;
-/// whether the address is complete is a matter of validIpv4().
+/// whether the address is complete, and free of the signs and blanks that QString::toInt() reads
+/// over, is a matter of validIpv4().
 ///
 /// It remembers the text before, so one validator serves one line edit. Main thread.
 class ClIpv4Validator : public QValidator {

@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "ui/ClRollOverToolBtn.h"
 
+#include "ui/ClAccessibleRollOver.h"
+
 #include <QBitmap>
 #include <QPaintEvent>
 #include <QPainter>
 
 ClRollOverToolBtn::ClRollOverToolBtn(QWidget* parent) : QToolButton(parent) {
     setAttribute(Qt::WA_Hover);
+    ClAccessibleRollOver::install();
 }
 
 void ClRollOverToolBtn::setImgShow(const QIcon& imgShow) {

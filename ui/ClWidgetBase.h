@@ -23,8 +23,8 @@ public:
     /// nothing here.
     virtual void showInit(bool fromPolling);
 
-    /// Has showInit(true) called every 5000 ms while the page is visible and no modal box is open. A
-    /// timer that already runs keeps its phase.
+    /// Has showInit(true) called every 5000 ms while the page is visible and no modal box is open.
+    /// A timer that already runs keeps its phase.
     virtual void startPolling();
     virtual void stopPolling();
 

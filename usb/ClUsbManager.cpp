@@ -112,6 +112,7 @@ int ClUsbManager::openDevice() {
 
 void ClUsbManager::closeDevice() {
     m_controllerCount = 0;
+    m_connectWaitTimers.clear();
     while (!m_controllerList.empty()) {
         const std::unique_ptr<ClUsbController> controller = std::move(m_controllerList.front());
         m_controllerList.erase(m_controllerList.begin());

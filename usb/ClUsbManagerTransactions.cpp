@@ -124,5 +124,8 @@ void ClUsbManager::sendCommunicationResult(void* controller, QUuid command, unsi
 }
 
 void ClUsbManager::slotReceiveCommand(const VX_CMD& clCommand) {
-    dispatchRequest(clCommand, *this);
+    // Requests that have piled up are still delivered after quit(): nobody waits for them any more.
+    if (!m_isTerminating) {
+        dispatchRequest(clCommand, *this);
+    }
 }

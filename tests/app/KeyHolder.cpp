@@ -6,8 +6,7 @@
 
 #include <cstdio>
 
-int main(int argc, char** argv)
-{
+int main(int argc, char** argv) {
     const QCoreApplication application(argc, argv);
     QSharedMemory segment(QCoreApplication::arguments().value(1));
     if (!segment.create(1)) {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// The program with somebody before it who writes down what there is to see, one "what: text" a line,
-// and closes what has opened. The exit code is the program's.
+// The program with somebody before it who writes down what there is to see, one "what: text" a
+// line, and closes what has opened. The exit code is the program's.
 //
 //   --without-catalogue  the application's pictures and catalogues are missing
 //   --exit-code N        ends the event loop with N instead of closing the window
@@ -23,29 +23,34 @@
 #include <cstdio>
 
 // A resource is unregistered from outside any namespace.
-static void dropCatalogue() { Q_CLEANUP_RESOURCE(main); }
+static void dropCatalogue() {
+    Q_CLEANUP_RESOURCE(main);
+}
 
 namespace {
 
 constexpr int LOOK_INTERVAL_MS = 5;
 
-void say(const char* what, const QString& text)
-{
+void say(const char* what, const QString& text) {
     std::printf("%s: %s\n", what, qUtf8Printable(text));
     std::fflush(stdout);
 }
 
-void sayCommon()
-{
+/// A widget takes the font of its class when it is polished, before it is first shown.
+int fontPixels(QWidget&& widget) {
+    widget.ensurePolished();
+    return widget.font().pixelSize();
+}
+
+void sayCommon() {
     say("locale", QLocale::languageToString(QLocale().language()));
     say("country", QCoreApplication::translate("QObject", "Japan"));
-    say("label pixels", QString::number(QLabel().font().pixelSize()));
-    say("line edit pixels", QString::number(QLineEdit().font().pixelSize()));
+    say("label pixels", QString::number(fontPixels(QLabel())));
+    say("line edit pixels", QString::number(fontPixels(QLineEdit())));
 }
 
 /// The main window, visible or not.
-ClMainWidget* mainWindow()
-{
+ClMainWidget* mainWindow() {
     for (QWidget* widget : QApplication::topLevelWidgets()) {
         if (auto* window = qobject_cast<ClMainWidget*>(widget)) {
             return window;
@@ -54,18 +59,16 @@ ClMainWidget* mainWindow()
     return nullptr;
 }
 
-void answerBox(QMessageBox& box)
-{
+void answerBox(QMessageBox& box) {
     say("box title", box.windowTitle());
     say("box text", box.text());
-    say("window beside the box", mainWindow() == nullptr ? QStringLiteral("no")
-                                                         : QStringLiteral("yes"));
+    say("window beside the box",
+        mainWindow() == nullptr ? QStringLiteral("no") : QStringLiteral("yes"));
     sayCommon();
     box.button(QMessageBox::Ok)->click();
 }
 
-void answerWindow(ClMainWidget& window)
-{
+void answerWindow(ClMainWidget& window) {
     sayCommon();
     const QStringList arguments = QCoreApplication::arguments();
     if (arguments.contains(QLatin1String("--stay"))) {
@@ -80,8 +83,7 @@ void answerWindow(ClMainWidget& window)
     say("window title", window.windowTitle());
 }
 
-void look(QTimer& timer)
-{
+void look(QTimer& timer) {
     if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
         answerBox(*box);
     } else if (ClMainWidget* window = mainWindow(); window != nullptr && window->isVisible()) {
@@ -90,8 +92,7 @@ void look(QTimer& timer)
     }
 }
 
-void startLooking()
-{
+void startLooking() {
     auto* timer = new QTimer(QCoreApplication::instance());
     QObject::connect(timer, &QTimer::timeout, timer, [timer] { look(*timer); });
     timer->start(LOOK_INTERVAL_MS);
@@ -101,8 +102,7 @@ void startLooking()
 
 Q_COREAPP_STARTUP_FUNCTION(startLooking)
 
-int main(int argc, char** argv)
-{
+int main(int argc, char** argv) {
     if (argc > 1 && qstrcmp(argv[1], "--without-catalogue") == 0) {
         dropCatalogue();
     }

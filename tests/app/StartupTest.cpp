@@ -19,8 +19,7 @@ const QString KEY = u"NuBo_USB_Communication"_s;
 /// What the probe has to say, by the word before the colon.
 using Said = QMap<QString, QString>;
 
-Said parse(const QByteArray& output)
-{
+Said parse(const QByteArray& output) {
     Said said;
     for (const QString& line : QString::fromUtf8(output).split(u'\n', Qt::SkipEmptyParts)) {
         said.insert(line.section(u": "_s, 0, 0), line.section(u": "_s, 1));
@@ -31,8 +30,7 @@ Said parse(const QByteArray& output)
 /// A program that ends when this object does.
 class Program : public QProcess {
 public:
-    Program(const char* path, const QStringList& arguments, const QString& language = u"en_US"_s)
-    {
+    Program(const char* path, const QStringList& arguments, const QString& language = u"en_US"_s) {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         for (const QString& name : {u"LANG"_s, u"LANGUAGE"_s, u"LC_MESSAGES"_s}) {
             environment.remove(name);
@@ -43,8 +41,7 @@ public:
         start(QString::fromLocal8Bit(path), arguments);
     }
 
-    ~Program() override
-    {
+    ~Program() override {
         closeWriteChannel();
         if (!waitForFinished(PATIENCE_MS)) {
             kill();
@@ -53,8 +50,7 @@ public:
     }
 
     /// Reads on until a line begins with @p word; false when none comes.
-    bool waitForLine(const QByteArray& word)
-    {
+    bool waitForLine(const QByteArray& word) {
         while (!m_output.startsWith(word) && !m_output.contains('\n' + word)) {
             if (!waitForReadyRead(PATIENCE_MS)) {
                 return false;
@@ -64,8 +60,7 @@ public:
         return true;
     }
 
-    bool finish()
-    {
+    bool finish() {
         if (state() != NotRunning && !waitForFinished(PATIENCE_MS)) {
             return false;
         }
@@ -82,9 +77,7 @@ private:
 class Probe : public Program {
 public:
     explicit Probe(const QStringList& arguments = {}, const QString& language = u"en_US"_s)
-        : Program(STARTUP_PROBE, arguments, language)
-    {
-    }
+        : Program(STARTUP_PROBE, arguments, language) {}
 };
 
 /// Another program that holds the key.
@@ -94,8 +87,7 @@ public:
 };
 
 /// Whether there is a segment under the key, held or left behind. Changes nothing about it.
-bool segmentExists()
-{
+bool segmentExists() {
     QSharedMemory segment(KEY);
     return !segment.create(1) && segment.error() == QSharedMemory::AlreadyExists;
 }
@@ -126,8 +118,7 @@ private:
     QTemporaryDir m_directory;
 };
 
-void StartupTest::initTestCase()
-{
+void StartupTest::initTestCase() {
     // A key belongs to a file in the temporary directory: with a directory of its own, this test
     // meets no other copy of the program, and disturbs none.
     QVERIFY(m_directory.isValid());
@@ -135,15 +126,13 @@ void StartupTest::initTestCase()
     QCOMPARE(QDir::tempPath(), m_directory.path());
 }
 
-void StartupTest::cleanup()
-{
+void StartupTest::cleanup() {
     // Whoever detaches last removes the segment.
     QSharedMemory leftBehind(KEY);
     leftBehind.attach();
 }
 
-void StartupTest::theSystemLanguageChoosesCatalogueAndLocale_data()
-{
+void StartupTest::theSystemLanguageChoosesCatalogueAndLocale_data() {
     QTest::addColumn<QString>("language");
     QTest::addColumn<QString>("locale");
     QTest::addColumn<QString>("title");
@@ -155,8 +144,7 @@ void StartupTest::theSystemLanguageChoosesCatalogueAndLocale_data()
     }
 }
 
-void StartupTest::theSystemLanguageChoosesCatalogueAndLocale()
-{
+void StartupTest::theSystemLanguageChoosesCatalogueAndLocale() {
     QFETCH(QString, language);
     Probe probe({}, language);
     QVERIFY(probe.finish());
@@ -165,8 +153,7 @@ void StartupTest::theSystemLanguageChoosesCatalogueAndLocale()
     QTEST(probe.said().value(u"country"_s), "country");
 }
 
-void StartupTest::theStartIsRefusedWhileAnotherProgramHoldsTheKey_data()
-{
+void StartupTest::theStartIsRefusedWhileAnotherProgramHoldsTheKey_data() {
     QTest::addColumn<QString>("language");
     QTest::addColumn<QString>("title");
     QTest::addColumn<QString>("text");
@@ -179,8 +166,7 @@ void StartupTest::theStartIsRefusedWhileAnotherProgramHoldsTheKey_data()
     }
 }
 
-void StartupTest::theStartIsRefusedWhileAnotherProgramHoldsTheKey()
-{
+void StartupTest::theStartIsRefusedWhileAnotherProgramHoldsTheKey() {
     QFETCH(QString, language);
     KeyHolder holder;
     QVERIFY(holder.waitForLine("held"));
@@ -194,8 +180,7 @@ void StartupTest::theStartIsRefusedWhileAnotherProgramHoldsTheKey()
     QCOMPARE(probe.exitCode(), REFUSED);
 }
 
-void StartupTest::aHolderKeepsTheKeyThroughARefusedStart()
-{
+void StartupTest::aHolderKeepsTheKeyThroughARefusedStart() {
     KeyHolder holder;
     QVERIFY(holder.waitForLine("held"));
     for (int start = 0; start < 2; ++start) {
@@ -209,8 +194,7 @@ void StartupTest::aHolderKeepsTheKeyThroughARefusedStart()
     QVERIFY(!segmentExists());
 }
 
-void StartupTest::theKeyOfACrashedHolderDoesNotLockTheUserOut()
-{
+void StartupTest::theKeyOfACrashedHolderDoesNotLockTheUserOut() {
     KeyHolder holder;
     QVERIFY(holder.waitForLine("held"));
     holder.kill();
@@ -225,8 +209,7 @@ void StartupTest::theKeyOfACrashedHolderDoesNotLockTheUserOut()
     QVERIFY(!segmentExists());
 }
 
-void StartupTest::theKeyIsFreeOnceTheWindowStands()
-{
+void StartupTest::theKeyIsFreeOnceTheWindowStands() {
     Probe first({u"--stay"_s});
     QVERIFY(first.waitForLine("window title"));
     QVERIFY(!segmentExists());
@@ -242,8 +225,7 @@ void StartupTest::theKeyIsFreeOnceTheWindowStands()
     QCOMPARE(first.exitCode(), 0);
 }
 
-void StartupTest::aMissingCatalogueLeavesTheSourceTexts()
-{
+void StartupTest::aMissingCatalogueLeavesTheSourceTexts() {
     Probe probe({u"--without-catalogue"_s}, u"ja_JP"_s);
     QVERIFY(probe.finish());
     QCOMPARE(probe.said().value(u"window title"_s), u"NuBo Setting Tool"_s);
@@ -252,8 +234,7 @@ void StartupTest::aMissingCatalogueLeavesTheSourceTexts()
     QCOMPARE(probe.exitCode(), 0);
 }
 
-void StartupTest::aMissingCatalogueLeavesTheRefusalInTheUsersLanguage()
-{
+void StartupTest::aMissingCatalogueLeavesTheRefusalInTheUsersLanguage() {
     KeyHolder holder;
     QVERIFY(holder.waitForLine("held"));
     Probe probe({u"--without-catalogue"_s}, u"ja_JP"_s);
@@ -263,8 +244,7 @@ void StartupTest::aMissingCatalogueLeavesTheRefusalInTheUsersLanguage()
     QCOMPARE(probe.exitCode(), REFUSED);
 }
 
-void StartupTest::theExitCodeIsTheEventLoops_data()
-{
+void StartupTest::theExitCodeIsTheEventLoops_data() {
     QTest::addColumn<QStringList>("arguments");
     QTest::addColumn<int>("exitCode");
     QTest::newRow("window closed") << QStringList() << 0;
@@ -272,8 +252,7 @@ void StartupTest::theExitCodeIsTheEventLoops_data()
     QTest::newRow("ended with 7") << QStringList{u"--exit-code"_s, u"7"_s} << 7;
 }
 
-void StartupTest::theExitCodeIsTheEventLoops()
-{
+void StartupTest::theExitCodeIsTheEventLoops() {
     QFETCH(QStringList, arguments);
     Probe probe(arguments);
     QVERIFY(probe.finish());
@@ -281,8 +260,7 @@ void StartupTest::theExitCodeIsTheEventLoops()
     QTEST(probe.exitCode(), "exitCode");
 }
 
-void StartupTest::lineEditsHaveLargerTextThanTheRest()
-{
+void StartupTest::lineEditsHaveLargerTextThanTheRest() {
     Probe probe;
     QVERIFY(probe.finish());
     QCOMPARE(probe.said().value(u"label pixels"_s), u"13"_s);

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#include "tests/app/BusBench.h"
+
+#include "ui/ClButtonMode.h"
+
+#include <QStackedLayout>
+#include <QTest>
+
+using namespace nubo::simulator;
+
+BusBench::BusBench(VirtualUsbBus& virtualBus) : bus(virtualBus), id(bus.plug(camera)) {}
+
+BusBench::~BusBench() {
+    bus.unplug(id);
+}
+
+bool BusBench::start() {
+    window.show();
+    return modeOnShow() == 0 && waitForMode(1) &&
+           QTest::qWaitFor([this] { return shown().freeSpace() == CARD_AT_START; }, PATIENCE_MS);
+}
+
+int BusBench::modeOnShow() const {
+    return window.findChild<QStackedLayout*>()->currentIndex();
+}
+
+bool BusBench::waitForMode(int mode, int patienceMs) const {
+    return QTest::qWaitFor([&] { return modeOnShow() == mode; }, patienceMs);
+}
+
+void BusBench::clickMode(int mode) const {
+    QTest::mouseClick(window.findChildren<ClButtonMode*>().at(mode - 1), Qt::LeftButton);
+}

@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "app/ClMainWidget.h"
+#include "pages/ClWidgetCameraState.h"
+#include "simulator/VirtualUsbBus.h"
+#include "tests/app/RecordingCamera.h"
+#include "tests/support/BoxUser.h"
+#include "tests/support/CameraStateReader.h"
+
+#include <QApplication>
+#include <QList>
+#include <QTest>
+
+#include <memory>
+
+/// Long enough for whatever ends by itself.
+inline constexpr int PATIENCE_MS = 10'000;
+/// Until the next search pass, with some slack for a busy machine.
+inline constexpr int SEARCH_MS = 1800;
+
+/// The commands of one refresh of the camera state page: battery, Wi-Fi, SD card.
+inline const QList<int> REFRESH{0x5037, 0x5001, 0x5039};
+inline constexpr auto CARD_AT_START = u"6344304640 Byte (19% used)";
+
+/// The program's window with a simulated camera behind the real libusb, and a user before it.
+class BusBench {
+public:
+    explicit BusBench(nubo::simulator::VirtualUsbBus& bus);
+    ~BusBench();
+    BusBench(const BusBench&) = delete;
+    BusBench& operator=(const BusBench&) = delete;
+
+    /// Shows the window and waits until the camera's values are in it.
+    [[nodiscard]] bool start();
+
+    [[nodiscard]] int modeOnShow() const;
+    [[nodiscard]] bool waitForMode(int mode, int patienceMs = PATIENCE_MS) const;
+    void clickMode(int mode) const;
+    [[nodiscard]] CameraStateReader shown() const {
+        return CameraStateReader(*window.findChild<ClWidgetCameraState*>());
+    }
+
+    nubo::simulator::VirtualUsbBus& bus;
+    std::shared_ptr<RecordingCamera> camera = std::make_shared<RecordingCamera>();
+    nubo::simulator::DeviceId id;
+    BoxUser user;
+    ClMainWidget window;
+};
+
+/// The main() of a test on the bus: @p Test is made with the bus.
+template <class Test>
+int runOnBus(int argc, char** argv) {
+    using namespace nubo::simulator;
+    if (!VirtualUsbBus::isAvailable()) {
+        qFatal("The library that emulates the bus is not preloaded.");
+    }
+    // Before any thread, and gone after the last handle.
+    VirtualUsbBus bus;
+    // libusb's list of a real bus is never empty, for the root hub is on it.
+    DeviceOptions hub;
+    hub.description.vendorId = 0x1D6B;
+    bus.plug(std::make_shared<VirtualCamera>(), hub);
+    QApplication application(argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("Test program"));
+    Test test(bus);
+    return QTest::qExec(&test, argc, argv);
+}

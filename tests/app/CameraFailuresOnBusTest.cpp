@@ -1,0 +1,123 @@
+// SPDX-License-Identifier: MIT
+#include "tests/app/BusBench.h"
+
+#include <QTest>
+
+#include <optional>
+
+using namespace Qt::StringLiterals;
+using namespace nubo::simulator;
+
+namespace {
+
+// The tool waits three times 3000 ms for the Wi-Fi information.
+constexpr int NO_ANSWER_MS = 15'000;
+
+const QString UNKNOWN_ERROR = u"Exec failed, unknown error"_s;
+
+}  // namespace
+
+/// What the user sees of the camera state page when the camera or the link fails.
+class CameraFailuresOnBusTest : public QObject {
+    Q_OBJECT
+
+public:
+    explicit CameraFailuresOnBusTest(VirtualUsbBus& bus) : m_bus(bus) {}
+
+private Q_SLOTS:
+    void init();
+    void cleanup() { m_bench.reset(); }
+
+    void aFailureIsShownOnceAndTheToolGoesOn_data();
+    void aFailureIsShownOnceAndTheToolGoesOn();
+    void aCameraErrorLeavesThePollingOn();
+    void aLinkErrorStopsThePolling();
+    void aFailedActionIsReported();
+
+private:
+    VirtualUsbBus& m_bus;
+    std::optional<BusBench> m_bench;
+};
+
+void CameraFailuresOnBusTest::init() {
+    m_bench.emplace(m_bus);
+    QVERIFY(m_bench->start());
+}
+
+void CameraFailuresOnBusTest::aFailureIsShownOnceAndTheToolGoesOn_data() {
+    QTest::addColumn<int>("kind");
+    QTest::addColumn<int>("code");
+    QTest::addColumn<unsigned>("nth");  // of the refresh's commands
+    QTest::addColumn<QString>("text");
+    QTest::newRow("no answer") << int(FaultKind::Timeout) << 0 << 1U << UNKNOWN_ERROR;
+    QTest::newRow("no answer, second read") << int(FaultKind::Timeout) << 0 << 2U << UNKNOWN_ERROR;
+    QTest::newRow("no answer, third read") << int(FaultKind::Timeout) << 0 << 3U << UNKNOWN_ERROR;
+    QTest::newRow("refused parameter")
+        << int(FaultKind::CameraError) << 0xFFFB << 1U << u"Parameter setting failed"_s;
+    QTest::newRow("refused command, second read")
+        << int(FaultKind::CameraError) << 0xFFFC << 2U << u"Command error, version up"_s;
+    QTest::newRow("execution failed, third read")
+        << int(FaultKind::CameraError) << 0xFFFA << 3U << u"Timeout error, please reset"_s;
+}
+
+void CameraFailuresOnBusTest::aFailureIsShownOnceAndTheToolGoesOn() {
+    QFETCH(const int, kind);
+    QFETCH(const int, code);
+    QFETCH(const unsigned, nth);
+    QFETCH(const QString, text);
+    m_bus.addFault(m_bench->id, {.kind = FaultKind(kind),
+                                 .argument = static_cast<std::uint32_t>(code),
+                                 .unit = FaultUnit::Command,
+                                 .nth = nth});
+    m_bench->camera->forgetCodes();
+    m_bench->clickMode(1);
+    QTRY_COMPARE_WITH_TIMEOUT(m_bench->user.texts(), QStringList{text}, NO_ANSWER_MS);
+    QCOMPARE(m_bench->modeOnShow(), 1);
+
+    m_bench->clickMode(1);
+    QTRY_COMPARE(m_bench->shown().freeSpace(), CARD_AT_START);
+    QCOMPARE(m_bench->user.texts(), QStringList{text});
+}
+
+void CameraFailuresOnBusTest::aCameraErrorLeavesThePollingOn() {
+    m_bus.addFault(
+        m_bench->id,
+        {.kind = FaultKind::CameraError, .argument = 0xFFF5, .unit = FaultUnit::Command});
+    m_bench->camera->forgetCodes();
+    QTRY_COMPARE_WITH_TIMEOUT(m_bench->user.texts(), QStringList{UNKNOWN_ERROR}, PATIENCE_MS);
+    // The chain ends where it fails; five seconds later comes the next one.
+    QCOMPARE(m_bench->camera->codes(), QList<int>{REFRESH.first()});
+    QTRY_COMPARE_WITH_TIMEOUT(m_bench->camera->codes(), QList<int>{REFRESH.first()} + REFRESH,
+                              PATIENCE_MS);
+    QCOMPARE(m_bench->user.texts().size(), 1);
+}
+
+void CameraFailuresOnBusTest::aLinkErrorStopsThePolling() {
+    m_bus.addFault(m_bench->id, {.kind = FaultKind::Stall, .count = Fault::kForever});
+    QTRY_COMPARE_WITH_TIMEOUT(m_bench->user.texts(), QStringList{UNKNOWN_ERROR}, PATIENCE_MS);
+    m_bus.clearFaults(m_bench->id);
+    m_bench->camera->forgetCodes();
+    QTest::qWait(5500);
+    QCOMPARE(m_bench->camera->codes(), QList<int>());
+    QCOMPARE(m_bench->shown().freeSpace(), CARD_AT_START);
+
+    m_bench->clickMode(1);
+    QTRY_COMPARE(m_bench->camera->codes(), REFRESH);
+    QTRY_COMPARE_WITH_TIMEOUT(m_bench->camera->codes(), REFRESH + REFRESH, PATIENCE_MS);
+    QCOMPARE(m_bench->user.texts().size(), 1);
+}
+
+void CameraFailuresOnBusTest::aFailedActionIsReported() {
+    m_bus.addFault(
+        m_bench->id,
+        {.kind = FaultKind::CameraError, .argument = 0xFFF6, .unit = FaultUnit::Command});
+    m_bench->shown().click(u"SD card format"_s);
+    QTRY_COMPARE(m_bench->user.texts(),
+                 (QStringList{u"All data delete on SD card"_s, UNKNOWN_ERROR}));
+}
+
+int main(int argc, char** argv) {
+    return runOnBus<CameraFailuresOnBusTest>(argc, argv);
+}
+
+#include "CameraFailuresOnBusTest.moc"

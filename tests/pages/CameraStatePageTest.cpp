@@ -1,0 +1,293 @@
+// SPDX-License-Identifier: MIT
+#include "pages/ClWidgetCameraState.h"
+#include "tests/pages/CameraMessages.h"
+#include "tests/support/BoxUser.h"
+#include "tests/support/CameraStateReader.h"
+
+#include <QElapsedTimer>
+#include <QLabel>
+#include <QProgressBar>
+#include <QSignalSpy>
+#include <QTest>
+
+#include <limits>
+#include <memory>
+
+using namespace Qt::StringLiterals;
+
+/// The values on the camera state page, and the chain of requests that brings them. The page stands
+/// alone; the camera's answers are fed in by hand.
+class CameraStatePageTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void anAnswerSendsTheNextRequest();
+    void requestsHaveNoArguments();
+    void anAnswerOutOfTurnIsShown();
+    void otherMessagesAreIgnored_data();
+    void otherMessagesAreIgnored();
+    void theChargeIsShown_data();
+    void theChargeIsShown();
+    void theLinkIsShown_data();
+    void theLinkIsShown();
+    void aLostLinkHidesTheDetails();
+    void theCardIsShown_data();
+    void theCardIsShown();
+    void valuesThatAreMissingCountAsNothing();
+    void showingThePageClearsWhatTheLastCameraLeft();
+    void aPollingRefreshLeavesWhatIsShown();
+    void thePageIsRefreshedEveryFiveSecondsWhileVisible();
+    void aHiddenPageIsNotRefreshed();
+
+private:
+    [[nodiscard]] QList<QUuid> sent() const;
+    [[nodiscard]] CameraStateReader shown() const { return CameraStateReader(*m_page); }
+
+    std::unique_ptr<ClWidgetCameraState> m_page;
+    std::unique_ptr<QSignalSpy> m_sent;
+};
+
+void CameraStatePageTest::init() {
+    m_page = std::make_unique<ClWidgetCameraState>(nullptr);
+    m_sent = std::make_unique<QSignalSpy>(m_page.get(), &ClWidgetBase::sigSendCommand);
+    m_page->resize(600, 505);
+    m_page->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_page.get()));
+}
+
+void CameraStatePageTest::cleanup() {
+    m_sent.reset();
+    m_page.reset();
+}
+
+QList<QUuid> CameraStatePageTest::sent() const {
+    QList<QUuid> commands;
+    for (const QVariantList& arguments : std::as_const(*m_sent)) {
+        commands.append(arguments.first().toMap().value(u"CMD"_s).toUuid());
+    }
+    return commands;
+}
+
+void CameraStatePageTest::anAnswerSendsTheNextRequest() {
+    QVERIFY(sent().isEmpty());
+    m_page->showInit(false);
+    QList<QUuid> expected{USB_REQ_NUBO_CMD_GET_BATTERY};
+    QCOMPARE(sent(), expected);
+    m_page->slotReceiveCommand(batteryAnswer(50));
+    expected.append(USB_REQ_NUBO_CMD_GET_WIFI_INFO);
+    QCOMPARE(sent(), expected);
+    m_page->slotReceiveCommand(wifiAnswer(1, 0, 0));
+    expected.append(USB_REQ_NUBO_CMD_GET_SDINFO);
+    QCOMPARE(sent(), expected);
+    m_page->slotReceiveCommand(sdAnswer(2, 1, 1));
+    QCOMPARE(sent(), expected);
+}
+
+void CameraStatePageTest::requestsHaveNoArguments() {
+    m_page->showInit(true);
+    m_page->slotReceiveCommand(batteryAnswer(50));
+    m_page->slotReceiveCommand(wifiAnswer(1, 0, 0));
+    QCOMPARE(m_sent->size(), 3);
+    for (const QVariantList& arguments : std::as_const(*m_sent)) {
+        const QVariantMap message = arguments.first().toMap();
+        QCOMPARE(message.keys(), (QStringList{u"CMD"_s, u"Sender"_s}));
+        QCOMPARE(message.value(u"Sender"_s).value<QObject*>(), m_page.get());
+    }
+}
+
+void CameraStatePageTest::anAnswerOutOfTurnIsShown() {
+    m_page->slotReceiveCommand(wifiAnswer(2, 1, 1));
+    QCOMPARE(sent(), QList<QUuid>{USB_REQ_NUBO_CMD_GET_SDINFO});
+    QCOMPARE(shown().linkDetails(), (QStringList{u"1dBm"_s, u"1ch"_s}));
+}
+
+void CameraStatePageTest::otherMessagesAreIgnored_data() {
+    QTest::addColumn<QVariantMap>("message");
+    QTest::newRow("empty") << QVariantMap{};
+    QTest::newRow("answer for another page")
+        << QVariantMap{{u"CMD"_s, USB_RES_NUBO_CMD_GET_FWVERSION}, {u"PARAM2"_s, u"1.0"_s}};
+    QTest::newRow("a request") << QVariantMap{{u"CMD"_s, USB_REQ_NUBO_CMD_GET_BATTERY}};
+    QTest::newRow("no identifier") << QVariantMap{{u"CMD"_s, 7}, {u"PARAM3"_s, 50}};
+}
+
+void CameraStatePageTest::otherMessagesAreIgnored() {
+    QFETCH(QVariantMap, message);
+    const BoxUser user;
+    m_page->showInit(false);
+    m_page->slotReceiveCommand(message);
+    QCOMPARE(sent(), QList<QUuid>{USB_REQ_NUBO_CMD_GET_BATTERY});
+    QCOMPARE(shown().card(), (QStringList{u"-- Byte"_s, u"-- Byte"_s, u"--"_s}));
+    QVERIFY(user.boxes().isEmpty());
+}
+
+void CameraStatePageTest::theChargeIsShown_data() {
+    QTest::addColumn<unsigned int>("charge");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QColor>("colour");
+    const QColor good(26, 97, 9);
+    const QColor middling(120, 110, 25);
+    const QColor low(180, 25, 8);
+    QTest::newRow("full") << 100U << u"100%"_s << good;
+    QTest::newRow("half") << 50U << u"50%"_s << good;
+    QTest::newRow("below half") << 49U << u"49%"_s << middling;
+    QTest::newRow("ten") << 10U << u"10%"_s << middling;
+    QTest::newRow("nine") << 9U << u"9%"_s << low;
+    QTest::newRow("empty") << 0U << u"0%"_s << low;
+}
+
+void CameraStatePageTest::theChargeIsShown() {
+    QFETCH(unsigned int, charge);
+    m_page->slotReceiveCommand(batteryAnswer(charge));
+    const auto* battery = m_page->findChild<ClWidgetProgress*>();
+    QCOMPARE(battery->findChild<QProgressBar*>()->value(), static_cast<int>(charge));
+    const auto* text = battery->findChild<QLabel*>();
+    QTEST(text->text(), "text");
+    QTEST(text->palette().color(QPalette::WindowText), "colour");
+}
+
+void CameraStatePageTest::theLinkIsShown_data() {
+    QTest::addColumn<unsigned int>("state");
+    QTest::addColumn<int>("sensitivity");
+    QTest::addColumn<unsigned int>("channel");
+    QTest::addColumn<QString>("badge");
+    QTest::addColumn<QStringList>("details");  // empty: hidden
+    const auto row = [](const char* name, unsigned int state, int sensitivity, unsigned int channel,
+                        const QString& badge, const QStringList& details) {
+        QTest::newRow(name) << state << sensitivity << channel << badge << details;
+    };
+    row("linked", 2, 72, 6, u"Link"_s, {u"72dBm"_s, u"6ch"_s});
+    row("linked, weakest", 2, 1, 13, u"Link"_s, {u"1dBm"_s, u"13ch"_s});
+    row("linked, no signal", 2, 0, 6, u"Link"_s, {});
+    row("linked, negative signal", 2, -70, 6, u"Link"_s, {});
+    row("not linked", 1, 0, 0, u"Not link"_s, {});
+    row("not linked, with signal", 1, 72, 6, u"Not link"_s, {});
+    row("ad hoc", 3, 40, 11, u"Adhoc Link"_s, {u"40dBm"_s, u"11ch"_s});
+    row("unknown state", 0, 40, 11, u"Not link"_s, {u"40dBm"_s, u"11ch"_s});
+    row("hostile", 0xFFFFFFFF, std::numeric_limits<int>::max(), 0xFFFFFFFF, u"Not link"_s,
+        {u"2147483647dBm"_s, u"4294967295ch"_s});
+    row("lowest signal", 2, std::numeric_limits<int>::min(), 0, u"Link"_s, {});
+}
+
+void CameraStatePageTest::theLinkIsShown() {
+    QFETCH(unsigned int, state);
+    QFETCH(int, sensitivity);
+    QFETCH(unsigned int, channel);
+    m_page->slotReceiveCommand(wifiAnswer(state, sensitivity, channel));
+    QTEST(shown().link(), "badge");
+    QTEST(shown().linkDetails(), "details");
+}
+
+void CameraStatePageTest::aLostLinkHidesTheDetails() {
+    m_page->slotReceiveCommand(wifiAnswer(2, 72, 6));
+    QCOMPARE(shown().linkDetails(), (QStringList{u"72dBm"_s, u"6ch"_s}));
+    m_page->slotReceiveCommand(wifiAnswer(1, 72, 6));
+    QCOMPARE(shown().linkDetails(), QStringList());
+    m_page->slotReceiveCommand(wifiAnswer(2, 33, 7));
+    QCOMPARE(shown().linkDetails(), (QStringList{u"33dBm"_s, u"7ch"_s}));
+}
+
+void CameraStatePageTest::theCardIsShown_data() {
+    QTest::addColumn<quint64>("total");
+    QTest::addColumn<quint64>("used");
+    QTest::addColumn<unsigned int>("fileSystem");
+    QTest::addColumn<QStringList>("texts");
+    const auto row = [](const char* name, quint64 total, quint64 used, unsigned int fileSystem,
+                        const QString& totalText, const QString& freeText, const QString& system) {
+        QTest::newRow(name) << total << used << fileSystem
+                            << QStringList{totalText, freeText, system};
+    };
+    row("truncated, not rounded", 7744512, 1548902, 3, u"7930380288 Byte"_s,
+        u"6344304640 Byte (19% used)"_s, u"FAT32"_s);
+    row("FAT12", 1440, 0, 1, u"1474560 Byte"_s, u"1474560 Byte (0% used)"_s, u"FAT12"_s);
+    row("FAT16", 4, 1, 2, u"4096 Byte"_s, u"3072 Byte (25% used)"_s, u"FAT16"_s);
+    // 29 / 100 * 100 is a little less than 29 in double precision.
+    row("29 of 100", 100, 29, 3, u"102400 Byte"_s, u"72704 Byte (28% used)"_s, u"FAT32"_s);
+    row("full", 1000, 1000, 3, u"1024000 Byte"_s, u"0 Byte (100% used)"_s, u"FAT32"_s);
+    row("no file system", 2, 1, 0, u"2048 Byte"_s, u"1024 Byte (50% used)"_s, QString());
+    row("unknown file system", 2, 1, 4, u"2048 Byte"_s, u"1024 Byte (50% used)"_s, QString());
+    row("hostile file system", 2, 1, 0xFFFFFFFF, u"2048 Byte"_s, u"1024 Byte (50% used)"_s,
+        QString());
+    row("no card", 0, 0, 0, u"0 Byte"_s, u"0 Byte (0% used)"_s, QString());
+    row("no size, but used", 0, 7, 3, u"0 Byte"_s, u"0 Byte (0% used)"_s, u"FAT32"_s);
+    row("more used than there is", 100, 250, 3, u"102400 Byte"_s, u"0 Byte (250% used)"_s,
+        u"FAT32"_s);
+    row("2 TiB", quint64{1} << 31, quint64{1} << 30, 3, u"2199023255552 Byte"_s,
+        u"1099511627776 Byte (50% used)"_s, u"FAT32"_s);
+    row("the most bytes that fit", (quint64{1} << 54) - 1, 0, 3, u"18446744073709550592 Byte"_s,
+        u"18446744073709550592 Byte (0% used)"_s, u"FAT32"_s);
+}
+
+void CameraStatePageTest::theCardIsShown() {
+    QFETCH(quint64, total);
+    QFETCH(quint64, used);
+    QFETCH(unsigned int, fileSystem);
+    m_page->slotReceiveCommand(sdAnswer(total, used, fileSystem));
+    QTEST(shown().card(), "texts");
+    QVERIFY(m_sent->isEmpty());
+}
+
+void CameraStatePageTest::valuesThatAreMissingCountAsNothing() {
+    m_page->slotReceiveCommand({{u"CMD"_s, USB_RES_NUBO_CMD_GET_BATTERY}});
+    m_page->slotReceiveCommand({{u"CMD"_s, USB_RES_NUBO_CMD_GET_WIFI_INFO}});
+    m_page->slotReceiveCommand({{u"CMD"_s, USB_RES_NUBO_CMD_GET_SDINFO}});
+    QCOMPARE(shown().battery(), u"0%"_s);
+    QCOMPARE(shown().linkDetails(), QStringList());
+    QCOMPARE(shown().card(), (QStringList{u"0 Byte"_s, u"0 Byte (0% used)"_s, QString()}));
+    QCOMPARE(sent(), (QList<QUuid>{USB_REQ_NUBO_CMD_GET_WIFI_INFO, USB_REQ_NUBO_CMD_GET_SDINFO}));
+}
+
+void CameraStatePageTest::showingThePageClearsWhatTheLastCameraLeft() {
+    m_page->slotReceiveCommand(batteryAnswer(85));
+    m_page->slotReceiveCommand(wifiAnswer(2, 72, 6));
+    m_page->slotReceiveCommand(sdAnswer(7744512, 1548902, 3));
+    m_page->showInit(false);
+    QCOMPARE(shown().card(), (QStringList{u"-- Byte"_s, u"-- Byte"_s, u"--"_s}));
+    QCOMPARE(shown().linkDetails(), QStringList());
+    QCOMPARE(shown().link(), u"Link"_s);
+    QCOMPARE(shown().battery(), u"85%"_s);
+}
+
+void CameraStatePageTest::aPollingRefreshLeavesWhatIsShown() {
+    m_page->slotReceiveCommand(wifiAnswer(2, 72, 6));
+    m_page->slotReceiveCommand(sdAnswer(4, 1, 2));
+    m_sent->clear();
+    m_page->showInit(true);
+    QCOMPARE(shown().card(), (QStringList{u"4096 Byte"_s, u"3072 Byte (25% used)"_s, u"FAT16"_s}));
+    QCOMPARE(shown().linkDetails(), (QStringList{u"72dBm"_s, u"6ch"_s}));
+    QCOMPARE(sent(), QList<QUuid>{USB_REQ_NUBO_CMD_GET_BATTERY});
+}
+
+void CameraStatePageTest::thePageIsRefreshedEveryFiveSecondsWhileVisible() {
+    m_page->showInit(false);
+    QElapsedTimer time;
+    time.start();
+    QTest::qWait(1000);
+    // Showing the page again does not put off the next refresh.
+    m_page->showInit(false);
+    m_sent->clear();
+    QVERIFY(m_sent->wait(6000));
+    QVERIFY2(time.elapsed() > 4700 && time.elapsed() < 5500,
+             qPrintable(u"%1"_s.arg(time.elapsed())));
+    QCOMPARE(sent(), QList<QUuid>{USB_REQ_NUBO_CMD_GET_BATTERY});
+    QCOMPARE(shown().card().last(), u"--"_s);
+    QVERIFY(m_sent->wait(6000));
+    QVERIFY2(time.elapsed() > 9500 && time.elapsed() < 10500,
+             qPrintable(u"%1"_s.arg(time.elapsed())));
+}
+
+void CameraStatePageTest::aHiddenPageIsNotRefreshed() {
+    m_page->hide();
+    m_page->showInit(false);
+    m_sent->clear();
+    m_page->slotPollingFired();
+    QVERIFY(m_sent->isEmpty());
+    m_page->show();
+    m_page->slotPollingFired();
+    QCOMPARE(sent(), QList<QUuid>{USB_REQ_NUBO_CMD_GET_BATTERY});
+}
+
+QTEST_MAIN(CameraStatePageTest)
+#include "CameraStatePageTest.moc"

@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: MIT
+#include "tests/ui/ManualClock.h"
+
+#include <QCoreApplication>
+#include <QTimer>
+#include <QTimerEvent>
+
+#include <algorithm>
+
+void ManualClock::advance(std::chrono::milliseconds time) {
+    const qint64 end = m_now + time.count();
+    while (true) {
+        const auto next = std::ranges::min_element(m_timers, {}, &stTimer::due);
+        if (next == m_timers.end() || next->due > end) {
+            break;
+        }
+        m_now = next->due;
+        next->due += next->interval;
+        QTimerEvent event(next->id);
+        QCoreApplication::sendEvent(next->object, &event);
+    }
+    m_now = end;
+}
+
+int ManualClock::runningTimers() const {
+    return static_cast<int>(std::ranges::count_if(m_timers, [](const stTimer& timer) {
+        return qobject_cast<QTimer*>(timer.object) != nullptr;
+    }));
+}
+
+bool ManualClock::processEvents(QEventLoop::ProcessEventsFlags) {
+    QCoreApplication::sendPostedEvents();
+    return false;
+}
+
+void ManualClock::registerSocketNotifier(QSocketNotifier*) {}
+
+void ManualClock::unregisterSocketNotifier(QSocketNotifier*) {}
+
+void ManualClock::registerTimer(int timerId, qint64 interval, Qt::TimerType timerType,
+                                QObject* object) {
+    // At least a millisecond: time would not get past a timer of none.
+    const qint64 step = std::max<qint64>(interval, 1);
+    m_timers.push_back({timerId, step, m_now + step, timerType, object});
+}
+
+bool ManualClock::unregisterTimer(int timerId) {
+    return std::erase_if(m_timers, [&](const stTimer& timer) { return timer.id == timerId; }) > 0;
+}
+
+bool ManualClock::unregisterTimers(QObject* object) {
+    return std::erase_if(m_timers, [&](const stTimer& timer) { return timer.object == object; }) >
+           0;
+}
+
+QList<QAbstractEventDispatcher::TimerInfo> ManualClock::registeredTimers(QObject* object) const {
+    QList<TimerInfo> found;
+    for (const stTimer& timer : m_timers) {
+        if (timer.object == object) {
+            found.append(TimerInfo(timer.id, static_cast<int>(timer.interval), timer.type));
+        }
+    }
+    return found;
+}
+
+int ManualClock::remainingTime(int timerId) {
+    const auto found = std::ranges::find(m_timers, timerId, &stTimer::id);
+    return found == m_timers.end() ? -1 : static_cast<int>(found->due - m_now);
+}
+
+void ManualClock::wakeUp() {}
+
+void ManualClock::interrupt() {}

@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QAbstractEventDispatcher>
+
+#include <chrono>
+#include <vector>
+
+/// An event dispatcher whose time goes on only when told: timers of seconds are tested to the
+/// millisecond and without waiting. Give it to QCoreApplication::setEventDispatcher() before the
+/// application object is made.
+class ManualClock : public QAbstractEventDispatcher {
+    Q_OBJECT
+
+public:
+    /// Lets @p time pass; every timer that falls due meanwhile fires at its own moment.
+    void advance(std::chrono::milliseconds time);
+    /// How many timers run on objects that are not widgets: those of QTimer.
+    [[nodiscard]] int runningTimers() const;
+
+    bool processEvents(QEventLoop::ProcessEventsFlags flags) override;
+    void registerSocketNotifier(QSocketNotifier* notifier) override;
+    void unregisterSocketNotifier(QSocketNotifier* notifier) override;
+    void registerTimer(int timerId, qint64 interval, Qt::TimerType timerType,
+                       QObject* object) override;
+    bool unregisterTimer(int timerId) override;
+    bool unregisterTimers(QObject* object) override;
+    [[nodiscard]] QList<TimerInfo> registeredTimers(QObject* object) const override;
+    int remainingTime(int timerId) override;
+    void wakeUp() override;
+    void interrupt() override;
+
+private:
+    struct stTimer {
+        int id;
+        qint64 interval;
+        qint64 due;
+        Qt::TimerType type;
+        QObject* object;
+    };
+
+    std::vector<stTimer> m_timers;
+    qint64 m_now = 0;  // milliseconds
+};

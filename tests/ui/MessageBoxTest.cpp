@@ -1,0 +1,150 @@
+// SPDX-License-Identifier: MIT
+#include "tests/ui/Modal.h"
+#include "tests/ui/TaggingTranslator.h"
+#include "ui/ClDialogBase.h"
+#include "ui/ClMessageBox.h"
+
+#include <QLabel>
+#include <QPushButton>
+#include <QTest>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+using Buttons = QDialogButtonBox::StandardButtons;
+
+namespace {
+
+QStringList buttonTexts(const ClMessageBox& box) {
+    QStringList texts;
+    for (const auto* const button : box.findChildren<QPushButton*>()) {
+        texts.append(button->text());
+    }
+    texts.sort();
+    return texts;
+}
+
+QPushButton* button(const QDialog& box, const QString& text) {
+    const auto buttons = box.findChildren<QPushButton*>();
+    const auto found = std::ranges::find(buttons, text, &QPushButton::text);
+    return found == buttons.end() ? nullptr : *found;
+}
+
+}  // namespace
+
+/// The message box of the tool.
+class MessageBoxTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void showsTextAndTitle();
+    void isADialogOfTheUsualKind();
+    void choosesItsButtons_data();
+    void choosesItsButtons();
+    void looksTheButtonTextsUpInItsContext();
+    void isAnsweredByItsButtons_data();
+    void isAnsweredByItsButtons();
+    void isRejectedWithoutAnAnswer();
+    void centresTextAndButtons();
+};
+
+void MessageBoxTest::showsTextAndTitle() {
+    const ClMessageBox box(nullptr, u"All data delete on SD card"_s, u"Title"_s,
+                           QDialogButtonBox::Ok);
+    QCOMPARE(box.windowTitle(), u"Title"_s);
+    QCOMPARE(box.findChildren<QLabel*>().size(), 1);
+    QCOMPARE(box.findChild<QLabel*>()->text(), u"All data delete on SD card"_s);
+}
+
+void MessageBoxTest::isADialogOfTheUsualKind() {
+    QWidget parent;
+    const ClMessageBox box(&parent, u"text"_s, u"title"_s, QDialogButtonBox::Ok);
+    QCOMPARE(box.parentWidget(), &parent);
+    QVERIFY(box.isWindow());
+    QCOMPARE(box.windowFlags() & ClDialogBase::WINDOW_FLAGS, ClDialogBase::WINDOW_FLAGS);
+    QCOMPARE(box.sizePolicy(), QSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed));
+    QCOMPARE(box.minimumWidth(), 170);
+    QCOMPARE(qobject_cast<QVBoxLayout*>(box.layout())->spacing(), 15);
+}
+
+void MessageBoxTest::choosesItsButtons_data() {
+    QTest::addColumn<Buttons>("asked");
+    QTest::addColumn<QStringList>("shown");  // sorted: the platform orders them
+    using Box = QDialogButtonBox;
+    QTest::newRow("OK and Cancel")
+        << Buttons(Box::Ok | Box::Cancel) << QStringList{u"Cancel"_s, u"OK"_s};
+    QTest::newRow("Yes and No") << Buttons(Box::Yes | Box::No) << QStringList{u"No"_s, u"Yes"_s};
+    QTest::newRow("OK before Yes") << Buttons(Box::Ok | Box::Yes) << QStringList{u"OK"_s};
+    QTest::newRow("Cancel before No") << Buttons(Box::Cancel | Box::No) << QStringList{u"Cancel"_s};
+    QTest::newRow("OK") << Buttons(Box::Ok) << QStringList{u"OK"_s};
+    QTest::newRow("all four") << Buttons(Box::Ok | Box::Yes | Box::Cancel | Box::No)
+                              << QStringList{u"Cancel"_s, u"OK"_s};
+    QTest::newRow("Yes and Cancel")
+        << Buttons(Box::Yes | Box::Cancel) << QStringList{u"Cancel"_s, u"Yes"_s};
+    QTest::newRow("others are ignored")
+        << Buttons(Box::Save | Box::Help | Box::Close) << QStringList();
+}
+
+void MessageBoxTest::choosesItsButtons() {
+    QFETCH(Buttons, asked);
+    QFETCH(QStringList, shown);
+    QCOMPARE(buttonTexts(ClMessageBox(nullptr, u"text"_s, u"title"_s, asked)), shown);
+}
+
+void MessageBoxTest::looksTheButtonTextsUpInItsContext() {
+    const TaggingTranslator translator;
+    using Box = QDialogButtonBox;
+    QCOMPARE(buttonTexts(ClMessageBox(nullptr, {}, {}, Box::Ok | Box::Cancel)),
+             (QStringList{u"ClMessageBox|Cancel"_s, u"ClMessageBox|OK"_s}));
+    QCOMPARE(buttonTexts(ClMessageBox(nullptr, {}, {}, Box::Yes | Box::No)),
+             (QStringList{u"ClMessageBox|No"_s, u"ClMessageBox|Yes"_s}));
+}
+
+void MessageBoxTest::isAnsweredByItsButtons_data() {
+    QTest::addColumn<Buttons>("asked");
+    QTest::addColumn<QString>("clicked");
+    QTest::addColumn<int>("result");
+    const Buttons okCancel = QDialogButtonBox::Ok | QDialogButtonBox::Cancel;
+    const Buttons yesNo = QDialogButtonBox::Yes | QDialogButtonBox::No;
+    QTest::newRow("OK") << okCancel << u"OK"_s << int(QDialog::Accepted);
+    QTest::newRow("Cancel") << okCancel << u"Cancel"_s << int(QDialog::Rejected);
+    QTest::newRow("Yes") << yesNo << u"Yes"_s << int(QDialog::Accepted);
+    QTest::newRow("No") << yesNo << u"No"_s << int(QDialog::Rejected);
+}
+
+void MessageBoxTest::isAnsweredByItsButtons() {
+    QFETCH(Buttons, asked);
+    QFETCH(QString, clicked);
+    QFETCH(int, result);
+    ClMessageBox box(nullptr, u"text"_s, u"title"_s, asked);
+    const ModalAnswer answer(
+        [&](QDialog& shown) { QTest::mouseClick(button(shown, clicked), Qt::LeftButton); });
+    QCOMPARE(box.exec(), result);
+    QVERIFY(answer.closed());
+}
+
+void MessageBoxTest::isRejectedWithoutAnAnswer() {
+    ClMessageBox box(nullptr, u"text"_s, u"title"_s, QDialogButtonBox::Ok);
+    const ModalAnswer answer([](QDialog& shown) { shown.close(); });
+    QCOMPARE(box.exec(), int(QDialog::Rejected));
+    QVERIFY(answer.closed());
+}
+
+void MessageBoxTest::centresTextAndButtons() {
+    ClMessageBox box(nullptr, u"text"_s, u"title"_s, QDialogButtonBox::Ok);
+    box.resize(400, 120);
+    box.show();
+    QCOMPARE(box.findChild<QLabel*>()->alignment(), Qt::AlignCenter);
+    for (const QWidget* const child : {static_cast<QWidget*>(box.findChild<QLabel*>()),
+                                       static_cast<QWidget*>(box.findChild<QDialogButtonBox*>())}) {
+        QVERIFY(child->width() < 300);
+        QVERIFY(qAbs(child->geometry().center().x() - box.rect().center().x()) <= 1);
+    }
+    QVERIFY(box.findChild<QLabel*>()->geometry().bottom() <
+            box.findChild<QDialogButtonBox*>()->y());
+}
+
+QTEST_MAIN(MessageBoxTest)
+#include "MessageBoxTest.moc"

@@ -1,0 +1,222 @@
+// SPDX-License-Identifier: MIT
+#include "protocol/CommandIdentifiers.h"
+#include "protocol/ResultCodes.h"
+#include "tests/ui/Modal.h"
+#include "tests/ui/Mouse.h"
+#include "tests/ui/TaggingTranslator.h"
+#include "ui/ClMessageBox.h"
+#include "ui/ClWidgetBase.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class MousePage : public ClWidgetBase {
+public:
+    QList<QEvent::Type> m_mouse;  // the mouse events that came to the page
+
+protected:
+    void mousePressEvent(QMouseEvent* event) override { m_mouse.append(event->type()); }
+    void mouseReleaseEvent(QMouseEvent* event) override { m_mouse.append(event->type()); }
+};
+
+}  // namespace
+
+/// The base of the pages: commands out, error boxes, the mouse of a child.
+class WidgetBaseTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { QCoreApplication::setApplicationName(u"NuBo Setting Tool"_s); }
+
+    void sendsACommandInItsOwnName();
+    void replacesCommandAndSender();
+    void leavesTheCallersMessageAlone();
+    void ignoresResultsByDefault();
+
+    void tellsTheError_data();
+    void tellsTheError();
+    void looksTheErrorTextsUpInItsContext();
+    void closesTheErrorBoxByKey_data();
+    void closesTheErrorBoxByKey();
+
+    void takesTheMouseOfAChild();
+    void leavesOtherEventsToTheChild();
+    void filtersNothingUnasked();
+    void passesANullEvent();
+};
+
+void WidgetBaseTest::sendsACommandInItsOwnName() {
+    ClWidgetBase page;
+    QSignalSpy sent(&page, &ClWidgetBase::sigSendCommand);
+    page.sendUsbCommand(USB_REQ_NUBO_CMD_GET_BATTERY, {{Key::PARAM2, 42}});
+
+    QCOMPARE(sent.size(), 1);
+    const VX_CMD message = sent[0][0].value<VX_CMD>();
+    QCOMPARE(message.size(), 3);
+    QCOMPARE(message[u"CMD"_s].metaType(), QMetaType::fromType<QUuid>());
+    QCOMPARE(message[u"CMD"_s].toUuid(), USB_REQ_NUBO_CMD_GET_BATTERY);
+    QCOMPARE(message[u"Sender"_s].metaType(), QMetaType::fromType<QObject*>());
+    QCOMPARE(message[u"Sender"_s].value<QObject*>(), &page);
+    QCOMPARE(message[u"PARAM2"_s].toInt(), 42);
+}
+
+void WidgetBaseTest::replacesCommandAndSender() {
+    ClWidgetBase page;
+    ClWidgetBase other;
+    QSignalSpy sent(&page, &ClWidgetBase::sigSendCommand);
+    page.sendUsbCommand(USB_NUBO_CMD_RESTART,
+                        {{Key::CMD, QVariant::fromValue(USB_NUBO_CMD_FORMAT_SD)},
+                         {Key::SENDER, QVariant::fromValue<QObject*>(&other)}});
+
+    const VX_CMD message = sent[0][0].value<VX_CMD>();
+    QCOMPARE(message.size(), 2);
+    QCOMPARE(message[Key::CMD].toUuid(), USB_NUBO_CMD_RESTART);
+    QCOMPARE(message[Key::SENDER].value<QObject*>(), &page);
+}
+
+void WidgetBaseTest::leavesTheCallersMessageAlone() {
+    ClWidgetBase page;
+    const VX_CMD message{{Key::PARAM2, 1}};
+    page.sendUsbCommand(USB_NUBO_CMD_RESTART, message);
+    QCOMPARE(message, (VX_CMD{{Key::PARAM2, 1}}));
+}
+
+void WidgetBaseTest::ignoresResultsByDefault() {
+    ClWidgetBase page;
+    QSignalSpy sent(&page, &ClWidgetBase::sigSendCommand);
+    page.showInit(false);
+    page.slotReceiveCommand({{Key::CMD, QVariant::fromValue(USB_CMD_ERROR)}});
+    QVERIFY(sent.isEmpty());
+}
+
+void WidgetBaseTest::tellsTheError_data() {
+    QTest::addColumn<unsigned short>("code");
+    QTest::addColumn<QString>("text");
+    const QString reset = u"Timeout error, please reset"_s;
+    const QString other = u"Exec failed, unknown error"_s;
+    const struct {
+        unsigned short code;
+        QString text;
+    } rows[]{
+        {0xFFFA, reset},
+        {0xFFFB, u"Parameter setting failed"_s},
+        {0xFFFC, u"Command error, version up"_s},
+        {0xFFFE, reset},
+        {0xFFFD, other},
+        {0xFFFF, other},
+        {0xFFF9, other},
+        {0xFFF8, other},
+        {0xFFF7, other},
+        {0xFFF6, other},
+        {0xFFF5, other},
+        {0xEF00, other},
+        {0xEF01, other},
+        {0xEF02, other},
+        {0xEF03, other},
+        {0xEF04, other},
+        {0xEF05, other},
+        {0x0000, other},
+    };
+    for (const auto& row : rows) {
+        QTest::addRow("0x%04X", row.code) << row.code << row.text;
+    }
+}
+
+void WidgetBaseTest::tellsTheError() {
+    QFETCH(unsigned short, code);
+    QFETCH(QString, text);
+    ClWidgetBase page;
+    page.show();
+    const ModalAnswer answer([&](QDialog& box) {
+        QVERIFY(qobject_cast<ClMessageBox*>(&box) != nullptr);
+        QCOMPARE(box.parentWidget(), &page);
+        QCOMPARE(box.windowTitle(), u"NuBo Setting Tool"_s);
+        QCOMPARE(box.findChild<QLabel*>()->text(), text);
+        const auto buttons = box.findChildren<QPushButton*>();
+        QCOMPARE(buttons.size(), 1);
+        QCOMPARE(buttons[0]->text(), u"OK"_s);
+        QTest::mouseClick(buttons[0], Qt::LeftButton);
+    });
+    page.showErrorMsgBox(code);
+    QVERIFY(answer.closed());
+}
+
+void WidgetBaseTest::looksTheErrorTextsUpInItsContext() {
+    const TaggingTranslator translator;
+    ClWidgetBase page;
+    for (const unsigned short code :
+         {NUBO_CMD_ERROR_EXEC, NUBO_CMD_ERROR_PARAM, NUBO_CMD_ERROR_COMMAND, NUBO_CMD_ERROR_TIMEOUT,
+          NUBO_CMD_ERROR_UNKNOWN}) {
+        const ModalAnswer answer([&](QDialog& box) {
+            const QString text = box.findChild<QLabel*>()->text();
+            QVERIFY2(text.startsWith("ClWidgetBase|"_L1), qPrintable(text));
+            QTest::keyClick(&box, Qt::Key_Escape);
+        });
+        page.showErrorMsgBox(code);
+        QVERIFY(answer.closed());
+    }
+}
+
+void WidgetBaseTest::closesTheErrorBoxByKey_data() {
+    QTest::addColumn<Qt::Key>("key");
+    QTest::newRow("Enter") << Qt::Key_Enter;
+    QTest::newRow("Return") << Qt::Key_Return;
+    QTest::newRow("Escape") << Qt::Key_Escape;
+}
+
+void WidgetBaseTest::closesTheErrorBoxByKey() {
+    QFETCH(Qt::Key, key);
+    ClWidgetBase page;
+    const ModalAnswer answer([&](QDialog& box) { QTest::keyClick(&box, key); });
+    page.showErrorMsgBox(NUBO_CMD_ERROR_BUSY);
+    QVERIFY(answer.closed());
+}
+
+void WidgetBaseTest::takesTheMouseOfAChild() {
+    MousePage page;
+    QPushButton button(&page);
+    button.installEventFilter(&page);
+    QSignalSpy clicked(&button, &QPushButton::clicked);
+    page.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&page));
+    clickMouse(button);
+    QCOMPARE(page.m_mouse,
+             (QList<QEvent::Type>{QEvent::MouseButtonPress, QEvent::MouseButtonRelease}));
+    QVERIFY(clicked.isEmpty());
+}
+
+void WidgetBaseTest::leavesOtherEventsToTheChild() {
+    MousePage page;
+    QLineEdit edit(&page);
+    edit.installEventFilter(&page);
+    page.show();
+    QTest::keyClicks(&edit, u"nubo"_s);
+    QCOMPARE(edit.text(), u"nubo"_s);
+    QVERIFY(page.m_mouse.isEmpty());
+}
+
+void WidgetBaseTest::filtersNothingUnasked() {
+    MousePage page;
+    QPushButton button(&page);
+    QSignalSpy clicked(&button, &QPushButton::clicked);
+    page.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&page));
+    clickMouse(button);
+    QCOMPARE(clicked.size(), 1);
+    QVERIFY(page.m_mouse.isEmpty());
+}
+
+void WidgetBaseTest::passesANullEvent() {
+    MousePage page;
+    QVERIFY(!page.eventFilter(&page, nullptr));
+}
+
+QTEST_MAIN(WidgetBaseTest)
+#include "WidgetBaseTest.moc"
