@@ -8,7 +8,8 @@
 #include "protocol/NuboCommands.h"
 #include "protocol/ResultCodes.h"
 
-#include <QImage>
+#include <QBuffer>
+#include <QImageReader>
 
 #include <algorithm>
 #include <array>
@@ -94,8 +95,13 @@ unsigned short getAccesspointList(stRequest& request) {
     return result;
 }
 
+// Nothing but JPEG is tried: what the camera sends must not choose among the decoders installed.
 QImage asPicture(const QByteArray& bytes) {
-    return QImage::fromData(bytes, "jpg");
+    QBuffer buffer;
+    buffer.setData(bytes);
+    QImageReader reader(&buffer, "jpg");
+    reader.setAutoDetectImageFormat(false);
+    return reader.read();
 }
 
 const QByteArray& asBytes(const QByteArray& bytes) {
