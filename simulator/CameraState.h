@@ -2,8 +2,11 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <vector>
+
+#include "simulator/CameraClock.h"
 
 namespace nubo::simulator {
 
@@ -38,9 +41,82 @@ struct AccessPoint {
     std::int32_t rssi = 50;        ///< as WifiLink::rssi
 };
 
-/// What the user sets; resetting the settings puts everything here back to its default.
+constexpr std::uint32_t kOff = 1;
+constexpr std::uint32_t kOn = 2;
+
+/// What the user sets; resetting the settings puts everything here back to its default. On/off
+/// values are kOff and kOn, addresses have their first octet on top.
 struct CameraSettings {
     WifiLink wifi;
+    std::uint32_t wifiOn = kOn;
+    std::uint32_t wifiMode = 1;  ///< 1 infrastructure, 2 ad hoc
+    std::uint32_t wifiCountry = 1;
+    std::uint32_t autoWifiOff = 300;  ///< seconds, 0 never
+    std::uint32_t streamAuthorization = kOff;
+    std::string streamPassword = "lantern";
+    std::uint32_t adhocAddress = 0xC0A80A01;
+    std::uint32_t adhocSubnetMask = 0xFFFFFF00;
+    std::uint32_t adhocSecure = 1;
+    std::uint32_t infraUseDhcp = kOn;
+    std::uint32_t infraAddress = 0xC0A80014;
+    std::uint32_t infraSubnetMask = 0xFFFFFF00;
+    std::uint32_t infraGateway = 0xC0A80001;
+    std::uint32_t primaryDns = 0xC0A80001;
+    std::uint32_t secondaryDns = 0;
+    std::string infraSsid = "Harbour";
+    std::string infraKey = "breakwater";
+    std::uint32_t rtspPort = 554;
+    std::string stunServer = "stun.example.net";
+    std::uint32_t recording = kOff;
+    std::uint32_t recordingSize = 2;  ///< 1 1920x1080, 2 1280x720, 3 640x480
+    std::uint32_t recordingRate = 30;
+    std::uint32_t liveSize = 1;  ///< 1 800x480, 2 320x240
+    std::uint32_t liveRate = 15;
+    std::uint32_t imageQuality = 2;
+    std::uint32_t intervalUse = kOff;
+    std::uint32_t intervalDelay = 10;   ///< seconds until the first picture
+    std::uint32_t intervalPeriod = 60;  ///< seconds between two pictures
+    std::uint32_t gpsUse = kOn;
+    std::uint32_t gpsSaveLogs = kOff;
+    std::uint32_t gpsAdjustTime = kOn;
+    std::uint32_t gpsLogFormat = 1;  ///< 1 the short set of sentences, 2 the full one
+    std::string cameraName = "Gull";
+    std::uint32_t timeZone = 9;  ///< hours east of Greenwich; above 12: 12 and the hours west
+    std::uint32_t ledStart = kOn;
+    std::uint32_t led = kOn;
+    std::uint32_t optimizer = kOff;
+    std::uint32_t autoPowerOff = 600;  ///< seconds, 0 never
+};
+
+/// What the factory wrote; no reset changes it.
+struct CameraIdentity {
+    std::string serialNumber = "SIM0001";
+    std::string macAddress = "02:00:5E:10:00:01";
+    std::string machineName = "NuBo";
+    std::string ssid = "NuBo-0001";
+    std::string adhocKey = "simulated";
+    std::string createDay = "2014/03/09 07:05:01";
+    std::string country = "JP";
+    std::string lens = "F2.8";
+    std::string firmwareVersion = "1.00";
+    std::uint32_t adjustFlag = 0;
+};
+
+/// What the camera measures of itself and of where it is; no command changes it.
+struct CameraReadings {
+    std::uint32_t eState = kOff;
+    std::uint32_t gpsState = 1;
+    std::uint32_t gpsSatellites = 7;
+};
+
+using ByteVector = std::vector<std::uint8_t>;
+using SharedBytes = std::shared_ptr<const ByteVector>;
+
+/// Bytes that go over in a data phase. Never null.
+struct CameraData {
+    SharedBytes picture = std::make_shared<const ByteVector>();
+    SharedBytes audio = std::make_shared<const ByteVector>();
+    SharedBytes firmware = std::make_shared<const ByteVector>();  ///< the image that came last
 };
 
 /// Everything that the camera knows.
@@ -48,8 +124,21 @@ struct CameraState {
     Battery battery;
     SdCard sdCard;
     CameraSettings settings;
+    CameraIdentity identity;
+    CameraReadings readings;
+    CameraClock clock;
+    CameraData data;
     std::vector<AccessPoint> accessPoints = {
-        {"Harbour", 6, 4, 72}, {"Workshop", 1, 2, 48}, {"Guest", 11, 0, 23}};
+        {"Harbour", 6, 4, 72},
+        {"Workshop", 1, 2, 48},
+        {"Guest", 11, 0, 23},
+        {"Old radio", 3, 1, 35},
+        {"", 9, 4, 41},
+        {"Lighthouse-Keeper-Upper-Deck-2G4", 13, 4, 64},
+        {"Caf\xC3\xA9 am Gro\xC3\x9F"
+         "markt",
+         4, 4, 30},
+    };
 };
 
 }  // namespace nubo::simulator

@@ -220,6 +220,9 @@ DeviceNode::Reply DeviceNode::reapUrb(UMockdevIoctlClient* client, UMockdevIoctl
     if (!m_gone && transfer->isIn() && m_record->device->wantsRestart()) {
         m_hooks.restart();
     }
+    if (!m_gone && transfer->isIn() && m_record->device->wantsPowerOff()) {
+        m_hooks.leaveBus();
+    }
     return {};
 }
 

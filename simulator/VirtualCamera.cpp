@@ -3,7 +3,6 @@
 
 #include <utility>
 
-#include "simulator/CameraCommands.h"
 #include "simulator/CameraItems.h"
 #include "simulator/Wire.h"
 
@@ -13,75 +12,92 @@ namespace {
 
 constexpr std::size_t kShortestWithId = kIdOffset + sizeof(std::uint16_t);
 
-/// The packet's parameters, as far as it has them.
-Parameters readParameters(std::span<const std::uint8_t> packet) {
-    Parameters parameters{};
-    std::size_t offset = kHeaderSize;
-    for (std::uint32_t& parameter : parameters) {
-        parameter = readU32(packet, offset);
-        offset += sizeof(parameter);
-    }
-    return parameters;
-}
-
-CommandAnswer refusal(std::uint16_t id, CameraResult result) {
-    return {{plainAnswer(id, result)}};
-}
-
-CommandAnswer execute(std::span<const std::uint8_t> packet, CameraState& state) {
-    const std::uint16_t id = readU16(packet, kIdOffset);
-    if (!isOfType(packet, PacketType::Command)) {
-        return refusal(id, CameraResult::UnknownCommand);
-    }
-    if (packet.size() < kHeaderSize || readU32(packet, kLengthOffset) != packet.size()) {
-        return refusal(id, CameraResult::DataLength);
-    }
-    const CameraCommand* const command = cameraCommand(readU16(packet, kCodeOffset));
-    if (command == nullptr) {
-        return refusal(id, CameraResult::UnknownCommand);
-    }
-    if (packet.size() != kPlainPacketSize) {
-        return refusal(id, CameraResult::DataLength);
-    }
-    return command->execute({id, readParameters(packet)}, state);
-}
-
 }  // namespace
 
 void VirtualCamera::receive(std::span<const std::uint8_t> packet) {
-    if (packet.size() < kShortestWithId) {
+    const std::lock_guard lock(m_mutex);
+    // A host that sends a command in place of the image has given the image up.
+    const bool isImage =
+        m_image.isUnderWay() || (m_image.isWaiting() && !isOfType(packet, PacketType::Command));
+    if (isImage) {
+        receiveImage(packet);
+    } else if (packet.size() >= kShortestWithId) {
+        m_image.reset();
+        receiveCommand(packet);
+    }
+}
+
+void VirtualCamera::receiveCommand(std::span<const std::uint8_t> packet) {
+    CommandAnswer answer = executeCommand(packet, m_state);
+    const std::uint16_t id = readU16(packet, kIdOffset);
+    for (ByteVector& message : answer.packets) {
+        m_outbox.add(std::move(message));
+    }
+    if (answer.data) {
+        m_outbox.addData(id, std::move(answer.data));
+    }
+    if (answer.imageSize) {
+        m_image.expect(id, *answer.imageSize);
+    }
+    if (answer.afterwards != Afterwards::Nothing) {
+        m_afterwards = answer.afterwards;
+    }
+}
+
+void VirtualCamera::receiveImage(std::span<const std::uint8_t> transfer) {
+    auto result = m_image.take(transfer);
+    if (!result) {
         return;
     }
-    const std::lock_guard lock(m_mutex);
-    CommandAnswer answer = execute(packet, m_state);
-    for (auto& message : answer.packets) {
-        m_outbox.push_back(std::move(message));
+    if (result->isWhole) {
+        m_state.data.firmware = std::make_shared<const ByteVector>(std::move(result->image));
     }
-    m_restarting = m_restarting || answer.restart;
+    m_outbox.add(plainAnswer(m_image.id(),
+                             result->isWhole ? CameraResult::Success : CameraResult::DataLength));
 }
 
 std::optional<std::vector<std::uint8_t>> VirtualCamera::send() {
     const std::lock_guard lock(m_mutex);
-    if (m_outbox.empty()) {
-        return std::nullopt;
-    }
-    std::vector<std::uint8_t> packet = std::move(m_outbox.front());
-    m_outbox.pop_front();
-    return packet;
+    return m_outbox.next();
 }
 
 void VirtualCamera::plugged() {
     const std::lock_guard lock(m_mutex);
     m_outbox.clear();
-    m_restarting = false;
+    m_image.reset();
+    m_afterwards = Afterwards::Nothing;
 }
 
 bool VirtualCamera::wantsRestart() {
+    return takeWish(Afterwards::Restart);
+}
+
+bool VirtualCamera::wantsPowerOff() {
+    return takeWish(Afterwards::PowerOff);
+}
+
+bool VirtualCamera::takeWish(Afterwards wish) {
     const std::lock_guard lock(m_mutex);
-    if (!m_outbox.empty()) {
+    if (m_afterwards != wish || !m_outbox.isEmpty()) {
         return false;
     }
-    return std::exchange(m_restarting, false);
+    m_afterwards = Afterwards::Nothing;
+    return true;
+}
+
+void VirtualCamera::setPicture(ByteVector bytes) {
+    const std::lock_guard lock(m_mutex);
+    m_state.data.picture = std::make_shared<const ByteVector>(std::move(bytes));
+}
+
+void VirtualCamera::setAudio(ByteVector bytes) {
+    const std::lock_guard lock(m_mutex);
+    m_state.data.audio = std::make_shared<const ByteVector>(std::move(bytes));
+}
+
+SharedBytes VirtualCamera::firmware() const {
+    const std::lock_guard lock(m_mutex);
+    return m_state.data.firmware;
 }
 
 CameraState VirtualCamera::state() const {

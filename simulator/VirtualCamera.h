@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstdint>
-#include <deque>
 #include <mutex>
 #include <optional>
 #include <span>
@@ -10,7 +9,10 @@
 #include <string_view>
 #include <vector>
 
+#include "simulator/CameraCommands.h"
 #include "simulator/CameraState.h"
+#include "simulator/ImageReceiver.h"
+#include "simulator/Outbox.h"
 #include "simulator/VirtualDevice.h"
 
 namespace nubo::simulator {
@@ -18,14 +20,16 @@ namespace nubo::simulator {
 /// The simulated camera: takes command packets, keeps what is set, and answers.
 ///
 /// A command that the camera does not know is answered with 0xFFFC, one whose length is wrong with
-/// 0xFFFD; a packet too short to hold a transaction id is ignored. Answers that the host does not
-/// fetch stay queued until the camera leaves the bus. All functions may be called from any thread.
+/// 0xFFFD, one with a parameter out of range with 0xFFFB; a packet too short to hold a transaction
+/// id is ignored. Answers that the host does not fetch stay queued until the camera leaves the bus.
+/// All functions may be called from any thread.
 class VirtualCamera : public VirtualDevice {
 public:
     void receive(std::span<const std::uint8_t> packet) override;
     std::optional<std::vector<std::uint8_t>> send() override;
     void plugged() override;
     bool wantsRestart() override;
+    bool wantsPowerOff() override;
 
     CameraState state() const;
     void setState(const CameraState& state);
@@ -35,11 +39,22 @@ public:
     /// False, and nothing changes, when there is no such item or the text is no value for it.
     bool set(std::string_view item, std::string_view value);
 
+    /// What the camera sends when it is asked for a picture, or for audio.
+    void setPicture(ByteVector bytes);
+    void setAudio(ByteVector bytes);
+    /// The image that came last and whole; empty before. Never null.
+    SharedBytes firmware() const;
+
 private:
+    void receiveCommand(std::span<const std::uint8_t> packet);
+    void receiveImage(std::span<const std::uint8_t> transfer);
+    bool takeWish(Afterwards wish);
+
     mutable std::mutex m_mutex;
     CameraState m_state;
-    std::deque<std::vector<std::uint8_t>> m_outbox;
-    bool m_restarting = false;
+    Outbox m_outbox;
+    ImageReceiver m_image;
+    Afterwards m_afterwards = Afterwards::Nothing;
 };
 
 }  // namespace nubo::simulator

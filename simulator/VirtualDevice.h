@@ -34,6 +34,9 @@ public:
     /// device and plug it in again after DeviceOptions::restartDelay.
     virtual bool wantsRestart() { return false; }
 
+    /// Asked likewise: true (once) makes the bus unplug the device, which stays away.
+    virtual bool wantsPowerOff() { return false; }
+
 protected:
     VirtualDevice() = default;
     VirtualDevice(const VirtualDevice&) = default;

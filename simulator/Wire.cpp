@@ -100,6 +100,19 @@ std::vector<std::uint8_t> twoTextAnswer(std::uint16_t id, std::uint32_t paramete
     return withLength(std::move(packet));
 }
 
+std::vector<std::uint8_t> textAnswer(std::uint16_t id, std::string_view text) {
+    if (text.empty()) {
+        return plainAnswer(id, CameraResult::Success);
+    }
+    constexpr std::size_t kParametersReplaced = 2;
+    std::vector<std::uint8_t> packet = answerHeader(id, CameraResult::Success);
+    appendText(packet, text);
+    for (std::size_t i = kParametersReplaced; i < kParameterCount; ++i) {
+        appendU32(packet, 0);
+    }
+    return withLength(std::move(packet));
+}
+
 bool isOfType(std::span<const std::uint8_t> packet, PacketType type) {
     return packet.size() >= kLengthOffset &&
            readU16(packet, kTypeOffset) == static_cast<std::uint16_t>(type);

@@ -10,6 +10,11 @@
 
 /// The camera's side of the wire. All numbers are little-endian.
 ///
+/// The first packet of a data phase to the host has u16 type 2, u16 id, u32 size of the whole, u32
+/// count of the bytes that follow in this packet; the rest comes raw, at most 1024 bytes a packet.
+/// The data packet of the host has u16 type 2, u16 id, u32 size, and then all bytes. Every other
+/// packet:
+///
 ///     offset  width  field
 ///          0    u16  packet type: 0 command, 1 answer, 2 data
 ///          2    u16  transaction id, chosen by the host, echoed in every packet of the answer
@@ -34,6 +39,9 @@ enum class CameraResult : std::uint16_t {
     Success = 0,
     DataLength = 0xFFFD,
     UnknownCommand = 0xFFFC,
+    ParameterRange = 0xFFFB,
+    NotExecuted = 0xFFFA,
+    SdCardFull = 0xFFF7,
 };
 
 using Parameters = std::array<std::uint32_t, kParameterCount>;
@@ -58,6 +66,10 @@ std::vector<std::uint8_t> plainAnswer(std::uint16_t id, CameraResult result,
 /// An answer of header, one parameter and two texts.
 std::vector<std::uint8_t> twoTextAnswer(std::uint16_t id, std::uint32_t parameter,
                                         std::string_view first, std::string_view second);
+
+/// An answer of header, one text in place of the first two parameters, and three parameters of 0.
+/// An empty text makes it a plain answer.
+std::vector<std::uint8_t> textAnswer(std::uint16_t id, std::string_view text);
 
 /// True for a packet whose head says that it carries `type`.
 bool isOfType(std::span<const std::uint8_t> packet, PacketType type);

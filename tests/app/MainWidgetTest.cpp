@@ -4,17 +4,14 @@
 #include "pages/ClWidgetSelectMode.h"
 #include "protocol/CommandIdentifiers.h"
 #include "protocol/NuboRecords.h"
-#include "ui/ClButtonMode.h"
 #include "ui/ClCaptionBar.h"
 #include "ui/ClRollOverToolBtn.h"
 
-#include <QBitmap>
 #include <QImage>
 #include <QLabel>
 #include <QMetaType>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QSignalSpy>
 #include <QStackedLayout>
 #include <QTest>
 #include <QWindow>

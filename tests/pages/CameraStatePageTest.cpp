@@ -15,6 +15,12 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+constexpr int PATIENCE_MS = 10'000;
+
+}  // namespace
+
 /// The values on the camera state page, and the chain of requests that brings them. The page stands
 /// alone; the camera's answers are fed in by hand.
 class CameraStatePageTest : public QObject {
@@ -264,18 +270,18 @@ void CameraStatePageTest::thePageIsRefreshedEveryFiveSecondsWhileVisible() {
     m_page->showInit(false);
     QElapsedTimer time;
     time.start();
-    QTest::qWait(1000);
+    QTest::qWait(2500);
     // Showing the page again does not put off the next refresh.
     m_page->showInit(false);
     m_sent->clear();
-    QVERIFY(m_sent->wait(6000));
-    QVERIFY2(time.elapsed() > 4700 && time.elapsed() < 5500,
-             qPrintable(u"%1"_s.arg(time.elapsed())));
-    QCOMPARE(sent(), QList<QUuid>{USB_REQ_NUBO_CMD_GET_BATTERY});
+    for (const int expected : {5000, 10'000}) {
+        QVERIFY(m_sent->wait(PATIENCE_MS));
+        // A busy machine may be late, but the timer is never early by more than its coarseness.
+        QVERIFY2(time.elapsed() > expected * 94 / 100 && time.elapsed() < expected + 2000,
+                 qPrintable(u"%1 ms"_s.arg(time.elapsed())));
+    }
+    QCOMPARE(sent(), (QList<QUuid>{USB_REQ_NUBO_CMD_GET_BATTERY, USB_REQ_NUBO_CMD_GET_BATTERY}));
     QCOMPARE(shown().card().last(), u"--"_s);
-    QVERIFY(m_sent->wait(6000));
-    QVERIFY2(time.elapsed() > 9500 && time.elapsed() < 10500,
-             qPrintable(u"%1"_s.arg(time.elapsed())));
 }
 
 void CameraStatePageTest::aHiddenPageIsNotRefreshed() {

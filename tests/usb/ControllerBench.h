@@ -10,21 +10,19 @@
 /// A controller, not yet open, for the one device on a virtual bus.
 struct ControllerBench {
     explicit ControllerBench(const nubo::simulator::DeviceOptions& options = {})
-        : id(bus.plug(device, options)), context(newContext()), devices(context.get()),
-          controller(devices.devices().front())
-    {
-    }
+        : id(bus.plug(device, options)),
+          context(newContext()),
+          devices(context.get()),
+          controller(devices.devices().front()) {}
 
-    static LibusbContext newContext()
-    {
+    static LibusbContext newContext() {
         libusb_context* context = nullptr;
         libusb_init(&context);
         return LibusbContext(context);
     }
 
     /// The device answers the next read with @p packet.
-    void say(const QByteArray& packet) const
-    {
+    void say(const QByteArray& packet) const {
         device->answerWith({packet.cbegin(), packet.cend()});
     }
     [[nodiscard]] nubo::simulator::DeviceLog log() const { return bus.log(id); }
@@ -40,8 +38,7 @@ struct ControllerBench {
 
 /// Options of a device with the given interfaces.
 inline nubo::simulator::DeviceOptions deviceWith(
-    const std::vector<nubo::simulator::InterfaceDescription>& interfaces)
-{
+    const std::vector<nubo::simulator::InterfaceDescription>& interfaces) {
     nubo::simulator::DeviceOptions options;
     options.description.interfaces = interfaces;
     return options;
@@ -49,8 +46,7 @@ inline nubo::simulator::DeviceOptions deviceWith(
 
 /// An interface with one setting of bulk endpoints of these addresses.
 inline nubo::simulator::InterfaceDescription interfaceWith(
-    const std::vector<std::uint8_t>& addresses)
-{
+    const std::vector<std::uint8_t>& addresses) {
     nubo::simulator::AlternateSetting setting;
     for (const std::uint8_t address : addresses) {
         setting.endpoints.push_back({address});

@@ -1,26 +1,28 @@
 // SPDX-License-Identifier: MIT
 #include "tests/usb/ManagerBench.h"
 
+#include "protocol/CommandIdentifiers.h"
+
+#include <QTest>
+
 #include <filesystem>
 
 using namespace nubo::simulator;
 
 namespace {
 
-constexpr std::chrono::seconds PATIENCE{10};
+constexpr int PATIENCE_MS = 10'000;
 constexpr stVendorProduct HUB{CAMERA.usVendorId, CAMERA.usProductId ^ 0x8000};
 
 }  // namespace
 
-ManagerBench::ManagerBench(Hub hub) : manager(std::make_unique<ClUsbManager>()), ui(*manager)
-{
+ManagerBench::ManagerBench(Hub hub) : manager(std::make_unique<ClUsbManager>()), ui(*manager) {
     if (hub == Hub::PluggedIn) {
         plugHub();
     }
 }
 
-DeviceId ManagerBench::plugCamera(const DeviceOptions& options, std::uint32_t charge)
-{
+DeviceId ManagerBench::plugCamera(const DeviceOptions& options, std::uint32_t charge) {
     auto camera = std::make_shared<SteadyCamera>();
     CameraState state = camera->state();
     state.battery.charge = charge;
@@ -28,15 +30,15 @@ DeviceId ManagerBench::plugCamera(const DeviceOptions& options, std::uint32_t ch
     return bus.plug(camera, options);
 }
 
-DeviceId ManagerBench::plugHub()
-{
+DeviceId ManagerBench::plugHub() {
     return bus.plug(std::make_shared<VirtualCamera>(), deviceOfIdentity(HUB));
 }
 
-int ManagerBench::start() const { return manager->initialize({CAMERA}); }
+int ManagerBench::start() const {
+    return manager->initialize({CAMERA});
+}
 
-int ManagerBench::search() const
-{
+int ManagerBench::search() const {
     int result = -1;
     QMetaObject::invokeMethod(
         manager.get(), [this] { return manager->openDevice(); }, Qt::BlockingQueuedConnection,
@@ -44,21 +46,26 @@ int ManagerBench::search() const
     return result;
 }
 
-bool ManagerBench::waitForHandles(DeviceId id, int handles) const
-{
-    return bus.waitForLog(
-        id, [handles](const DeviceLog& log) { return log.openHandles == handles; }, PATIENCE);
+bool ManagerBench::waitForHandles(DeviceId id, int handles) const {
+    return QTest::qWaitFor([&] { return bus.log(id).openHandles == handles; }, PATIENCE_MS);
 }
 
-DeviceOptions deviceOfIdentity(stVendorProduct identity)
-{
+std::map<unsigned int, ClUsbController*> ManagerBench::controllersByCharge() {
+    std::map<unsigned int, ClUsbController*> controllers;
+    for (ClUsbController* const controller : ui.opened()) {
+        const VX_CMD answer = ui.ask(USB_REQ_NUBO_CMD_GET_BATTERY, controller);
+        controllers[answer.value(Key::PARAM3).toUInt()] = controller;
+    }
+    return controllers;
+}
+
+DeviceOptions deviceOfIdentity(stVendorProduct identity) {
     DeviceOptions options;
     options.description.vendorId = identity.usVendorId;
     options.description.productId = identity.usProductId;
     return options;
 }
 
-qsizetype openFileCount()
-{
+qsizetype openFileCount() {
     return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {});
 }

@@ -6,6 +6,7 @@
 #include "tests/usb/UserInterface.h"
 #include "usb/ClUsbManager.h"
 
+#include <map>
 #include <memory>
 
 /// A camera that says yes to a restart and stays, so that one camera serves many tests.
@@ -31,8 +32,10 @@ struct ManagerBench {
     [[nodiscard]] int start() const;
     /// Runs one search pass on the manager's thread and waits for its end.
     int search() const;
-    /// Waits until the device's node is open @p handles times.
+    /// Waits until the device's node is open @p handles times. The search goes on meanwhile.
     [[nodiscard]] bool waitForHandles(nubo::simulator::DeviceId id, int handles) const;
+    /// Asks the announced cameras which they are.
+    [[nodiscard]] std::map<unsigned int, ClUsbController*> controllersByCharge();
 
     nubo::simulator::VirtualUsbBus bus;
     std::unique_ptr<ClUsbManager> manager;

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
-// What the controller makes of libusb's results, those included that no device can be told to cause.
-// The linker sends its calls to the functions here (see CMakeLists.txt); all else is the real libusb.
+// What the controller makes of libusb's results, those included that no device can be told to
+// cause. The linker sends its calls to the functions here (see CMakeLists.txt); all else is the
+// real libusb.
 
 #include "tests/usb/ControllerBench.h"
 
@@ -42,8 +43,7 @@ stLibusbCalls g_calls;
 extern "C" {
 int __wrap_libusb_bulk_transfer(libusb_device_handle* handle, unsigned char endpoint,
                                 unsigned char* data, int length, int* transferred,
-                                unsigned int timeout)
-{
+                                unsigned int timeout) {
     g_calls.timeouts.append(static_cast<int>(timeout));
     if (g_calls.transferEnd) {
         *transferred = g_calls.transferEnd->transferred;
@@ -52,8 +52,7 @@ int __wrap_libusb_bulk_transfer(libusb_device_handle* handle, unsigned char endp
     return __real_libusb_bulk_transfer(handle, endpoint, data, length, transferred, timeout);
 }
 
-int __wrap_libusb_claim_interface(libusb_device_handle* handle, int number)
-{
+int __wrap_libusb_claim_interface(libusb_device_handle* handle, int number) {
     g_calls.claims.append(number);
     if (g_calls.claimsUntilRefusal-- <= 0) {
         return LIBUSB_ERROR_BUSY;
@@ -61,8 +60,7 @@ int __wrap_libusb_claim_interface(libusb_device_handle* handle, int number)
     return __real_libusb_claim_interface(handle, number);
 }
 
-int __wrap_libusb_release_interface(libusb_device_handle* handle, int number)
-{
+int __wrap_libusb_release_interface(libusb_device_handle* handle, int number) {
     g_calls.releases.append(number);
     return __real_libusb_release_interface(handle, number);
 }
@@ -74,8 +72,7 @@ constexpr int TIMEOUT_MS = 1234;
 constexpr int CODE_LEFT_ALONE = 0;
 const QByteArray REQUEST(32, 'r');
 
-DeviceOptions twoSettings()
-{
+DeviceOptions twoSettings() {
     InterfaceDescription interface = interfaceWith({0x81, 0x02});
     interface.alternates.push_back(interfaceWith({0x83, 0x04}).alternates.front());
     return deviceWith({interface, interfaceWith({0x85, 0x06})});
@@ -98,8 +95,7 @@ private Q_SLOTS:
     void theTimeoutIsTheCallersOwn();
 };
 
-void UsbControllerCallsTest::everySettingIsClaimedAndReleased()
-{
+void UsbControllerCallsTest::everySettingIsClaimedAndReleased() {
     ControllerBench bench(twoSettings());
     QCOMPARE(bench.controller.open(), 0);
     QCOMPARE(g_calls.claims, (QList<int>{0, 0}));
@@ -115,8 +111,7 @@ void UsbControllerCallsTest::everySettingIsClaimedAndReleased()
     QCOMPARE(g_calls.releases, (QList<int>{0, 0}));
 }
 
-void UsbControllerCallsTest::aRefusedSettingEndsTheInterface()
-{
+void UsbControllerCallsTest::aRefusedSettingEndsTheInterface() {
     g_calls.claimsUntilRefusal = 1;
     ControllerBench bench(twoSettings());
     QCOMPARE(bench.controller.open(), 0);
@@ -126,8 +121,7 @@ void UsbControllerCallsTest::aRefusedSettingEndsTheInterface()
     QCOMPARE(g_calls.releases, (QList<int>{0}));
 }
 
-void UsbControllerCallsTest::aReadMapsTheResult_data()
-{
+void UsbControllerCallsTest::aReadMapsTheResult_data() {
     QTest::addColumn<int>("result");
     QTest::addColumn<int>("transferred");
     QTest::addColumn<int>("code");
@@ -141,16 +135,15 @@ void UsbControllerCallsTest::aReadMapsTheResult_data()
     QTest::newRow("busy") << int{LIBUSB_ERROR_BUSY} << 0 << 0xEF02 << 0 << 0;
     QTest::newRow("gone") << int{LIBUSB_ERROR_NO_DEVICE} << 0 << 0xEF00 << 0 << 1;
     QTest::newRow("gone after part") << int{LIBUSB_ERROR_NO_DEVICE} << 10 << 0xEF00 << 0 << 1;
-    for (const int other : {LIBUSB_ERROR_IO, LIBUSB_ERROR_INVALID_PARAM, LIBUSB_ERROR_ACCESS,
-                            LIBUSB_ERROR_NOT_FOUND, LIBUSB_ERROR_OVERFLOW, LIBUSB_ERROR_PIPE,
-                            LIBUSB_ERROR_INTERRUPTED, LIBUSB_ERROR_NO_MEM,
-                            LIBUSB_ERROR_NOT_SUPPORTED, LIBUSB_ERROR_OTHER}) {
+    for (const int other :
+         {LIBUSB_ERROR_IO, LIBUSB_ERROR_INVALID_PARAM, LIBUSB_ERROR_ACCESS, LIBUSB_ERROR_NOT_FOUND,
+          LIBUSB_ERROR_OVERFLOW, LIBUSB_ERROR_PIPE, LIBUSB_ERROR_INTERRUPTED, LIBUSB_ERROR_NO_MEM,
+          LIBUSB_ERROR_NOT_SUPPORTED, LIBUSB_ERROR_OTHER}) {
         QTest::addRow("%s", libusb_error_name(other)) << other << 10 << 0xEF05 << 0 << 0;
     }
 }
 
-void UsbControllerCallsTest::aReadMapsTheResult()
-{
+void UsbControllerCallsTest::aReadMapsTheResult() {
     QFETCH(const int, result);
     QFETCH(const int, transferred);
     QFETCH(const int, closings);
@@ -166,8 +159,7 @@ void UsbControllerCallsTest::aReadMapsTheResult()
     QCOMPARE(bench.controller.isOpened(), closings == 0);
 }
 
-void UsbControllerCallsTest::aWriteReturnsTheCount_data()
-{
+void UsbControllerCallsTest::aWriteReturnsTheCount_data() {
     QTest::addColumn<int>("result");
     QTest::addColumn<int>("transferred");
     QTest::addColumn<int>("closings");
@@ -183,8 +175,7 @@ void UsbControllerCallsTest::aWriteReturnsTheCount_data()
     }
 }
 
-void UsbControllerCallsTest::aWriteReturnsTheCount()
-{
+void UsbControllerCallsTest::aWriteReturnsTheCount() {
     QFETCH(const int, result);
     QFETCH(const int, transferred);
     QFETCH(const int, closings);
@@ -197,8 +188,7 @@ void UsbControllerCallsTest::aWriteReturnsTheCount()
     QCOMPARE(bench.controller.isOpened(), closings == 0);
 }
 
-void UsbControllerCallsTest::theTimeoutIsTheCallersOwn()
-{
+void UsbControllerCallsTest::theTimeoutIsTheCallersOwn() {
     ControllerBench bench;
     QCOMPARE(bench.controller.open(), 0);
     bench.say("answer");

@@ -1,1 +1,137 @@
-int main(){return 0;}
+// SPDX-License-Identifier: MIT
+#include "protocol/CommandIdentifiers.h"
+#include "tests/usb/ManagerBench.h"
+
+#include <QSemaphore>
+#include <QTest>
+
+using namespace nubo::simulator;
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr qint64 READ_TIMEOUT_MS = 1000;
+// The destructor looks for the end of the thread every 100 ms; the rest is for a loaded machine.
+constexpr qint64 SLACK_MS = 900;
+
+}  // namespace
+
+/// The end of the manager: whatever it is doing, it stops soon and leaves nothing behind.
+class UsbManagerShutdownTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void anIdleManagerEnds_data();
+    void anIdleManagerEnds();
+    void anOpenCameraIsGivenBackWithoutAMessage_data();
+    void anOpenCameraIsGivenBackWithoutAMessage();
+    void aRunningTransactionEndsWithItsRead();
+    void requestsThatStillWaitAreDropped();
+    void aManagerEndsInTheMiddleOfItsSearch();
+};
+
+void UsbManagerShutdownTest::anIdleManagerEnds_data() {
+    QTest::addColumn<bool>("isStarted");
+    QTest::newRow("never started") << false;
+    QTest::newRow("no camera") << true;
+}
+
+void UsbManagerShutdownTest::anIdleManagerEnds() {
+    QFETCH(const bool, isStarted);
+    ManagerBench bench;
+    if (isStarted) {
+        QCOMPARE(bench.start(), 0);
+    }
+    const qint64 before = bench.ui.now();
+    bench.manager.reset();
+    QCOMPARE_LT(bench.ui.now() - before, SLACK_MS);
+}
+
+void UsbManagerShutdownTest::anOpenCameraIsGivenBackWithoutAMessage_data() {
+    QTest::addColumn<int>("announced");
+    QTest::newRow("waiting") << 0;
+    QTest::newRow("announced") << 1;
+}
+
+void UsbManagerShutdownTest::anOpenCameraIsGivenBackWithoutAMessage() {
+    QFETCH(const int, announced);
+    ManagerBench bench;
+    const DeviceId camera = bench.plugCamera();
+    QCOMPARE(bench.start(), 0);
+    QVERIFY(bench.ui.waitForOpened(announced));
+
+    bench.manager.reset();
+    QCOMPARE(bench.bus.log(camera).releases, std::vector<int>{0});
+    QVERIFY(bench.waitForHandles(camera, 0));
+    QCOMPARE(bench.ui.arrivals().size(), announced);
+    QCOMPARE(bench.ui.closed().size(), 0);
+}
+
+void UsbManagerShutdownTest::aRunningTransactionEndsWithItsRead() {
+    ManagerBench bench;
+    const DeviceId camera = bench.plugCamera();
+    QCOMPARE(bench.start(), 0);
+    QVERIFY(bench.ui.waitForOpened(1));
+
+    bench.bus.addFault(camera, {.kind = FaultKind::Timeout, .unit = FaultUnit::Command});
+    bench.ui.send(USB_REQ_NUBO_CMD_GET_BATTERY, bench.ui.opened().first());
+    QVERIFY(bench.bus.waitForTransfers(camera, 1, 5s));
+    const qint64 before = bench.ui.now();
+    bench.manager.reset();
+    // One of the three reads that the transaction would wait for.
+    QCOMPARE_LT(bench.ui.now() - before, READ_TIMEOUT_MS + SLACK_MS);
+    QCOMPARE(bench.bus.log(camera).releases, std::vector<int>{0});
+    QVERIFY(bench.waitForHandles(camera, 0));
+    QCOMPARE(bench.ui.closed().size(), 0);
+}
+
+void UsbManagerShutdownTest::requestsThatStillWaitAreDropped() {
+    ManagerBench bench;
+    const DeviceId camera = bench.plugCamera();
+    QCOMPARE(bench.start(), 0);
+    QVERIFY(bench.ui.waitForOpened(1));
+
+    bench.bus.addFault(camera, {.kind = FaultKind::Timeout, .unit = FaultUnit::Command});
+    // Requests that have come while the thread was busy are delivered together.
+    QSemaphore busy;
+    QMetaObject::invokeMethod(
+        bench.manager.get(), [&] { busy.acquire(); }, Qt::QueuedConnection);
+    for (int i = 0; i < 5; ++i) {
+        bench.ui.send(USB_NUBO_CMD_FORMAT_SD, bench.ui.opened().first());
+    }
+    busy.release();
+    QVERIFY(bench.bus.waitForTransfers(camera, 1, 5s));
+    const qint64 before = bench.ui.now();
+    bench.manager.reset();
+    QCOMPARE_LT(bench.ui.now() - before, READ_TIMEOUT_MS + SLACK_MS);
+    QCOMPARE(bench.bus.log(camera).commandCount, std::uint64_t{1});
+}
+
+void UsbManagerShutdownTest::aManagerEndsInTheMiddleOfItsSearch() {
+    constexpr int ROUNDS = 20;
+    ManagerBench bench;
+    bench.manager.reset();
+    const DeviceId camera = bench.plugCamera();
+    qsizetype files = 0;
+    for (int round = 0; round < ROUNDS; ++round) {
+        bench.manager = std::make_unique<ClUsbManager>();
+        QCOMPARE(bench.start(), 0);
+        for (int pass = 0; pass < round; ++pass) {
+            QMetaObject::invokeMethod(bench.manager.get(), &ClUsbManager::slotDeviceSearch,
+                                      Qt::QueuedConnection);
+        }
+        const qint64 before = bench.ui.now();
+        bench.manager.reset();
+        QCOMPARE_LT(bench.ui.now() - before, SLACK_MS);
+        QCOMPARE(bench.bus.log(camera).timesOpened, round + 1);
+        QVERIFY(bench.waitForHandles(camera, 0));
+        if (round == 0) {
+            files = openFileCount();
+        }
+    }
+    // The emulated bus closes its end of a handle a little later.
+    QTRY_VERIFY(openFileCount() <= files);
+}
+
+QTEST_GUILESS_MAIN(UsbManagerShutdownTest)
+#include "UsbManagerShutdownTest.moc"

@@ -11,25 +11,23 @@ namespace {
 // An announcement takes 4 s at most, the longest transaction 9 s.
 constexpr int PATIENCE_MS = 20'000;
 
-bool isDeviceMessage(const VX_CMD& message)
-{
+bool isDeviceMessage(const VX_CMD& message) {
     const QUuid command = getCommand(message);
     return command == USB_CMD_DEVICE_OPEN || command == USB_CMD_DEVICE_CLOSE;
 }
 
 }  // namespace
 
-UserInterface::UserInterface(ClUsbManager& manager)
-{
+UserInterface::UserInterface(ClUsbManager& manager) {
     registerCommandTypes();
     m_clock.start();
     connect(this, &UserInterface::sigSendCommand, &manager, &ClUsbManager::slotReceiveCommand);
-    connect(&manager, &ClUsbManager::sigSendCommand, this,
-            [this](const VX_CMD& message) { m_arrivals.append({message, now()}); });
+    connect(&manager, &ClUsbManager::sigSendCommand, this, [this](const VX_CMD& message) {
+        m_arrivals.append({message, now()});
+    });
 }
 
-QList<ClUsbController*> UserInterface::controllersOf(const QUuid& command) const
-{
+QList<ClUsbController*> UserInterface::controllersOf(const QUuid& command) const {
     QList<ClUsbController*> controllers;
     for (const stArrival& arrival : m_arrivals) {
         if (getCommand(arrival.message) == command) {
@@ -39,15 +37,15 @@ QList<ClUsbController*> UserInterface::controllersOf(const QUuid& command) const
     return controllers;
 }
 
-QList<ClUsbController*> UserInterface::opened() const { return controllersOf(USB_CMD_DEVICE_OPEN); }
+QList<ClUsbController*> UserInterface::opened() const {
+    return controllersOf(USB_CMD_DEVICE_OPEN);
+}
 
-QList<ClUsbController*> UserInterface::closed() const
-{
+QList<ClUsbController*> UserInterface::closed() const {
     return controllersOf(USB_CMD_DEVICE_CLOSE);
 }
 
-QList<VX_CMD> UserInterface::answers() const
-{
+QList<VX_CMD> UserInterface::answers() const {
     QList<VX_CMD> answers;
     for (const stArrival& arrival : m_arrivals) {
         if (!isDeviceMessage(arrival.message)) {
@@ -57,35 +55,29 @@ QList<VX_CMD> UserInterface::answers() const
     return answers;
 }
 
-bool UserInterface::waitForOpened(qsizetype count) const
-{
+bool UserInterface::waitForOpened(qsizetype count) const {
     return QTest::qWaitFor([&] { return opened().size() >= count; }, PATIENCE_MS);
 }
 
-bool UserInterface::waitForClosed(qsizetype count) const
-{
+bool UserInterface::waitForClosed(qsizetype count) const {
     return QTest::qWaitFor([&] { return closed().size() >= count; }, PATIENCE_MS);
 }
 
-void UserInterface::send(const QUuid& request, ClUsbController* camera)
-{
+void UserInterface::send(const QUuid& request, ClUsbController* camera) {
     Q_EMIT sigSendCommand({
         {Key::CMD, request},
         {Key::PARAM1, QVariant::fromValue(static_cast<void*>(camera))},
     });
 }
 
-VX_CMD UserInterface::ask(const QUuid& request, ClUsbController* camera)
-{
+VX_CMD UserInterface::ask(const QUuid& request, ClUsbController* camera) {
     const qsizetype before = answers().size();
     send(request, camera);
-    const bool hasCome =
-        QTest::qWaitFor([&] { return answers().size() > before; }, PATIENCE_MS);
+    const bool hasCome = QTest::qWaitFor([&] { return answers().size() > before; }, PATIENCE_MS);
     return hasCome ? answers().at(before) : VX_CMD();
 }
 
-QByteArray outcomeOf(const VX_CMD& answer)
-{
+QByteArray outcomeOf(const VX_CMD& answer) {
     const QByteArray name = getUsbCommand(getCommand(answer)).toLatin1();
     const QUuid command = getCommand(answer);
     if (command != USB_CMD_ERROR && command != USB_NUBO_CMD_RESPONSE) {

@@ -1,0 +1,26 @@
+#!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
+# Installs what is missing, builds the release preset with the benchmarks and runs them: all, or the
+# rows named as arguments. Prints a table and writes build/bench/results.json. A goal that is missed
+# is no failure; something that cannot be run is.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+
+has_display=true
+[ -n "${DISPLAY-}${WAYLAND_DISPLAY-}" ] || has_display=false
+
+source packaging/packages.sh
+display=()
+if $has_display; then
+    install_missing "${BUILD_PACKAGES[@]}"
+else
+    install_missing "${BUILD_PACKAGES[@]}" "${HEADLESS_PACKAGES[@]}"
+    display=(xvfb-run --auto-servernum --server-args '-screen 0 1280x1024x24')
+fi
+
+directory=build/bench
+[ -f $directory/build.ninja ] ||
+    cmake --preset release -B $directory -DNUBO_BUILD_BENCH=ON
+cmake --build $directory --target nubo-bench
+
+"${display[@]}" $directory/bench/nubo-bench --results $directory/results.json "$@"

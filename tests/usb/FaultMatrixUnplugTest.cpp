@@ -1,0 +1,122 @@
+// SPDX-License-Identifier: MIT
+#include "tests/usb/FaultMatrix.h"
+
+using namespace nubo::simulator;
+using namespace std::chrono_literals;
+
+namespace {
+
+struct stLoss {
+    QByteArray name;
+    const stKind* kind;
+    Fault fault;
+    QByteArray outcome;  ///< empty: nothing but the news that the camera has gone
+};
+
+QList<stLoss> losses() {
+    QList<stLoss> rows;
+    for (const stKind& kind : KINDS) {
+        for (unsigned transfer = 1; transfer <= kind.transfers.size(); ++transfer) {
+            const char place = kind.transfers[transfer - 1];
+            // A write that moves nothing is a success, unless more is read after it.
+            const bool isUnnoticed =
+                place == 'w' || (place == 'W' && kind.request != USB_REQ_NUBO_CMD_GET_WIFI_INFO &&
+                                 kind.request != USB_NUBO_CMD_REQ_AUDIO);
+            QByteArray outcome = isUnnoticed ? kind.success : "USB_CMD_ERROR 0xef00";
+            if (place == 'R') {
+                outcome.clear();
+            }
+            for (const auto& [name, fault] : {std::pair{"gone", FaultKind::DeviceGone},
+                                              std::pair{"unplugged", FaultKind::UnplugBefore}}) {
+                rows.append({transferName(kind, transfer) + ": " + name,
+                             &kind,
+                             {.kind = fault, .nth = transfer},
+                             outcome});
+            }
+        }
+    }
+    return rows;
+}
+
+}  // namespace
+
+/// The camera goes during, and between, all transfers of all kinds of transactions. Every row has
+/// a camera of its own, so that the three seconds until an announcement pass for all together.
+class FaultMatrixUnplugTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void theToolIsToldOnceAndGoesOn_data();
+    void theToolIsToldOnceAndGoesOn();
+    void everyCameraWorksWhenItIsBack();
+
+private:
+    const QList<stLoss> m_losses = losses();
+    ManagerBench m_bench;
+    std::map<unsigned int, DeviceId> m_cameras;              ///< by the charge of the battery
+    std::map<unsigned int, ClUsbController*> m_controllers;  ///< likewise
+};
+
+void FaultMatrixUnplugTest::initTestCase() {
+    for (unsigned int charge = 0; charge < m_losses.size(); ++charge) {
+        m_cameras[charge] = m_bench.bus.plug(makeMatrixCamera(charge));
+    }
+    QCOMPARE(m_bench.start(), 0);
+    QVERIFY(m_bench.ui.waitForOpened(std::ssize(m_cameras)));
+    m_controllers = m_bench.controllersByCharge();
+    QCOMPARE(m_controllers.size(), m_cameras.size());
+}
+
+void FaultMatrixUnplugTest::theToolIsToldOnceAndGoesOn_data() {
+    QTest::addColumn<unsigned int>("charge");
+    for (unsigned int charge = 0; charge < m_losses.size(); ++charge) {
+        QTest::newRow(m_losses[charge].name.constData()) << charge;
+    }
+}
+
+void FaultMatrixUnplugTest::theToolIsToldOnceAndGoesOn() {
+    QFETCH(const unsigned int, charge);
+    const auto& [name, kind, fault, outcome] = m_losses[charge];
+    const DeviceId camera = m_cameras.at(charge);
+    ClUsbController* const controller = m_controllers.at(charge);
+    m_bench.ui.forgetArrivals();
+    m_bench.bus.addFault(camera, fault);
+    const qint64 before = m_bench.ui.now();
+    sendRequest(m_bench, *kind, controller);
+    const qsizetype answerCount = outcome.isEmpty() ? 0 : 1;
+    QVERIFY(m_bench.ui.waitForClosed(1));
+    QTRY_COMPARE(m_bench.ui.answers().size(), answerCount);
+    QCOMPARE_LT(m_bench.ui.now() - before, 900);  // no time-out is waited for
+    if (answerCount == 1) {
+        QCOMPARE(outcomeOf(m_bench.ui.answers().first()), outcome);
+    }
+    QCOMPARE(m_bench.ui.closed(), QList<ClUsbController*>{controller});
+    QCOMPARE(outcomeOf(m_bench.ui.ask(USB_REQ_NUBO_CMD_GET_BATTERY, controller)),
+             "USB_CMD_ERROR 0xef00");
+    QVERIFY(m_bench.bus.waitForPlugged(camera, false, 5s));
+    QVERIFY(m_bench.waitForHandles(camera, 0));
+    QCOMPARE(m_bench.ui.arrivals().size(), answerCount + 2);
+}
+
+void FaultMatrixUnplugTest::everyCameraWorksWhenItIsBack() {
+    m_bench.ui.forgetArrivals();
+    for (const auto& [charge, camera] : m_cameras) {
+        QVERIFY(m_bench.bus.replug(camera));
+    }
+    QVERIFY(m_bench.ui.waitForOpened(std::ssize(m_cameras)));
+    QCOMPARE(m_bench.ui.closed().size(), 0);
+    QVERIFY(m_bench.manager->canCommunication());
+    m_controllers = m_bench.controllersByCharge();
+    QCOMPARE(m_controllers.size(), m_cameras.size());
+    for (const auto& [charge, controller] : m_controllers) {
+        m_bench.ui.forgetArrivals();
+        const stKind& kind = *m_losses[charge].kind;
+        sendRequest(m_bench, kind, controller);
+        QTRY_COMPARE(m_bench.ui.answers().size(), 1);
+        QCOMPARE(outcomeOf(m_bench.ui.answers().first()), kind.success);
+    }
+}
+
+QTEST_GUILESS_MAIN(FaultMatrixUnplugTest)
+#include "FaultMatrixUnplugTest.moc"
