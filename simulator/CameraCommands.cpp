@@ -88,7 +88,8 @@ CommandAnswer formatSdCard(const CommandRequest& request, CameraState& state) {
 }
 
 CommandAnswer resetSettings(const CommandRequest& request, CameraState& state) {
-    state.settings = CameraSettings{};
+    const CameraSettings defaults;
+    state.settings = defaults;
     return success(request);
 }
 

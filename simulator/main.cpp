@@ -12,6 +12,7 @@
 #include <cstring>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -117,6 +118,21 @@ int serveUntilEnd(ChildProcess& child, const FileDescriptor& signals, ControlTar
     }
 }
 
+/// A root hub, as on every real bus: with it the list of devices is never empty, and a host notices
+/// that its only camera has gone.
+class RootHub : public VirtualDevice {
+public:
+    void receive(std::span<const std::uint8_t>) override {}
+    std::optional<std::vector<std::uint8_t>> send() override { return std::nullopt; }
+};
+
+DeviceOptions rootHubOptions() {
+    DeviceOptions options;
+    options.description.vendorId = 0x1D6B;  // the identity of the Linux kernel's own root hubs
+    options.description.productId = 0x0002;
+    return options;
+}
+
 int run(const Options& options) {
     Script script;
     if (!options.script.empty() && !script.load(options.script)) {
@@ -124,6 +140,7 @@ int run(const Options& options) {
     }
     const FileDescriptor signals = watchSignals();
     VirtualUsbBus bus;
+    bus.plug(std::make_shared<RootHub>(), rootHubOptions());
     ControlTarget target{bus, {}};
     DeviceOptions device;
     device.restartDelay = options.restartDelay;

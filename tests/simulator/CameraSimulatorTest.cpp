@@ -252,7 +252,7 @@ void CameraSimulatorTest::linesAreAnswered_data() {
     row("fault stall 1 once more", "error: how often is once, forever or xCOUNT, not \"once\"");
     row("clear-faults", "ok");
     row("clear-faults all", "error: too many words");
-    row("status", "ok camera 1: device 1, open 0, transfers 0, commands 0");
+    row("status", "ok camera 1: device 2, open 0, transfers 0, commands 0");
     row("status please", "error: too many words");
     row("help",
         "ok plug [K]; unplug [K]; set ITEM VALUE; get ITEM; fault KIND [ARG] [transfer|command] N "
@@ -290,7 +290,7 @@ void CameraSimulatorTest::cameraIsPluggedAndUnplugged() {
 void CameraSimulatorTest::cameraRestarts() {
     start({u"--restart-delay"_s, u"50"_s});
     QCOMPARE(probe("restart"), QByteArray("0"));
-    const auto isBack = [&] { return control("status").contains("device 2"); };
+    const auto isBack = [&] { return control("status").contains("device 3"); };
     QTRY_VERIFY_WITH_TIMEOUT(isBack(), kPatience);
     QTRY_COMPARE_WITH_TIMEOUT(probe("battery"), QByteArray("85"), kPatience);
 }
@@ -321,7 +321,7 @@ void CameraSimulatorTest::statusTellsWhatHappened() {
     QCOMPARE(control("unplug 2"), QByteArray("ok"));
     QCOMPARE(probe("battery"), QByteArray("85"));
     const QByteArray expected =
-        "ok camera 1: device 1, open 0, transfers 2, commands 1; "
+        "ok camera 1: device 2, open 0, transfers 2, commands 1; "
         "camera 2: unplugged, open 0, transfers 0, commands 0";
     QTRY_COMPARE_WITH_TIMEOUT(control("status"), expected, kPatience);
 }
