@@ -99,11 +99,13 @@ bool ClTour::waitFor(const QString& what, const std::function<bool()>& condition
 }
 
 bool ClTour::takePicture(QWidget* widget, const QString& name) {
-    return save(widget->grab(), name);
+    return save(widget->grab().toImage(), name);
 }
 
 bool ClTour::takeWindowPicture(const QString& name) {
-    QPixmap picture = m_window.grab();
+    // The pointer rests where nothing lights up under it.
+    QTest::mouseMove(&m_window, m_window.rect().center());
+    QImage picture = m_window.grab().toImage().convertToFormat(QImage::Format_ARGB32_Premultiplied);
     // What lies outside the window's rounded corners is not part of it.
     QPainter painter(&picture);
     painter.setCompositionMode(QPainter::CompositionMode_DestinationIn);
@@ -112,7 +114,7 @@ bool ClTour::takeWindowPicture(const QString& name) {
     return save(picture, name);
 }
 
-bool ClTour::save(const QPixmap& picture, const QString& name) {
+bool ClTour::save(const QImage& picture, const QString& name) {
     const QString path = m_directory.filePath(name + QStringLiteral(".png"));
     if (!picture.save(path)) {
         out() << "Cannot write " << path << Qt::endl;

@@ -8,6 +8,7 @@
 
 class ClMainWidget;
 class QAbstractButton;
+class QImage;
 
 /// Walks through the tool as a user does, on whatever camera is on the bus, and leaves a picture of
 /// everything it comes by. Main thread.
@@ -28,7 +29,7 @@ private:
     [[nodiscard]] bool waitFor(const QString& what, const std::function<bool()>& condition);
     [[nodiscard]] bool takePicture(QWidget* widget, const QString& name);
     [[nodiscard]] bool takeWindowPicture(const QString& name);
-    [[nodiscard]] bool save(const QPixmap& picture, const QString& name);
+    [[nodiscard]] bool save(const QImage& picture, const QString& name);
 
     ClMainWidget& m_window;
     QDir m_directory;
