@@ -151,8 +151,15 @@ void ClWidgetCameraState::showInit(bool isPolling) {
         setValue(m_sdFree, tr("%1 Byte").arg(unknown));
         setValue(m_sdFileSystem, unknown);
         startPolling();
+    } else if (!m_awaitedRead.isNull()) {
+        return;
     }
-    sendUsbCommand(std::begin(READS)->request, {});
+    sendRead(std::begin(READS)->request);
+}
+
+void ClWidgetCameraState::sendRead(const QUuid& request) {
+    m_awaitedRead = request;
+    sendUsbCommand(request);
 }
 
 void ClWidgetCameraState::slotReceiveCommand(const VX_CMD& clCommand) {
@@ -170,13 +177,17 @@ void ClWidgetCameraState::slotReceiveCommand(const VX_CMD& clCommand) {
     } else if (const auto step = std::ranges::find(READS, received, &stRead::answer);
                step != std::end(READS)) {
         (this->*step->show)(clCommand);
+        m_awaitedRead = {};
         if (const auto next = std::next(step); next != std::end(READS)) {
-            sendUsbCommand(next->request, {});
+            sendRead(next->request);
         }
     }
 }
 
 void ClWidgetCameraState::showResult(const QUuid& command, unsigned short result) {
+    if (command == m_awaitedRead) {
+        m_awaitedRead = {};
+    }
     const bool isRead = std::ranges::find(READS, command, &stRead::request) != std::end(READS);
     const bool isAction = std::ranges::find(ACTIONS, command, &stAction::command) != ACTIONS.end();
     if (result != USB_ERROR_SUCCESS && (isRead || isAction)) {

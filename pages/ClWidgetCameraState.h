@@ -3,6 +3,8 @@
 
 #include "ui/ClWidgetBase.h"
 
+#include <QUuid>
+
 class ClLabelWifiState;
 class ClWidgetProgress;
 class QLabel;
@@ -20,7 +22,8 @@ public:
     explicit ClWidgetCameraState(QWidget* parent);
 
     /// Starts a refresh. When the page is being shown (@p isPolling false), the last camera's
-    /// values are cleared first and polling starts.
+    /// values are cleared first and polling starts. A refresh that is still under way when the page
+    /// is polled counts as the new one: a camera that is slow to answer is not asked twice.
     void showInit(bool isPolling) override;
 
 public Q_SLOTS:
@@ -42,9 +45,12 @@ private:
     /// Sizes in KiB; they are shown in bytes.
     void setSdInfo(unsigned long long total, unsigned long long used, int fileSystem);
 
+    void sendRead(const QUuid& request);
+
     /// Deals with a result of one of this page's commands; others are left alone.
     void showResult(const QUuid& command, unsigned short result);
 
+    QUuid m_awaitedRead;  ///< the request of the refresh that is under way; null: none
     ClWidgetProgress* m_battery;
     ClLabelWifiState* m_wifiState;
     QWidget* m_wifiPanel = nullptr;
