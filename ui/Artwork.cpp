@@ -18,8 +18,7 @@ using Pictures = QHash<std::pair<QString, bool>, QPixmap>;
 // running.
 Q_APPLICATION_STATIC(Pictures, pictures)
 
-// The format is named because a name without extension would have every image plug-in loaded and
-// asked whether the picture is its own.
+// The format is named because resource names have no extension that would tell it.
 QPixmap decode(const QString& path) {
     QImage image;
     image.load(path, "PNG");

@@ -2,9 +2,6 @@
 #include "simulator/VirtualUsbBus.h"
 
 #include <libusb.h>
-#include <linux/capability.h>
-#include <sys/syscall.h>
-#include <unistd.h>
 
 #include <QTest>
 #include <array>
@@ -13,6 +10,7 @@
 #include <future>
 
 #include "tests/simulator/BusBench.h"
+#include "tests/support/WithoutFileOverride.h"
 
 namespace nubo::simulator {
 
@@ -22,24 +20,6 @@ using namespace std::chrono_literals;
 using Bytes = ScriptedDevice::Bytes;
 
 constexpr auto kPatience = BusBench::kPatience;
-
-/// Takes from the calling thread, while it lives, what lets root pass over file permissions.
-class WithoutFileOverride {
-public:
-    WithoutFileOverride() {
-        syscall(SYS_capget, &m_header, m_kept.data());
-        auto reduced = m_kept;
-        reduced[0].effective &= ~(1U << CAP_DAC_OVERRIDE | 1U << CAP_DAC_READ_SEARCH);
-        syscall(SYS_capset, &m_header, reduced.data());
-    }
-    ~WithoutFileOverride() { syscall(SYS_capset, &m_header, m_kept.data()); }
-    WithoutFileOverride(const WithoutFileOverride&) = delete;
-    WithoutFileOverride& operator=(const WithoutFileOverride&) = delete;
-
-private:
-    __user_cap_header_struct m_header{_LINUX_CAPABILITY_VERSION_3, 0};
-    std::array<__user_cap_data_struct, _LINUX_CAPABILITY_U32S_3> m_kept{};
-};
 
 }  // namespace
 
