@@ -27,6 +27,7 @@ public:
     DeviceId add(std::shared_ptr<VirtualDevice> virtualDevice, const DeviceOptions& options);
     bool plugIn(DeviceId id);
     bool pull(DeviceId id);
+    void settle() { m_scheduler.settle(); }
     void shutDown();
 
     std::vector<DeviceId> plugged() const;

@@ -13,6 +13,12 @@ Scheduler::~Scheduler() {
     stop();
 }
 
+void Scheduler::settle() {
+    std::unique_lock lock(m_mutex);
+    m_actions.clear();
+    m_changed.wait(lock, [this] { return !m_isRunningAction; });
+}
+
 void Scheduler::stop() {
     {
         const std::lock_guard lock(m_mutex);
@@ -46,9 +52,12 @@ void Scheduler::run() {
         }
         const std::function<void()> action = std::move(first->second);
         m_actions.erase(first);
+        m_isRunningAction = true;
         lock.unlock();
         action();
         lock.lock();
+        m_isRunningAction = false;
+        m_changed.notify_all();
     }
 }
 

@@ -21,8 +21,12 @@ public:
     /// From any thread, from an action too.
     void runAfter(std::chrono::milliseconds delay, std::function<void()> action);
 
-    /// Waits for the action that runs, if any, and drops all others, those to come too. Not from an
-    /// action; the destructor does it as well.
+    /// Drops the actions whose time has not come and waits for the one that runs, if any. Not from
+    /// an action.
+    void settle();
+
+    /// Settles, and drops all actions to come too. Not from an action; the destructor does it as
+    /// well.
     void stop();
 
 private:
@@ -33,6 +37,7 @@ private:
     std::mutex m_mutex;
     std::condition_variable m_changed;
     std::multimap<Clock::time_point, std::function<void()>> m_actions;
+    bool m_isRunningAction = false;
     bool m_stopping = false;
     std::thread m_thread;
 };

@@ -30,6 +30,10 @@ bool VirtualUsbBus::unplug(DeviceId id) {
     return m_state->pull(id);
 }
 
+void VirtualUsbBus::settle() {
+    m_state->settle();
+}
+
 std::vector<DeviceId> VirtualUsbBus::devices() const {
     return m_state->plugged();
 }

@@ -60,6 +60,14 @@ public:
     /// then a restart that is under way does not bring it back.
     bool unplug(DeviceId id);
 
+    /// Gives up the changes that devices still wanted to make of themselves (leave, come back) and
+    /// waits for the one under way.
+    ///
+    /// libumockdev ends this process when libusb ends while a change is being announced to it. Call
+    /// this before libusb ends, in a test that cannot know whether a device is leaving. Not from a
+    /// VirtualDevice.
+    void settle();
+
     /// The devices that are plugged in, in the order of their ids.
     std::vector<DeviceId> devices() const;
     /// The device number on the bus (1 to 127); nothing while the device is unplugged.

@@ -11,6 +11,7 @@ using namespace nubo::simulator;
 BusBench::BusBench(VirtualUsbBus& virtualBus) : bus(virtualBus), id(bus.plug(camera)) {}
 
 BusBench::~BusBench() {
+    bus.settle();
     bus.unplug(id);
 }
 

@@ -20,6 +20,8 @@ struct BusBench {
     VirtualUsbBus bus{};
     UsbContext context = newUsbContext();
 
+    ~BusBench() { bus.settle(); }
+
     DeviceId plug(const DeviceOptions& options = {}) { return bus.plug(device, options); }
 
     /// A handle on the device, as soon as libusb knows of it; null when it cannot be opened.

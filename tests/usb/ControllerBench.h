@@ -15,6 +15,10 @@ struct ControllerBench {
           devices(context.get()),
           controller(devices.devices().front()) {}
 
+    ~ControllerBench() { bus.settle(); }
+    ControllerBench(const ControllerBench&) = delete;
+    ControllerBench& operator=(const ControllerBench&) = delete;
+
     static LibusbContext newContext() {
         libusb_context* context = nullptr;
         libusb_init(&context);

@@ -23,6 +23,9 @@ struct ManagerBench {
     enum class Hub { PluggedIn, Missing };
 
     explicit ManagerBench(Hub hub = Hub::PluggedIn);
+    ~ManagerBench() { bus.settle(); }
+    ManagerBench(const ManagerBench&) = delete;
+    ManagerBench& operator=(const ManagerBench&) = delete;
 
     /// Plugs in a camera. @p charge of its battery tells it from others.
     nubo::simulator::DeviceId plugCamera(const nubo::simulator::DeviceOptions& options = {},
