@@ -43,6 +43,8 @@ QPalette surfacePalette() {
 
 ClMainWidget::ClMainWidget() {
     setFixedSize(WINDOW_SIZE);
+    // A compositor blends the rounded corners; where there is none, the mask cuts them.
+    setAttribute(Qt::WA_TranslucentBackground);
     setMask(artwork(WINDOW_PICTURE, 1).mask());
     setPalette(surfacePalette());
     setWindowTitle(QCoreApplication::applicationName());

@@ -53,6 +53,7 @@ private Q_SLOTS:
     void theCaptionBarShowsTheName();
     void theWindowHasTheShapeOfItsPicture();
     void theWindowPaintsItsPicture();
+    void theRoundedCornersAreClear();
     void onlyTheRegionAskedForIsPainted();
     void theCloseButtonClosesTheWindow();
     void theHelpPagesNoticesOfUpdatesArrive();
@@ -141,6 +142,15 @@ void MainWidgetTest::theWindowHasTheShapeOfItsPicture() {
 
 void MainWidgetTest::theWindowPaintsItsPicture() {
     QCOMPARE(painted(*m_window, QRect(0, 0, 600, 620)), windowPicture());
+}
+
+void MainWidgetTest::theRoundedCornersAreClear() {
+    m_window->show();
+    const QImage picture = m_window->grab().toImage();
+    for (const QPoint corner : {QPoint(0, 0), QPoint(599, 0), QPoint(0, 619), QPoint(599, 619)}) {
+        QCOMPARE(picture.pixelColor(corner).alpha(), 0);
+    }
+    QCOMPARE(picture.pixelColor(300, 619).alpha(), 255);
 }
 
 void MainWidgetTest::onlyTheRegionAskedForIsPainted() {
