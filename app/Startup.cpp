@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "app/Startup.h"
 
+#include "app/AccessibleRoles.h"
 #include "app/ClAppCheck.h"
 #include "app/ClMainWidget.h"
 
 #include <QApplication>
 #include <QFont>
+#include <QIcon>
 #include <QLocale>
 #include <QMessageBox>
 #include <QTranslator>
@@ -59,6 +61,10 @@ int runSettingTool(int argc, char** argv) {
     if (!mayStart()) {
         return START_REFUSED;
     }
+    installAccessibleRoles();
+    // The task bar's entry: Wayland finds the icon by the desktop file, X11 is given the picture.
+    QGuiApplication::setDesktopFileName(QStringLiteral("nubo-setting-tool"));
+    QApplication::setWindowIcon(QIcon(QStringLiteral(":/img/app_icon")));
     ClMainWidget window;
     window.setVisible(true);
     return QApplication::exec();

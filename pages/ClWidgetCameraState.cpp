@@ -92,6 +92,7 @@ ClWidgetCameraState::ClWidgetCameraState(QWidget* parent)
       m_wifiState(new ClLabelWifiState(this)) {
     addLabel(tr("Battery charge"), 35, 27, this);
     m_battery->move(187, 25);
+    m_battery->setMeaning(tr("Battery charge"));
     addLabel(tr("Wi-Fi state"), 35, 94, this);
     m_wifiState->move(196, 89);
     buildWifiPanel();

@@ -12,6 +12,7 @@ ClWidgetNotConnect::ClWidgetNotConnect(QWidget* parent) : ClWidgetBase(parent) {
     picture->setAlignment(Qt::AlignCenter);
 
     auto* text = new QLabel(tr("Connect camera by USB cable"), this);
+    picture->setAccessibleName(text->text());
     text->setAlignment(Qt::AlignCenter);
 
     auto* layout = new QVBoxLayout(this);

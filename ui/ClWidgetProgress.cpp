@@ -46,6 +46,10 @@ ClWidgetProgress::ClWidgetProgress(QWidget* parent)
     column->addWidget(m_label);
 }
 
+void ClWidgetProgress::setMeaning(const QString& meaning) {
+    m_bar->setAccessibleName(meaning);
+}
+
 void ClWidgetProgress::setValue(int value) {
     m_bar->setValue(value);
     m_label->setText(QString::number(value) + u'%');

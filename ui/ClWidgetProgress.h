@@ -13,6 +13,9 @@ class ClWidgetProgress : public QWidget {
 public:
     explicit ClWidgetProgress(QWidget* parent = nullptr);
 
+    /// What the bar measures, for assistive technology.
+    void setMeaning(const QString& meaning);
+
     /// @p value is in percent.
     void setValue(int value);
 
