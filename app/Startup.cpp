@@ -4,6 +4,7 @@
 #include "app/AccessibleRoles.h"
 #include "app/ClAppCheck.h"
 #include "app/ClMainWidget.h"
+#include "ui/Artwork.h"
 
 #include <QApplication>
 #include <QFont>
@@ -64,7 +65,7 @@ int runSettingTool(int argc, char** argv) {
     installAccessibleRoles();
     // The task bar's entry: Wayland finds the icon by the desktop file, X11 is given the picture.
     QGuiApplication::setDesktopFileName(QStringLiteral("nubo-setting-tool"));
-    QApplication::setWindowIcon(QIcon(QStringLiteral(":/img/app_icon")));
+    QApplication::setWindowIcon(artwork(QStringLiteral(":/img/app_icon"), 2));
     ClMainWidget window;
     window.setVisible(true);
     return QApplication::exec();

@@ -4,7 +4,7 @@
 BUILD_PACKAGES=(
     g++ cmake ninja-build ccache pkg-config
     qt6-base-dev qt6-tools-dev qt6-tools-dev-tools qt6-l10n-tools linguist-qt6
-    libusb-1.0-0-dev libumockdev-dev umockdev librsvg2-bin optipng
+    libusb-1.0-0-dev libumockdev-dev umockdev librsvg2-bin
 )
 # A computer without a display has no fonts either.
 HEADLESS_PACKAGES=(xvfb xauth fonts-dejavu-core fonts-noto-cjk)

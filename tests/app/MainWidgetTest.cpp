@@ -4,6 +4,7 @@
 #include "pages/ClWidgetSelectMode.h"
 #include "protocol/CommandIdentifiers.h"
 #include "protocol/NuboRecords.h"
+#include "ui/Artwork.h"
 #include "ui/ClCaptionBar.h"
 #include "ui/ClRollOverToolBtn.h"
 
@@ -23,8 +24,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QImage& windowPicture() {
-    static const QImage picture =
-        QImage(u":/img/window"_s, "PNG").convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    static const QImage picture = artwork(u":/img/window"_s, 1).toImage();
     return picture;
 }
 

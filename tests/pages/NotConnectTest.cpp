@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "pages/ClWidgetNotConnect.h"
 #include "protocol/CommandIdentifiers.h"
+#include "ui/Artwork.h"
 
 #include <QImage>
 #include <QLabel>
@@ -43,9 +44,7 @@ void NotConnectTest::cleanup() {
 }
 
 void NotConnectTest::aPictureStandsAboveALineOfText() {
-    const auto format = QImage::Format_ARGB32_Premultiplied;
-    QCOMPARE(m_labels[0]->pixmap().toImage().convertToFormat(format),
-             QImage(u":/img/camera_notconnect"_s, "PNG").convertToFormat(format));
+    QCOMPARE(m_labels[0]->pixmap().toImage(), artwork(u":/img/camera_notconnect"_s, 1).toImage());
     QCOMPARE(m_labels[1]->text(), u"Connect camera by USB cable"_s);
     QVERIFY(m_labels[0]->geometry().bottom() < m_labels[1]->geometry().top());
     for (const QLabel* label : std::as_const(m_labels)) {

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "pages/ClLabelWifiState.h"
+#include "ui/Artwork.h"
 
 #include <QCoreApplication>
 #include <QEvent>
@@ -32,7 +33,7 @@ QImage painted(QWidget& label, const QRegion& region = {}) {
 /// The picture, or the part of it in @p area.
 QImage picture(const char* path, const QRect& area = {0, 0, 112, 24}) {
     QImage canvas = emptyCanvas();
-    QPainter(&canvas).drawImage(area, QImage(QString::fromLatin1(path), "PNG"), area);
+    QPainter(&canvas).drawImage(area, artwork(QString::fromLatin1(path), 1).toImage(), area);
     return canvas;
 }
 

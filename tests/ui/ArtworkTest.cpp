@@ -12,15 +12,28 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <array>
+
 using namespace Qt::StringLiterals;
 
 namespace {
 
-// Writes a picture of one colour, without an extension, as resources have none.
-void paintFile(const QString& path, QSize size, Qt::GlobalColor colour) {
-    QImage image(size, QImage::Format_ARGB32);
-    image.fill(colour);
-    QVERIFY(image.save(path, "PNG"));
+// A red picture of 2 x 1 pixels, the second half transparent, written out by hand.
+constexpr std::array<unsigned char, 16> RED_PICTURE{
+    2,    0,    0,    0,     // width
+    1,    0,    0,    0,     // height
+    0x00, 0x00, 0xFF, 0xFF,  // blue, green, red, alpha
+    0x00, 0x00, 0x80, 0x80,
+};
+
+void writeFile(const QString& path, const QByteArray& content) {
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QCOMPARE(file.write(content), content.size());
+}
+
+QByteArray redPicture() {
+    return {reinterpret_cast<const char*>(RED_PICTURE.data()), RED_PICTURE.size()};
 }
 
 QImage generated(QIcon::Mode mode, const QPixmap& picture) {
@@ -38,6 +51,10 @@ class ArtworkTest : public QObject {
 private Q_SLOTS:
     void choosesThePictureForTheSurface_data();
     void choosesThePictureForTheSurface();
+    void readsPackedPixels();
+    void refusesWhatIsCutOff();
+    void carriesEveryPictureAsItIsDrawn_data();
+    void carriesEveryPictureAsItIsDrawn();
     void doublesEveryPictureOfTheProgram();
     void decodesOnce();
     void makesDoWithoutADoubledPicture();
@@ -74,6 +91,41 @@ void ArtworkTest::choosesThePictureForTheSurface() {
     QCOMPARE(found.deviceIndependentSize(), QSizeF(112, 84));
 }
 
+void ArtworkTest::readsPackedPixels() {
+    const QTemporaryDir directory;
+    const QString path = directory.filePath(u"picture"_s);
+    writeFile(path, redPicture());
+    const QImage image = artwork(path, 1.0).toImage();
+    QCOMPARE(image.size(), QSize(2, 1));
+    QCOMPARE(image.pixelColor(0, 0), QColor(255, 0, 0));
+    QCOMPARE(image.pixelColor(1, 0), QColor(255, 0, 0, 128));
+}
+
+void ArtworkTest::refusesWhatIsCutOff() {
+    const QTemporaryDir directory;
+    for (qsizetype size = 0; size < redPicture().size(); ++size) {
+        const QString path = directory.filePath(QString::number(size));
+        writeFile(path, redPicture().first(size));
+        QVERIFY(artwork(path, 1.0).isNull());
+    }
+}
+
+void ArtworkTest::carriesEveryPictureAsItIsDrawn_data() {
+    QTest::addColumn<QString>("name");
+    for (const QString& name : QDir(u":/img"_s).entryList()) {
+        QTest::newRow(qPrintable(name)) << name;
+    }
+}
+
+void ArtworkTest::carriesEveryPictureAsItIsDrawn() {
+    QFETCH(QString, name);
+    QImage rendered(QStringLiteral(RENDERED_ARTWORK "/%1.png").arg(name));
+    QVERIFY(!rendered.isNull());
+    rendered.setDevicePixelRatio(1.0);  // it takes the "@2x" in the name for more
+    QCOMPARE(artwork(u":/img/"_s + name, 1.0).toImage(),
+             rendered.convertToFormat(QImage::Format_ARGB32_Premultiplied));
+}
+
 void ArtworkTest::doublesEveryPictureOfTheProgram() {
     int pictures = 0;
     for (const QString& name : QDir(u":/img"_s).entryList()) {
@@ -92,7 +144,7 @@ void ArtworkTest::doublesEveryPictureOfTheProgram() {
 void ArtworkTest::decodesOnce() {
     const QTemporaryDir directory;
     const QString path = directory.filePath(u"picture"_s);
-    paintFile(path, {4, 4}, Qt::red);
+    writeFile(path, redPicture());
     const QPixmap first = artwork(path, 1.0);
     QVERIFY(QFile::remove(path));
     const QPixmap second = artwork(path, 1.0);
@@ -103,9 +155,9 @@ void ArtworkTest::decodesOnce() {
 void ArtworkTest::makesDoWithoutADoubledPicture() {
     const QTemporaryDir directory;
     const QString path = directory.filePath(u"picture"_s);
-    paintFile(path, {4, 4}, Qt::red);
+    writeFile(path, redPicture());
     const QPixmap found = artwork(path, 2.0);
-    QCOMPARE(found.size(), QSize(4, 4));
+    QCOMPARE(found.size(), QSize(2, 1));
     QCOMPARE(found.devicePixelRatio(), 1.0);
 }
 
