@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "pages/ClWidgetSelectMode.h"
+#include "ui/Artwork.h"
 #include "ui/ClButtonMode.h"
 
 #include <QButtonGroup>
@@ -124,8 +125,7 @@ void SelectModeTest::aButtonHasItsCaptionAndPicture() {
     QImage canvas(button->size(), QImage::Format_ARGB32_Premultiplied);
     canvas.fill(Qt::transparent);
     button->render(&canvas, QPoint(), QRegion(), QWidget::RenderFlags());
-    const QImage expected =
-        QImage(picture, "PNG").convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    const QImage expected = artwork(picture, 1).toImage();
     QCOMPARE(canvas.copy(26, 7, expected.width(), expected.height()), expected);
 }
 

@@ -236,9 +236,9 @@ void CommandTransactionTest::foreignPacketsCannotHoldTheThreadForEver() {
 }
 
 void CommandTransactionTest::silenceAfterAForeignPacketFitsIntoTheSamePatience() {
-    constexpr int SHORT_TIMEOUT_MS = 50;
+    constexpr int SHORT_TIMEOUT_MS = 600;
     constexpr int PATIENCE_MS = 3 * SHORT_TIMEOUT_MS;
-    constexpr int FOREIGN_AFTER_MS = PATIENCE_MS - 20;
+    constexpr int FOREIGN_AFTER_MS = PATIENCE_MS - 500;
     ScriptedPort port({writes(GET_BATTERY), reads(FOREIGN).after(FOREIGN_AFTER_MS), fails(0xEF03),
                        fails(0xEF03), fails(0xEF03)});
     ClNuboCommandGetBatteryState command;
