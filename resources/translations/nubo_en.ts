@@ -88,6 +88,41 @@
     </message>
 </context>
 <context>
+    <name>ClWidgetHelp</name>
+    <message>
+        <source>Setting Application</source>
+        <translation>Setting Application</translation>
+    </message>
+    <message>
+        <source>NuBoSettingTool version</source>
+        <translation>NuBoSettingTool version</translation>
+    </message>
+    <message>
+        <source>NuBo firmware version</source>
+        <translation>NuBo firmware version</translation>
+    </message>
+    <message>
+        <source>Serial number</source>
+        <translation>Serial number</translation>
+    </message>
+    <message>
+        <source>MAC address</source>
+        <translation>MAC address</translation>
+    </message>
+    <message>
+        <source>Create day</source>
+        <translation>Create day</translation>
+    </message>
+    <message>
+        <source>Country</source>
+        <translation>Country</translation>
+    </message>
+    <message>
+        <source>yyyy/MM/dd</source>
+        <translation>yyyy/MM/dd</translation>
+    </message>
+</context>
+<context>
     <name>ClWidgetSelectMode</name>
     <message>
         <source>Camera state</source>
@@ -108,6 +143,73 @@
     <message>
         <source>Help</source>
         <translation>Help</translation>
+    </message>
+</context>
+<context>
+    <name>ClWidgetStreamSetting</name>
+    <message>
+        <source>%1 setting</source>
+        <translation>%1 setting</translation>
+    </message>
+    <message>
+        <source>Rec</source>
+        <translation>Rec</translation>
+    </message>
+    <message>
+        <source>LiveView</source>
+        <translation>LiveView</translation>
+    </message>
+    <message>
+        <source>Set failed for recording</source>
+        <translation>Set failed for recording</translation>
+    </message>
+    <message>
+        <source>Set the image quality at the time of %1</source>
+        <translation>Set the image quality at the time of %1</translation>
+    </message>
+    <message>
+        <source>Set the fps at the time of %1</source>
+        <translation>Set the fps at the time of %1</translation>
+    </message>
+    <message>
+        <source>Full HD(1920x1080)</source>
+        <translation>Full HD(1920x1080)</translation>
+    </message>
+    <message>
+        <source>HD(1280x720)</source>
+        <translation>HD(1280x720)</translation>
+    </message>
+    <message>
+        <source>Economy(640x480)</source>
+        <translation>Economy(640x480)</translation>
+    </message>
+    <message>
+        <source>Fine(800x480)</source>
+        <translation>Fine(800x480)</translation>
+    </message>
+    <message>
+        <source>Standard(320x240)</source>
+        <translation>Standard(320x240)</translation>
+    </message>
+    <message>
+        <source>30 sheets(30fps)</source>
+        <translation>30 sheets(30fps)</translation>
+    </message>
+    <message>
+        <source>15 sheets(15fps)</source>
+        <translation>15 sheets(15fps)</translation>
+    </message>
+    <message>
+        <source>10 sheets(10fps)</source>
+        <translation>10 sheets(10fps)</translation>
+    </message>
+    <message>
+        <source>6 sheets(6fps)</source>
+        <translation>6 sheets(6fps)</translation>
+    </message>
+    <message>
+        <source>1 sheets(1fps)</source>
+        <translation>1 sheets(1fps)</translation>
     </message>
 </context>
 <context>

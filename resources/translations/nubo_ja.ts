@@ -88,6 +88,41 @@
     </message>
 </context>
 <context>
+    <name>ClWidgetHelp</name>
+    <message>
+        <source>Setting Application</source>
+        <translation>設定アプリケーション</translation>
+    </message>
+    <message>
+        <source>NuBoSettingTool version</source>
+        <translation>設定ツールのバージョン</translation>
+    </message>
+    <message>
+        <source>NuBo firmware version</source>
+        <translation>ファームウェアのバージョン</translation>
+    </message>
+    <message>
+        <source>Serial number</source>
+        <translation>シリアル番号</translation>
+    </message>
+    <message>
+        <source>MAC address</source>
+        <translation>MAC アドレス</translation>
+    </message>
+    <message>
+        <source>Create day</source>
+        <translation>製造日</translation>
+    </message>
+    <message>
+        <source>Country</source>
+        <translation>国／地域</translation>
+    </message>
+    <message>
+        <source>yyyy/MM/dd</source>
+        <translation>yyyy年M月d日</translation>
+    </message>
+</context>
+<context>
     <name>ClWidgetSelectMode</name>
     <message>
         <source>Camera state</source>
@@ -108,6 +143,73 @@
     <message>
         <source>Help</source>
         <translation>ヘルプ</translation>
+    </message>
+</context>
+<context>
+    <name>ClWidgetStreamSetting</name>
+    <message>
+        <source>%1 setting</source>
+        <translation>%1の設定</translation>
+    </message>
+    <message>
+        <source>Rec</source>
+        <translation>録画</translation>
+    </message>
+    <message>
+        <source>LiveView</source>
+        <translation>ライブビュー</translation>
+    </message>
+    <message>
+        <source>Set failed for recording</source>
+        <translation>録画の設定を変更できませんでした</translation>
+    </message>
+    <message>
+        <source>Set the image quality at the time of %1</source>
+        <translation>%1時の画質を設定します</translation>
+    </message>
+    <message>
+        <source>Set the fps at the time of %1</source>
+        <translation>%1時のフレームレートを設定します</translation>
+    </message>
+    <message>
+        <source>Full HD(1920x1080)</source>
+        <translation>フル HD (1920x1080)</translation>
+    </message>
+    <message>
+        <source>HD(1280x720)</source>
+        <translation>HD (1280x720)</translation>
+    </message>
+    <message>
+        <source>Economy(640x480)</source>
+        <translation>エコノミー (640x480)</translation>
+    </message>
+    <message>
+        <source>Fine(800x480)</source>
+        <translation>ファイン (800x480)</translation>
+    </message>
+    <message>
+        <source>Standard(320x240)</source>
+        <translation>スタンダード (320x240)</translation>
+    </message>
+    <message>
+        <source>30 sheets(30fps)</source>
+        <translation>30 枚 (30fps)</translation>
+    </message>
+    <message>
+        <source>15 sheets(15fps)</source>
+        <translation>15 枚 (15fps)</translation>
+    </message>
+    <message>
+        <source>10 sheets(10fps)</source>
+        <translation>10 枚 (10fps)</translation>
+    </message>
+    <message>
+        <source>6 sheets(6fps)</source>
+        <translation>6 枚 (6fps)</translation>
+    </message>
+    <message>
+        <source>1 sheets(1fps)</source>
+        <translation>1 枚 (1fps)</translation>
     </message>
 </context>
 <context>

@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "pages/ClStreamChoices.h"
+#include "ui/ClDialogBase.h"
+
+#include <QSize>
+
+/// Asks for the picture size and the frame rate of the live view. Main thread.
+class ClDialogStreamSetting : public ClDialogBase {
+    Q_OBJECT
+
+public:
+    explicit ClDialogStreamSetting(QWidget* parent);
+
+    /// [0] the size (QSize), [1] the rate in pictures per second (unsigned int). One that is not
+    /// offered, or none, shows as 320 x 240 and as 30.
+    void setParam(const QVariantList& params) override;
+    /// The same two.
+    [[nodiscard]] QVariantList getParam() override;
+
+private:
+    ClStreamChoices<QSize> m_sizes;
+    ClStreamChoices<unsigned int> m_rates;
+};

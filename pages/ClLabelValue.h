@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QLabel>
+
+/// A value that a camera tells, in bold, on one line, to be selected and copied by mouse and
+/// keyboard. Main thread.
+///
+/// The camera may tell anything: the text is never read as markup, control characters show as
+/// blanks, no text as "--", and one that is too long for the page ends in an ellipsis, with the
+/// whole of it in the tool tip.
+class ClLabelValue : public QLabel {
+    Q_OBJECT
+
+public:
+    /// Shows "--"; takes at most @p widest pixels.
+    ClLabelValue(int widest, QWidget* parent);
+
+    void setValue(const QString& text);
+
+protected:
+    /// The keyboard selects the value that it reaches, which shows where it is.
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+
+private:
+    int m_widest;
+};

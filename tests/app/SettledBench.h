@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "pages/ClWidgetHelp.h"
+#include "tests/app/BusBench.h"
+#include "tests/support/HelpReader.h"
+
+#include <QCoreApplication>
+#include <QList>
+
+/// The commands of the help page: firmware version, serial number, MAC address, day, country.
+inline const QList<int> HELP_CHAIN{0x503A, 0x4001, 0x4002, 0x4006, 0x4007};
+inline constexpr int STREAM_MODE = 4;
+inline constexpr int HELP_MODE = 5;
+
+/// A bench that serves many rows of a test, for a camera takes seconds to be announced.
+class SettledBench : public BusBench {
+public:
+    using BusBench::BusBench;
+
+    /// Starts a row: all is forgotten that the rows before have left.
+    void startRow(int mode) {
+        bus.clearFaults(id);
+        user.setAction(acceptBox);
+        m_boxesBefore = user.boxes().size();
+        clickMode(mode);
+        camera->forgetCodes();
+    }
+
+    /// The texts of the row's boxes.
+    [[nodiscard]] QStringList texts() const { return user.texts().mid(m_boxesBefore); }
+
+    [[nodiscard]] HelpReader help() const { return HelpReader(*window.findChild<ClWidgetHelp*>()); }
+
+    /// Whether the help page, asked anew, has all its values.
+    [[nodiscard]] bool visitHelp() const {
+        clickMode(HELP_MODE);
+        return QTest::qWaitFor([this] { return !help().values().contains(QStringLiteral("--")); },
+                               PATIENCE_MS);
+    }
+
+    /// All that the camera received in this row. Commands are served in the order of their coming:
+    /// once those of the help page are through, so is everything before them.
+    [[nodiscard]] QList<stReceivedCommand> finishRow() const {
+        if (!visitHelp()) {
+            return {};
+        }
+        const QList<stReceivedCommand> commands = camera->commands();
+        return commands.first(commands.size() - HELP_CHAIN.size());
+    }
+
+private:
+    qsizetype m_boxesBefore = 0;
+};
