@@ -21,6 +21,10 @@ bool BusBench::start() {
            QTest::qWaitFor([this] { return shown().freeSpace() == CARD_AT_START; }, PATIENCE_MS);
 }
 
+bool BusBench::replug() const {
+    return bus.waitForPlugged(id, false, std::chrono::milliseconds(PATIENCE_MS)) && bus.replug(id);
+}
+
 int BusBench::modeOnShow() const {
     return window.findChild<QStackedLayout*>()->currentIndex();
 }

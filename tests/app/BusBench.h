@@ -34,6 +34,10 @@ public:
     /// Shows the window and waits until the camera's values are in it.
     [[nodiscard]] bool start();
 
+    /// Plugs the camera in again, once it has left the bus for good: what it asked for itself takes
+    /// a while.
+    [[nodiscard]] bool replug() const;
+
     [[nodiscard]] int modeOnShow() const;
     [[nodiscard]] bool waitForMode(int mode, int patienceMs = PATIENCE_MS) const;
     void clickMode(int mode) const;

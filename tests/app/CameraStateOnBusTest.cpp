@@ -109,7 +109,7 @@ void CameraStateOnBusTest::thePageFollowsTheCamerasComingAndGoing() {
     m_bench->camera->forgetCodes();
     QElapsedTimer time;
     time.start();
-    QVERIFY(m_bus.replug(m_bench->id));
+    QVERIFY(m_bench->replug());
     QVERIFY(m_bench->waitForMode(1));
     QVERIFY2(
         time.elapsed() >= CONNECT_WAIT_MS - 50 && time.elapsed() <= CONNECT_WAIT_MS + SEARCH_MS,
@@ -161,7 +161,7 @@ void CameraStateOnBusTest::aCameraUnpluggedDuringAQuestionIsLeftAlone() {
     m_bench->shown().click(u"SD card format"_s);
     QCOMPARE(m_bench->user.texts(), QStringList{u"All data delete on SD card"_s});
     QCOMPARE(m_bench->modeOnShow(), 0);
-    QVERIFY(m_bus.replug(m_bench->id));
+    QVERIFY(m_bench->replug());
     QVERIFY(m_bench->waitForMode(1));
     QTRY_COMPARE(m_bench->shown().freeSpace(), CARD_AT_START);
     QVERIFY(!m_bench->camera->codes().contains(FORMAT));

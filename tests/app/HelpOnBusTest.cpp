@@ -167,7 +167,7 @@ void HelpOnBusTest::theNextCameraFindsNothingOfTheLast() {
     m_bench->camera->setState(state);
     m_bus.addFault(m_bench->id,
                    {.kind = FaultKind::Delay, .argument = 300, .unit = FaultUnit::Command});
-    QVERIFY(m_bus.replug(m_bench->id));
+    QVERIFY(m_bench->replug());
     QVERIFY(m_bench->waitForMode(HELP_MODE));
     QCOMPARE(values(), QStringList(5, u"--"_s));
     QTRY_COMPARE(values(), (QStringList{u"1.00"_s, u"SIM0003"_s, u"02:00:5E:10:00:01"_s,

@@ -42,11 +42,11 @@ public:
     /// All that the camera received in this row. Commands are served in the order of their coming:
     /// once those of the help page are through, so is everything before them.
     [[nodiscard]] QList<stReceivedCommand> finishRow() const {
-        if (!visitHelp()) {
-            return {};
-        }
+        const bool isThrough = visitHelp();
         const QList<stReceivedCommand> commands = camera->commands();
-        return commands.first(commands.size() - HELP_CHAIN.size());
+        return isThrough && commands.size() >= HELP_CHAIN.size()
+                   ? commands.first(commands.size() - HELP_CHAIN.size())
+                   : QList<stReceivedCommand>{{-1, "the help page was not read"}};
     }
 
 private:

@@ -86,7 +86,7 @@ void StreamSettingOnBusTest::chooseAndAccept(const QStringList& choices) {
 }
 
 void StreamSettingOnBusTest::comeBack() const {
-    QVERIFY(m_bus.replug(m_bench->id));
+    QVERIFY(m_bench->replug());
     QVERIFY(m_bench->waitForMode(STREAM_MODE));
 }
 
