@@ -4,32 +4,66 @@
 #include "simulator/VirtualCamera.h"
 #include "simulator/Wire.h"
 
+#include <QByteArray>
 #include <QList>
 
 #include <mutex>
 
-/// The simulated camera, noting the codes of the commands that it receives. Any thread.
+/// A command as it arrives at the camera.
+struct stReceivedCommand {
+    int code;
+    QByteArray arguments;  ///< what follows the packet's head
+
+    bool operator==(const stReceivedCommand&) const = default;
+};
+
+/// The simulated camera, noting the commands that it receives. Any thread.
 class RecordingCamera : public nubo::simulator::VirtualCamera {
 public:
     void receive(std::span<const std::uint8_t> packet) override {
+        using namespace nubo::simulator;
+        std::vector<std::uint8_t> taken(packet.begin(), packet.end());
         {
-            const std::lock_guard lock(m_codesMutex);
-            m_codes.append(nubo::simulator::readU16(packet, nubo::simulator::kCodeOffset));
+            const std::lock_guard lock(m_mutex);
+            const int code = readU16(packet, kCodeOffset);
+            m_commands.append({code, QByteArray(reinterpret_cast<const char*>(taken.data()),
+                                                static_cast<qsizetype>(taken.size()))
+                                         .mid(kHeaderSize)});
+            if (m_unknownCodes.contains(code)) {
+                writeU16(taken, kCodeOffset, NO_CODE);
+            }
         }
-        VirtualCamera::receive(packet);
+        VirtualCamera::receive(taken);
+    }
+
+    [[nodiscard]] QList<stReceivedCommand> commands() const {
+        const std::lock_guard lock(m_mutex);
+        return m_commands;
     }
 
     [[nodiscard]] QList<int> codes() const {
-        const std::lock_guard lock(m_codesMutex);
-        return m_codes;
+        QList<int> codes;
+        for (const stReceivedCommand& command : commands()) {
+            codes.append(command.code);
+        }
+        return codes;
     }
 
     void forgetCodes() {
-        const std::lock_guard lock(m_codesMutex);
-        m_codes.clear();
+        const std::lock_guard lock(m_mutex);
+        m_commands.clear();
+    }
+
+    /// From now on the camera does not know the commands with these codes.
+    void setUnknownCodes(const QList<int>& codes) {
+        const std::lock_guard lock(m_mutex);
+        m_unknownCodes = codes;
     }
 
 private:
-    mutable std::mutex m_codesMutex;
-    QList<int> m_codes;
+    static constexpr std::uint16_t NO_CODE = 0x7FFF;
+
+    mutable std::mutex m_mutex;
+    QList<stReceivedCommand> m_commands;
+    QList<int> m_unknownCodes;
 };
