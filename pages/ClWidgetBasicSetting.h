@@ -3,10 +3,58 @@
 
 #include "ui/ClWidgetBase.h"
 
-/// The page of the basic settings. Main thread.
+#include <QHash>
+#include <QList>
+
+class QPushButton;
+class QVBoxLayout;
+struct stBasicSettingRow;
+struct stCameraSetting;
+
+/// The basic settings page: a column of buttons, one for each setting of basicSettingRows().
+///
+/// A click reads the setting from the camera. Its answer opens the row's dialog on the value, and a
+/// dialog that is accepted sends the value back. The page itself shows no value but the camera's
+/// name, on the first button; it changes when the camera confirms the new one.
+///
+/// A dialog runs inside slotReceiveCommand(). What arrives meanwhile waits until it is closed, so
+/// that dialogs and boxes come one after the other. When the camera leaves meanwhile, the dialog
+/// stays, but its values go nowhere, not even to a camera that comes next. Main thread.
 class ClWidgetBasicSetting : public ClWidgetBase {
     Q_OBJECT
 
 public:
-    using ClWidgetBase::ClWidgetBase;
+    explicit ClWidgetBasicSetting(QWidget* parent);
+
+    /// Asks for the camera's name, for the button.
+    void showInit(bool isPolling) override;
+
+public Q_SLOTS:
+    void slotReceiveCommand(const VX_CMD& clCommand) override;
+    void slotClicked();
+
+protected:
+    void hideEvent(QHideEvent* event) override;
+
+private:
+    void addCaption(const char* text, QVBoxLayout* column);
+    void addButton(const stBasicSettingRow& row, QVBoxLayout* column);
+    void showName(const QString& name);
+
+    void handle(const VX_CMD& message);
+    void handleResult(const QUuid& command, unsigned short result, bool isFailure);
+    /// Reads the row's next setting, or runs its dialog when @p answered was the last one.
+    void goOn(const stBasicSettingRow& row, const stCameraSetting& answered);
+    void ask(const stBasicSettingRow& row);
+    [[nodiscard]] QVariantList readValues(const stBasicSettingRow& row) const;
+    void write(const stBasicSettingRow& row, const QVariantList& values);
+
+    QList<QPushButton*> m_buttons;  ///< in the order of the rows
+    QPushButton* m_nameButton = nullptr;
+    bool m_isNameDialogPending = false;  ///< the next camera name opens the dialog
+    QString m_sentName;                  ///< on its way to the camera
+    QHash<QUuid, VX_CMD> m_answers;      ///< the latest answer of each setting
+    bool m_isHandling = false;
+    QList<VX_CMD> m_waiting;  ///< arrived while another message is being handled
+    int m_visit = 0;          ///< counts how often the page was left
 };

@@ -2,8 +2,7 @@
 #include "tour/ClTour.h"
 
 #include "app/ClMainWidget.h"
-#include "pages/ClWidgetCameraState.h"
-#include "pages/ClWidgetNotConnect.h"
+#include "pages/ClWidgetSelectMode.h"
 #include "ui/Artwork.h"
 #include "ui/ClButtonMode.h"
 
@@ -17,10 +16,12 @@
 #include <QTimer>
 
 #include <algorithm>
+#include <array>
 
 namespace {
 
 constexpr int PATIENCE_MS = 10000;
+constexpr int LOOK_INTERVAL_MS = 10;
 
 QTextStream& out() {
     static QTextStream stream(stdout);
@@ -31,12 +32,48 @@ QStackedLayout* pagesOf(const ClMainWidget& window) {
     return window.findChild<QStackedLayout*>();
 }
 
+bool showsEverything(const QWidget& /*page*/) {
+    return true;
+}
+
 // The last value of the page's refresh: once it is there, so are the others.
 bool showsCardSize(const QWidget& page) {
     return std::ranges::any_of(page.findChildren<QLabel*>(), [](const QLabel* label) {
         return label->text().contains(u'%') && label->isVisible() && label->text().contains(u'(');
     });
 }
+
+bool showsCameraName(const QWidget& page) {
+    return page.findChild<QPushButton*>()->text() != QStringLiteral("--");
+}
+
+/// A page on the way, and the dialogs or boxes that its buttons open, from the first button on.
+struct stStop {
+    const char* name;
+    bool (*isReady)(const QWidget& page);
+    std::vector<ClTour::stDialog> dialogs;
+};
+
+/// In the order of the modes.
+const std::array<stStop, MODE_LAST> STOPS{{
+    {"camera-state", showsCardSize, {{"box1"}, {"box2"}, {"box3"}}},
+    {"network-setting", showsEverything, {}},
+    {"basic-setting",
+     showsCameraName,
+     {{"camera-name"},
+      {"time-zone"},
+      {"time", 1, "calendar"},
+      {"auto-wifi-off"},
+      {"wifi-country"},
+      {"auto-power-off"},
+      {"led"},
+      {"gps"},
+      {"authorization"},
+      {"interval"},
+      {"image-quality"}}},
+    {"stream-setting", showsEverything, {}},
+    {"help", showsEverything, {}},
+}};
 
 }  // namespace
 
@@ -45,49 +82,69 @@ ClTour::ClTour(ClMainWidget& window, const QDir& directory)
       m_directory(directory) {}
 
 bool ClTour::run() {
-    return takeWindowPicture(QStringLiteral("not-connected")) && visitPages();
-}
-
-bool ClTour::visitPages() {
-    const auto* cameraState = m_window.findChild<ClWidgetCameraState*>();
-    if (!waitFor(QStringLiteral("the camera's values"),
-                 [cameraState] { return showsCardSize(*cameraState); }) ||
-        !takeWindowPicture(QStringLiteral("camera-state"))) {
+    if (!takeWindowPicture(QStringLiteral("not-connected")) ||
+        !waitFor(QStringLiteral("a camera"),
+                 [this] { return pagesOf(m_window)->currentIndex() != MODE_NOT_CONNECTED; })) {
         return false;
     }
-    int number = 0;
-    for (QPushButton* button : cameraState->findChildren<QPushButton*>()) {
-        if (!visitBox(button, QStringLiteral("camera-state-box%1").arg(++number))) {
-            return false;
-        }
-    }
-    const QStringList names{QStringLiteral("network-setting"), QStringLiteral("basic-setting"),
-                            QStringLiteral("stream-setting"), QStringLiteral("help")};
-    const QList<ClButtonMode*> modes = m_window.findChildren<ClButtonMode*>();
-    for (qsizetype i = 0; i < names.size(); ++i) {
-        const qsizetype mode = i + 1;  // the first button is the page just visited
-        QTest::mouseClick(modes[mode], Qt::LeftButton);
-        if (!waitFor(names[i],
-                     [this, mode] { return pagesOf(m_window)->currentIndex() == mode + 1; }) ||
-            !takeWindowPicture(names[i])) {
+    for (std::size_t i = 0; i < STOPS.size(); ++i) {
+        if (!visitPage(static_cast<int>(i) + 1)) {
             return false;
         }
     }
     return true;
 }
 
-bool ClTour::visitBox(QAbstractButton* button, const QString& name) {
-    bool isTaken = false;
-    // The click returns when the box has been closed.
-    QTimer::singleShot(0, this, [this, name, &isTaken] {
-        QWidget* box = QApplication::activeModalWidget();
-        if (box != nullptr && waitFor(name, [box] { return box->isVisible(); })) {
-            isTaken = takePicture(box, name);
-            QTest::keyClick(box, Qt::Key_Escape);
+bool ClTour::visitPage(int mode) {
+    const stStop& stop = STOPS[static_cast<std::size_t>(mode) - 1];
+    const QString name = QString::fromLatin1(stop.name);
+    const QStackedLayout* pages = pagesOf(m_window);
+    if (pages->currentIndex() != mode) {
+        QTest::mouseClick(m_window.findChildren<ClButtonMode*>().at(mode - 1), Qt::LeftButton);
+    }
+    const QWidget* page = pages->widget(mode);
+    return waitFor(name, [&] { return pages->currentWidget() == page && stop.isReady(*page); }) &&
+           takeWindowPicture(name) && visitDialogs(*page, name, stop.dialogs);
+}
+
+bool ClTour::visitDialogs(const QWidget& parent, const QString& name,
+                          const std::vector<stDialog>& dialogs) {
+    const QList<QPushButton*> buttons = parent.findChildren<QPushButton*>();
+    for (std::size_t i = 0; i < dialogs.size(); ++i) {
+        QPushButton* button = buttons.value(static_cast<qsizetype>(i));
+        if (button == nullptr || !visitDialog(*button, name, dialogs[i])) {
+            out() << "There is no " << name << ' ' << dialogs[i].name << Qt::endl;
+            return false;
         }
+    }
+    return true;
+}
+
+bool ClTour::visitDialog(QPushButton& button, const QString& page, const stDialog& visited) {
+    const QString name = page + u'-' + QString::fromLatin1(visited.name);
+    const QWidget* before = QApplication::activeModalWidget();
+    bool isVisited = false;
+    bool isClosed = false;
+    // A click may return when the dialog has been closed, or before it opens.
+    QTimer look;
+    connect(&look, &QTimer::timeout, this, [&] {
+        QWidget* dialog = QApplication::activeModalWidget();
+        if (dialog == before || !dialog->isVisible()) {
+            return;
+        }
+        look.stop();
+        isVisited = takePicture(dialog, name);
+        if (isVisited && visited.innerName != nullptr) {
+            QPushButton* inner = dialog->findChildren<QPushButton*>().value(visited.innerButton);
+            isVisited = inner != nullptr && visitDialog(*inner, page, {visited.innerName});
+        }
+        QTest::keyClick(dialog, Qt::Key_Escape);
+        isClosed = true;
     });
-    QTest::mouseClick(button, Qt::LeftButton);
-    return isTaken;
+    look.start(LOOK_INTERVAL_MS);
+    QTest::mouseClick(&button, Qt::LeftButton);
+    return waitFor(name, [&] { return isClosed && QApplication::activeModalWidget() == before; }) &&
+           isVisited;
 }
 
 bool ClTour::waitFor(const QString& what, const std::function<bool()>& condition) {

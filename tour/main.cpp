@@ -24,8 +24,8 @@ int main(int argc, char** argv) {
     QApplication application(argc, argv);
     QCommandLineParser parser;
     parser.setApplicationDescription(
-        QStringLiteral("Walks through the setting tool and leaves a picture of each page.\n"
-                       "LC_ALL chooses the language, QT_SCALE_FACTOR the scale."));
+        QStringLiteral("Walks through the setting tool and leaves a picture of each page and\n"
+                       "dialog. LC_ALL chooses the language, QT_SCALE_FACTOR the scale."));
     parser.addHelpOption();
     const QCommandLineOption dark(QStringLiteral("dark"),
                                   QStringLiteral("as on a desktop with a dark palette"));

@@ -4,6 +4,7 @@
 #include <QCoreApplication>
 #include <QDialogButtonBox>
 #include <QLayout>
+#include <QPushButton>
 
 ClDialogBase::ClDialogBase(QWidget* parent) : QDialog(parent) {
     setWindowTitle(QCoreApplication::applicationName());
@@ -25,8 +26,12 @@ void ClDialogBase::addButtons() {
     m_buttonBox = new QDialogButtonBox(this);
     layout()->addWidget(m_buttonBox);
     layout()->setAlignment(m_buttonBox, Qt::AlignHCenter);
-    m_buttonBox->addButton(tr("OK"), QDialogButtonBox::AcceptRole);
+    m_ok = m_buttonBox->addButton(tr("OK"), QDialogButtonBox::AcceptRole);
     m_buttonBox->addButton(tr("Cancel"), QDialogButtonBox::RejectRole);
     connect(m_buttonBox, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(m_buttonBox, &QDialogButtonBox::rejected, this, &QDialog::reject);
+}
+
+void ClDialogBase::setAcceptable(bool isAcceptable) {
+    m_ok->setEnabled(isAcceptable);
 }

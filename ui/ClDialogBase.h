@@ -5,6 +5,7 @@
 #include <QVariantList>
 
 class QDialogButtonBox;
+class QPushButton;
 
 /// The base of every settings dialog: title, a title bar with nothing but a close button, the least
 /// width and the row of "OK" and "Cancel".
@@ -32,6 +33,11 @@ public:
     /// nothing without a layout and nothing a second time.
     virtual void addButtons();
 
+protected:
+    /// Whether there is anything to accept: "OK" is disabled while not. For after addButtons().
+    void setAcceptable(bool isAcceptable);
+
 private:
     QDialogButtonBox* m_buttonBox = nullptr;
+    QPushButton* m_ok = nullptr;
 };

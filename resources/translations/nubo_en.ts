@@ -32,6 +32,40 @@
     </message>
 </context>
 <context>
+    <name>ClDialogAutoPoweroff</name>
+    <message>
+        <source>Set the time of auto power off</source>
+        <translation>Set the time of auto power off</translation>
+    </message>
+    <message>
+        <source>Not auto power off</source>
+        <translation>Not auto power off</translation>
+    </message>
+    <message>
+        <source>Time of auto power off</source>
+        <translation>Time of auto power off</translation>
+    </message>
+</context>
+<context>
+    <name>ClDialogAutoWifiOff</name>
+    <message>
+        <source>Set the time of auto Wi-Fi off</source>
+        <translation>Set the time of auto Wi-Fi off</translation>
+    </message>
+    <message>
+        <source>Not auto Wi-Fi off</source>
+        <translation>Not auto Wi-Fi off</translation>
+    </message>
+    <message>
+        <source>Time of auto Wi-Fi off</source>
+        <translation>Time of auto Wi-Fi off</translation>
+    </message>
+    <message>
+        <source>Minutes</source>
+        <translation>Minutes</translation>
+    </message>
+</context>
+<context>
     <name>ClDialogBase</name>
     <message>
         <source>OK</source>
@@ -40,6 +74,240 @@
     <message>
         <source>Cancel</source>
         <translation>Cancel</translation>
+    </message>
+</context>
+<context>
+    <name>ClDialogGps</name>
+    <message>
+        <source>Set the GPS settings of NuBo</source>
+        <translation>Set the GPS settings of NuBo</translation>
+    </message>
+    <message>
+        <source>Use GPS</source>
+        <translation>Use GPS</translation>
+    </message>
+    <message>
+        <source>Not use GPS</source>
+        <translation>Not use GPS</translation>
+    </message>
+    <message>
+        <source>Set to save GPS log</source>
+        <translation>Set to save GPS log</translation>
+    </message>
+    <message>
+        <source>Save logs</source>
+        <translation>Save logs</translation>
+    </message>
+    <message>
+        <source>Not save logs</source>
+        <translation>Not save logs</translation>
+    </message>
+    <message>
+        <source>Set the format of GPS log</source>
+        <translation>Set the format of GPS log</translation>
+    </message>
+    <message>
+        <source>GGA+RMC</source>
+        <translation>GGA+RMC</translation>
+    </message>
+    <message>
+        <source>GGA+GLL+GSA+GSV+RMC+VTG+ZDA</source>
+        <translation>GGA+GLL+GSA+GSV+RMC+VTG+ZDA</translation>
+    </message>
+    <message>
+        <source>Set to auto adjust time from GPS info</source>
+        <translation>Set to auto adjust time from GPS info</translation>
+    </message>
+    <message>
+        <source>Adjust time</source>
+        <translation>Adjust time</translation>
+    </message>
+    <message>
+        <source>Not adjust time</source>
+        <translation>Not adjust time</translation>
+    </message>
+</context>
+<context>
+    <name>ClDialogImageQuarity</name>
+    <message>
+        <source>Setting contrast</source>
+        <translation>Setting contrast</translation>
+    </message>
+    <message>
+        <source>Light</source>
+        <translation>Light</translation>
+    </message>
+    <message>
+        <source>Dark</source>
+        <translation>Dark</translation>
+    </message>
+</context>
+<context>
+    <name>ClDialogLed</name>
+    <message>
+        <source>Can set to light led on power on</source>
+        <translation>Can set to light led on power on</translation>
+    </message>
+    <message>
+        <source>Light</source>
+        <translation>Light</translation>
+    </message>
+    <message>
+        <source>Not light</source>
+        <translation>Not light</translation>
+    </message>
+</context>
+<context>
+    <name>ClDialogTimezone</name>
+    <message>
+        <source>Eniwetok/Kwajalein
+GMT-12:00</source>
+        <translation>Eniwetok/Kwajalein
+GMT-12:00</translation>
+    </message>
+    <message>
+        <source>Midway Island/Samoa
+GMT-11:00</source>
+        <translation>Midway Island/Samoa
+GMT-11:00</translation>
+    </message>
+    <message>
+        <source>Hawaii
+GMT-10:00</source>
+        <translation>Hawaii
+GMT-10:00</translation>
+    </message>
+    <message>
+        <source>Alaska
+GMT-9:00</source>
+        <translation>Alaska
+GMT-9:00</translation>
+    </message>
+    <message>
+        <source>Pacific STD Time
+GMT-8:00</source>
+        <translation>Pacific STD Time
+GMT-8:00</translation>
+    </message>
+    <message>
+        <source>Mountain STD Time
+GMT-7:00</source>
+        <translation>Mountain STD Time
+GMT-7:00</translation>
+    </message>
+    <message>
+        <source>Central STD Time
+GMT-6:00</source>
+        <translation>Central STD Time
+GMT-6:00</translation>
+    </message>
+    <message>
+        <source>Eastern STD Time
+GMT-5:00</source>
+        <translation>Eastern STD Time
+GMT-5:00</translation>
+    </message>
+    <message>
+        <source>Atlantic STD Time
+GMT-4:00</source>
+        <translation>Atlantic STD Time
+GMT-4:00</translation>
+    </message>
+    <message>
+        <source>Brasilia/Buenos Aires
+GMT-3:00</source>
+        <translation>Brasilia/Buenos Aires
+GMT-3:00</translation>
+    </message>
+    <message>
+        <source>Central Atlantic
+GMT-2:00</source>
+        <translation>Central Atlantic
+GMT-2:00</translation>
+    </message>
+    <message>
+        <source>Azores Islands
+GMT-1:00</source>
+        <translation>Azores Islands
+GMT-1:00</translation>
+    </message>
+    <message>
+        <source>London/Lisbon
+GMT+0:00</source>
+        <translation>London/Lisbon
+GMT+0:00</translation>
+    </message>
+    <message>
+        <source>Paris/Berlin/Rome
+GMT+1:00</source>
+        <translation>Paris/Berlin/Rome
+GMT+1:00</translation>
+    </message>
+    <message>
+        <source>Athens/Cairo/Helsink
+GMT+2:00</source>
+        <translation>Athens/Cairo/Helsink
+GMT+2:00</translation>
+    </message>
+    <message>
+        <source>Moscow/Baghdad
+GMT+3:00</source>
+        <translation>Moscow/Baghdad
+GMT+3:00</translation>
+    </message>
+    <message>
+        <source>Abu Dhabi
+GMT+4:00</source>
+        <translation>Abu Dhabi
+GMT+4:00</translation>
+    </message>
+    <message>
+        <source>Islamabad/Karachi
+GMT+5:00</source>
+        <translation>Islamabad/Karachi
+GMT+5:00</translation>
+    </message>
+    <message>
+        <source>Dhaka/Novosibirsk
+GMT+6:00</source>
+        <translation>Dhaka/Novosibirsk
+GMT+6:00</translation>
+    </message>
+    <message>
+        <source>Bangkok/Hanoi
+GMT+7:00</source>
+        <translation>Bangkok/Hanoi
+GMT+7:00</translation>
+    </message>
+    <message>
+        <source>Beijing/Singapore
+GMT+8:00</source>
+        <translation>Beijing/Singapore
+GMT+8:00</translation>
+    </message>
+    <message>
+        <source>Tokyo/Seoul/Yakutsk
+GMT+9:00</source>
+        <translation>Tokyo/Seoul/Yakutsk
+GMT+9:00</translation>
+    </message>
+    <message>
+        <source>Melbourne/Vladivostok
+GMT+10:00</source>
+        <translation>Melbourne/Vladivostok
+GMT+10:00</translation>
+    </message>
+    <message>
+        <source>New Caledonia
+GMT+11:00</source>
+        <translation>New Caledonia
+GMT+11:00</translation>
+    </message>
+    <message>
+        <source>Auckland/Fiji
+GMT+12:00</source>
+        <translation>Auckland/Fiji
+GMT+12:00</translation>
     </message>
 </context>
 <context>
@@ -69,6 +337,21 @@
     </message>
 </context>
 <context>
+    <name>ClTimeRow</name>
+    <message>
+        <source>Hours</source>
+        <translation>Hours</translation>
+    </message>
+    <message>
+        <source>Minutes</source>
+        <translation>Minutes</translation>
+    </message>
+    <message>
+        <source>Seconds</source>
+        <translation>Seconds</translation>
+    </message>
+</context>
+<context>
     <name>ClWidgetBase</name>
     <message>
         <source>Timeout error, please reset</source>
@@ -85,6 +368,185 @@
     <message>
         <source>Exec failed, unknown error</source>
         <translation>Exec failed, unknown error</translation>
+    </message>
+</context>
+<context>
+    <name>ClWidgetBasicSetting</name>
+    <message>
+        <source>Setting camera name</source>
+        <translation>Setting camera name</translation>
+    </message>
+    <message>
+        <source>Time setting</source>
+        <translation>Time setting</translation>
+    </message>
+    <message>
+        <source>Setting time zone</source>
+        <translation>Setting time zone</translation>
+    </message>
+    <message>
+        <source>Setting time</source>
+        <translation>Setting time</translation>
+    </message>
+    <message>
+        <source>Wi-Fi setting</source>
+        <translation>Wi-Fi setting</translation>
+    </message>
+    <message>
+        <source>Setting auto Wi-Fi off</source>
+        <translation>Setting auto Wi-Fi off</translation>
+    </message>
+    <message>
+        <source>Setting Wi-Fi country</source>
+        <translation>Setting Wi-Fi country</translation>
+    </message>
+    <message>
+        <source>Setting auto power off</source>
+        <translation>Setting auto power off</translation>
+    </message>
+    <message>
+        <source>Setting LED</source>
+        <translation>Setting LED</translation>
+    </message>
+    <message>
+        <source>Setting GPS</source>
+        <translation>Setting GPS</translation>
+    </message>
+    <message>
+        <source>Setting user authorization</source>
+        <translation>Setting user authorization</translation>
+    </message>
+    <message>
+        <source>Setting interval</source>
+        <translation>Setting interval</translation>
+    </message>
+    <message>
+        <source>Image quarity</source>
+        <translation>Image quarity</translation>
+    </message>
+    <message>
+        <source>Set the favarite camera name</source>
+        <translation>Set the favarite camera name</translation>
+    </message>
+    <message>
+        <source>No camera name</source>
+        <translation>No camera name</translation>
+    </message>
+    <message>
+        <source>Set the authorization that enhances security</source>
+        <translation>Set the authorization that enhances security</translation>
+    </message>
+    <message>
+        <source>Not use authorization</source>
+        <translation>Not use authorization</translation>
+    </message>
+    <message>
+        <source>Use authorization</source>
+        <translation>Use authorization</translation>
+    </message>
+    <message>
+        <source>Now password</source>
+        <translation>Now password</translation>
+    </message>
+    <message>
+        <source>New password</source>
+        <translation>New password</translation>
+    </message>
+    <message>
+        <source>Check password</source>
+        <translation>Check password</translation>
+    </message>
+    <message>
+        <source>There are not input value</source>
+        <translation>There are not input value</translation>
+    </message>
+    <message>
+        <source>Different now password</source>
+        <translation>Different now password</translation>
+    </message>
+    <message>
+        <source>Not same password new and check</source>
+        <translation>Not same password new and check</translation>
+    </message>
+    <message>
+        <source>Not change password</source>
+        <translation>Not change password</translation>
+    </message>
+    <message>
+        <source>Set the interval timer
+Use the interval timer that keep capture at a certain interval</source>
+        <translation>Set the interval timer
+Use the interval timer that keep capture at a certain interval</translation>
+    </message>
+    <message>
+        <source>Use interval timer</source>
+        <translation>Use interval timer</translation>
+    </message>
+    <message>
+        <source>Not use interval timer</source>
+        <translation>Not use interval timer</translation>
+    </message>
+    <message>
+        <source>Time of interval that captured</source>
+        <translation>Time of interval that captured</translation>
+    </message>
+    <message>
+        <source>Time of until start interval timer</source>
+        <translation>Time of until start interval timer</translation>
+    </message>
+    <message>
+        <source>Year</source>
+        <translation>Year</translation>
+    </message>
+    <message>
+        <source>Month</source>
+        <translation>Month</translation>
+    </message>
+    <message>
+        <source>Day</source>
+        <translation>Day</translation>
+    </message>
+    <message>
+        <source>Hour</source>
+        <translation>Hour</translation>
+    </message>
+    <message>
+        <source>Minute</source>
+        <translation>Minute</translation>
+    </message>
+    <message>
+        <source>Second</source>
+        <translation>Second</translation>
+    </message>
+    <message>
+        <source>Invalid year
+Set from 2000 to 2100</source>
+        <translation>Invalid year
+Set from 2000 to 2100</translation>
+    </message>
+    <message>
+        <source>Synchronize PC</source>
+        <translation>Synchronize PC</translation>
+    </message>
+    <message>
+        <source>Calendar</source>
+        <translation>Calendar</translation>
+    </message>
+    <message>
+        <source>Japan</source>
+        <translation>Japan</translation>
+    </message>
+    <message>
+        <source>United States,Canada,Taiwan</source>
+        <translation>United States,Canada,Taiwan</translation>
+    </message>
+    <message>
+        <source>EU</source>
+        <translation>EU</translation>
+    </message>
+    <message>
+        <source>Auto</source>
+        <translation>Auto</translation>
     </message>
 </context>
 <context>

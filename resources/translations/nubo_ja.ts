@@ -32,6 +32,40 @@
     </message>
 </context>
 <context>
+    <name>ClDialogAutoPoweroff</name>
+    <message>
+        <source>Set the time of auto power off</source>
+        <translation>自動で電源を切るまでの時間を設定します</translation>
+    </message>
+    <message>
+        <source>Not auto power off</source>
+        <translation>自動で電源を切らない</translation>
+    </message>
+    <message>
+        <source>Time of auto power off</source>
+        <translation>自動で電源を切る</translation>
+    </message>
+</context>
+<context>
+    <name>ClDialogAutoWifiOff</name>
+    <message>
+        <source>Set the time of auto Wi-Fi off</source>
+        <translation>自動で Wi-Fi を切るまでの時間を設定します</translation>
+    </message>
+    <message>
+        <source>Not auto Wi-Fi off</source>
+        <translation>自動で Wi-Fi を切らない</translation>
+    </message>
+    <message>
+        <source>Time of auto Wi-Fi off</source>
+        <translation>自動で Wi-Fi を切る</translation>
+    </message>
+    <message>
+        <source>Minutes</source>
+        <translation>分</translation>
+    </message>
+</context>
+<context>
     <name>ClDialogBase</name>
     <message>
         <source>OK</source>
@@ -40,6 +74,240 @@
     <message>
         <source>Cancel</source>
         <translation>キャンセル</translation>
+    </message>
+</context>
+<context>
+    <name>ClDialogGps</name>
+    <message>
+        <source>Set the GPS settings of NuBo</source>
+        <translation>NuBo の GPS を設定します</translation>
+    </message>
+    <message>
+        <source>Use GPS</source>
+        <translation>GPS を使用する</translation>
+    </message>
+    <message>
+        <source>Not use GPS</source>
+        <translation>GPS を使用しない</translation>
+    </message>
+    <message>
+        <source>Set to save GPS log</source>
+        <translation>GPS ログの保存を設定します</translation>
+    </message>
+    <message>
+        <source>Save logs</source>
+        <translation>ログを保存する</translation>
+    </message>
+    <message>
+        <source>Not save logs</source>
+        <translation>ログを保存しない</translation>
+    </message>
+    <message>
+        <source>Set the format of GPS log</source>
+        <translation>GPS ログの形式を設定します</translation>
+    </message>
+    <message>
+        <source>GGA+RMC</source>
+        <translation>GGA+RMC</translation>
+    </message>
+    <message>
+        <source>GGA+GLL+GSA+GSV+RMC+VTG+ZDA</source>
+        <translation>GGA+GLL+GSA+GSV+RMC+VTG+ZDA</translation>
+    </message>
+    <message>
+        <source>Set to auto adjust time from GPS info</source>
+        <translation>GPS 情報による時刻の自動補正を設定します</translation>
+    </message>
+    <message>
+        <source>Adjust time</source>
+        <translation>時刻を補正する</translation>
+    </message>
+    <message>
+        <source>Not adjust time</source>
+        <translation>時刻を補正しない</translation>
+    </message>
+</context>
+<context>
+    <name>ClDialogImageQuarity</name>
+    <message>
+        <source>Setting contrast</source>
+        <translation>コントラストの設定</translation>
+    </message>
+    <message>
+        <source>Light</source>
+        <translation>淡い</translation>
+    </message>
+    <message>
+        <source>Dark</source>
+        <translation>濃い</translation>
+    </message>
+</context>
+<context>
+    <name>ClDialogLed</name>
+    <message>
+        <source>Can set to light led on power on</source>
+        <translation>電源を入れたときの LED の点灯を設定します</translation>
+    </message>
+    <message>
+        <source>Light</source>
+        <translation>点灯する</translation>
+    </message>
+    <message>
+        <source>Not light</source>
+        <translation>点灯しない</translation>
+    </message>
+</context>
+<context>
+    <name>ClDialogTimezone</name>
+    <message>
+        <source>Eniwetok/Kwajalein
+GMT-12:00</source>
+        <translation>エニウェトク、クワジェリン
+GMT-12:00</translation>
+    </message>
+    <message>
+        <source>Midway Island/Samoa
+GMT-11:00</source>
+        <translation>ミッドウェー島、サモア
+GMT-11:00</translation>
+    </message>
+    <message>
+        <source>Hawaii
+GMT-10:00</source>
+        <translation>ハワイ
+GMT-10:00</translation>
+    </message>
+    <message>
+        <source>Alaska
+GMT-9:00</source>
+        <translation>アラスカ
+GMT-9:00</translation>
+    </message>
+    <message>
+        <source>Pacific STD Time
+GMT-8:00</source>
+        <translation>太平洋標準時
+GMT-8:00</translation>
+    </message>
+    <message>
+        <source>Mountain STD Time
+GMT-7:00</source>
+        <translation>山地標準時
+GMT-7:00</translation>
+    </message>
+    <message>
+        <source>Central STD Time
+GMT-6:00</source>
+        <translation>中部標準時
+GMT-6:00</translation>
+    </message>
+    <message>
+        <source>Eastern STD Time
+GMT-5:00</source>
+        <translation>東部標準時
+GMT-5:00</translation>
+    </message>
+    <message>
+        <source>Atlantic STD Time
+GMT-4:00</source>
+        <translation>大西洋標準時
+GMT-4:00</translation>
+    </message>
+    <message>
+        <source>Brasilia/Buenos Aires
+GMT-3:00</source>
+        <translation>ブラジリア、ブエノスアイレス
+GMT-3:00</translation>
+    </message>
+    <message>
+        <source>Central Atlantic
+GMT-2:00</source>
+        <translation>中部大西洋
+GMT-2:00</translation>
+    </message>
+    <message>
+        <source>Azores Islands
+GMT-1:00</source>
+        <translation>アゾレス諸島
+GMT-1:00</translation>
+    </message>
+    <message>
+        <source>London/Lisbon
+GMT+0:00</source>
+        <translation>ロンドン、リスボン
+GMT+0:00</translation>
+    </message>
+    <message>
+        <source>Paris/Berlin/Rome
+GMT+1:00</source>
+        <translation>パリ、ベルリン、ローマ
+GMT+1:00</translation>
+    </message>
+    <message>
+        <source>Athens/Cairo/Helsink
+GMT+2:00</source>
+        <translation>アテネ、カイロ、ヘルシンキ
+GMT+2:00</translation>
+    </message>
+    <message>
+        <source>Moscow/Baghdad
+GMT+3:00</source>
+        <translation>モスクワ、バグダッド
+GMT+3:00</translation>
+    </message>
+    <message>
+        <source>Abu Dhabi
+GMT+4:00</source>
+        <translation>アブダビ
+GMT+4:00</translation>
+    </message>
+    <message>
+        <source>Islamabad/Karachi
+GMT+5:00</source>
+        <translation>イスラマバード、カラチ
+GMT+5:00</translation>
+    </message>
+    <message>
+        <source>Dhaka/Novosibirsk
+GMT+6:00</source>
+        <translation>ダッカ、ノボシビルスク
+GMT+6:00</translation>
+    </message>
+    <message>
+        <source>Bangkok/Hanoi
+GMT+7:00</source>
+        <translation>バンコク、ハノイ
+GMT+7:00</translation>
+    </message>
+    <message>
+        <source>Beijing/Singapore
+GMT+8:00</source>
+        <translation>北京、シンガポール
+GMT+8:00</translation>
+    </message>
+    <message>
+        <source>Tokyo/Seoul/Yakutsk
+GMT+9:00</source>
+        <translation>東京、ソウル、ヤクーツク
+GMT+9:00</translation>
+    </message>
+    <message>
+        <source>Melbourne/Vladivostok
+GMT+10:00</source>
+        <translation>メルボルン、ウラジオストク
+GMT+10:00</translation>
+    </message>
+    <message>
+        <source>New Caledonia
+GMT+11:00</source>
+        <translation>ニューカレドニア
+GMT+11:00</translation>
+    </message>
+    <message>
+        <source>Auckland/Fiji
+GMT+12:00</source>
+        <translation>オークランド、フィジー
+GMT+12:00</translation>
     </message>
 </context>
 <context>
@@ -69,6 +337,21 @@
     </message>
 </context>
 <context>
+    <name>ClTimeRow</name>
+    <message>
+        <source>Hours</source>
+        <translation>時間</translation>
+    </message>
+    <message>
+        <source>Minutes</source>
+        <translation>分</translation>
+    </message>
+    <message>
+        <source>Seconds</source>
+        <translation>秒</translation>
+    </message>
+</context>
+<context>
     <name>ClWidgetBase</name>
     <message>
         <source>Timeout error, please reset</source>
@@ -85,6 +368,185 @@
     <message>
         <source>Exec failed, unknown error</source>
         <translation>原因不明のエラーにより実行できませんでした</translation>
+    </message>
+</context>
+<context>
+    <name>ClWidgetBasicSetting</name>
+    <message>
+        <source>Setting camera name</source>
+        <translation>カメラ名の設定</translation>
+    </message>
+    <message>
+        <source>Time setting</source>
+        <translation>日時の設定</translation>
+    </message>
+    <message>
+        <source>Setting time zone</source>
+        <translation>タイムゾーンの設定</translation>
+    </message>
+    <message>
+        <source>Setting time</source>
+        <translation>日付と時刻の設定</translation>
+    </message>
+    <message>
+        <source>Wi-Fi setting</source>
+        <translation>Wi-Fi の設定</translation>
+    </message>
+    <message>
+        <source>Setting auto Wi-Fi off</source>
+        <translation>Wi-Fi 自動オフの設定</translation>
+    </message>
+    <message>
+        <source>Setting Wi-Fi country</source>
+        <translation>Wi-Fi 使用国の設定</translation>
+    </message>
+    <message>
+        <source>Setting auto power off</source>
+        <translation>自動電源オフの設定</translation>
+    </message>
+    <message>
+        <source>Setting LED</source>
+        <translation>LED の設定</translation>
+    </message>
+    <message>
+        <source>Setting GPS</source>
+        <translation>GPS の設定</translation>
+    </message>
+    <message>
+        <source>Setting user authorization</source>
+        <translation>ユーザー認証の設定</translation>
+    </message>
+    <message>
+        <source>Setting interval</source>
+        <translation>インターバルタイマーの設定</translation>
+    </message>
+    <message>
+        <source>Image quarity</source>
+        <translation>画質の設定</translation>
+    </message>
+    <message>
+        <source>Set the favarite camera name</source>
+        <translation>お好みのカメラ名を設定します</translation>
+    </message>
+    <message>
+        <source>No camera name</source>
+        <translation>カメラ名が入力されていません</translation>
+    </message>
+    <message>
+        <source>Set the authorization that enhances security</source>
+        <translation>セキュリティを高めるための認証を設定します</translation>
+    </message>
+    <message>
+        <source>Not use authorization</source>
+        <translation>認証を使用しない</translation>
+    </message>
+    <message>
+        <source>Use authorization</source>
+        <translation>認証を使用する</translation>
+    </message>
+    <message>
+        <source>Now password</source>
+        <translation>現在のパスワード</translation>
+    </message>
+    <message>
+        <source>New password</source>
+        <translation>新しいパスワード</translation>
+    </message>
+    <message>
+        <source>Check password</source>
+        <translation>パスワードの確認</translation>
+    </message>
+    <message>
+        <source>There are not input value</source>
+        <translation>入力されていない項目があります</translation>
+    </message>
+    <message>
+        <source>Different now password</source>
+        <translation>現在のパスワードが違います</translation>
+    </message>
+    <message>
+        <source>Not same password new and check</source>
+        <translation>新しいパスワードと確認用のパスワードが一致しません</translation>
+    </message>
+    <message>
+        <source>Not change password</source>
+        <translation>パスワードが変更されていません</translation>
+    </message>
+    <message>
+        <source>Set the interval timer
+Use the interval timer that keep capture at a certain interval</source>
+        <translation>インターバルタイマーを設定します
+一定の間隔で撮影を続けるときに使用します</translation>
+    </message>
+    <message>
+        <source>Use interval timer</source>
+        <translation>インターバルタイマーを使用する</translation>
+    </message>
+    <message>
+        <source>Not use interval timer</source>
+        <translation>インターバルタイマーを使用しない</translation>
+    </message>
+    <message>
+        <source>Time of interval that captured</source>
+        <translation>撮影間隔</translation>
+    </message>
+    <message>
+        <source>Time of until start interval timer</source>
+        <translation>撮影開始までの時間</translation>
+    </message>
+    <message>
+        <source>Year</source>
+        <translation>年</translation>
+    </message>
+    <message>
+        <source>Month</source>
+        <translation>月</translation>
+    </message>
+    <message>
+        <source>Day</source>
+        <translation>日</translation>
+    </message>
+    <message>
+        <source>Hour</source>
+        <translation>時</translation>
+    </message>
+    <message>
+        <source>Minute</source>
+        <translation>分</translation>
+    </message>
+    <message>
+        <source>Second</source>
+        <translation>秒</translation>
+    </message>
+    <message>
+        <source>Invalid year
+Set from 2000 to 2100</source>
+        <translation>年が正しくありません
+2000 から 2100 の間で設定してください</translation>
+    </message>
+    <message>
+        <source>Synchronize PC</source>
+        <translation>PC と同期</translation>
+    </message>
+    <message>
+        <source>Calendar</source>
+        <translation>カレンダー</translation>
+    </message>
+    <message>
+        <source>Japan</source>
+        <translation>日本</translation>
+    </message>
+    <message>
+        <source>United States,Canada,Taiwan</source>
+        <translation>アメリカ、カナダ、台湾</translation>
+    </message>
+    <message>
+        <source>EU</source>
+        <translation>EU</translation>
+    </message>
+    <message>
+        <source>Auto</source>
+        <translation>自動</translation>
     </message>
 </context>
 <context>

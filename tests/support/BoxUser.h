@@ -37,6 +37,7 @@ public:
     void setAction(Action action) { m_action = std::move(action); }
     /// All boxes so far, in the order of their opening.
     [[nodiscard]] const QList<stModalBox>& boxes() const { return m_boxes; }
+    void forgetBoxes() { m_boxes.clear(); }
     /// The texts of boxes().
     [[nodiscard]] QStringList texts() const;
 

@@ -1,0 +1,130 @@
+// SPDX-License-Identifier: MIT
+#include "pages/BasicSettingRows.h"
+
+#include "pages/ClDialogAuthorization.h"
+#include "pages/ClDialogAutoPoweroff.h"
+#include "pages/ClDialogAutoWifiOff.h"
+#include "pages/ClDialogCameraName.h"
+#include "pages/ClDialogGps.h"
+#include "pages/ClDialogImageQuarity.h"
+#include "pages/ClDialogInterval.h"
+#include "pages/ClDialogLed.h"
+#include "pages/ClDialogTime.h"
+#include "pages/ClDialogTimezone.h"
+#include "pages/ClDialogWifiCountry.h"
+#include "protocol/CommandIdentifiers.h"
+
+#include <QCoreApplication>
+#include <QDateTime>
+
+namespace {
+
+using Section = BasicSettingSection;
+
+constexpr unsigned int WIFI_MODE_ADHOC = 2;
+
+template <class Type>
+QVariant as(const QVariant& value) {
+    return QVariant::fromValue(value.value<Type>());
+}
+
+// A camera that opens its own network has no access point to take its country from: there the
+// dialog does not offer "Auto".
+QVariant isAdhoc(const QVariant& wifiMode) {
+    return wifiMode.toUInt() == WIFI_MODE_ADHOC;
+}
+
+template <class Dialog>
+std::optional<QVariantList> ask(QWidget* page, const QVariantList& values) {
+    Dialog dialog(page);
+    dialog.setParam(values);
+    if (dialog.exec() != QDialog::Accepted) {
+        return std::nullopt;
+    }
+    return dialog.getParam();
+}
+
+constexpr stCameraSetting CAMERA_NAME{USB_REQ_NUBO_CMD_GET_CAMERANAME,
+                                      USB_RES_NUBO_CMD_GET_CAMERANAME,
+                                      USB_NUBO_CMD_SET_CAMERANAME,
+                                      {as<QString>}};
+constexpr stCameraSetting TIME_ZONE{USB_REQ_NUBO_CMD_GET_TIMEZONE,
+                                    USB_RES_NUBO_CMD_GET_TIMEZONE,
+                                    USB_NUBO_CMD_SET_TIMEZONE,
+                                    {as<unsigned int>}};
+constexpr stCameraSetting CLOCK{
+    USB_REQ_NUBO_CMD_GET_TIME, USB_RES_NUBO_CMD_GET_TIME, USB_NUBO_CMD_SET_TIME, {as<QDateTime>}};
+constexpr stCameraSetting AUTO_WIFI_OFF{USB_REQ_NUBO_CMD_GET_AUTO_WIFIOFF,
+                                        USB_RES_NUBO_CMD_GET_AUTO_WIFIOFF,
+                                        USB_NUBO_CMD_SET_AUTO_WIFIOFF,
+                                        {as<unsigned int>}};
+constexpr stCameraSetting WIFI_MODE{
+    USB_REQ_NUBO_CMD_GET_WIFIMODE, USB_RES_NUBO_CMD_GET_WIFIMODE, {}, {isAdhoc}};
+constexpr stCameraSetting WIFI_COUNTRY{USB_REQ_NUBO_CMD_GET_WIFI_COUNTRY,
+                                       USB_RES_NUBO_CMD_GET_WIFI_COUNTRY,
+                                       USB_NUBO_CMD_SET_WIFI_COUNTRY,
+                                       {as<unsigned int>}};
+constexpr stCameraSetting AUTO_POWER_OFF{USB_REQ_NUBO_CMD_GET_AUTO_POWEROFF,
+                                         USB_RES_NUBO_CMD_GET_AUTO_POWEROFF,
+                                         USB_NUBO_CMD_SET_AUTO_POWEROFF,
+                                         {as<unsigned int>}};
+constexpr stCameraSetting LED{USB_REQ_NUBO_CMD_GET_LED_START,
+                              USB_RES_NUBO_CMD_GET_LED_START,
+                              USB_NUBO_CMD_SET_LED_START,
+                              {as<bool>}};
+constexpr stCameraSetting GPS{USB_REQ_NUBO_CMD_GET_GPSSETTING,
+                              USB_RES_NUBO_CMD_GET_GPSSETTING,
+                              USB_NUBO_CMD_SET_GPSSETTING,
+                              {as<bool>, as<bool>, as<bool>, as<unsigned int>}};
+constexpr stCameraSetting AUTHORIZATION{USB_REQ_NUBO_CMD_GET_STREAM_AUTHORIZATION_USE,
+                                        USB_RES_NUBO_CMD_GET_STREAM_AUTHORIZATION_USE,
+                                        USB_NUBO_CMD_SET_STREAM_AUTHORIZATION_USE,
+                                        {as<bool>}};
+constexpr stCameraSetting PASSWORD{USB_REQ_NUBO_CMD_GET_STREAM_AUTHORIZATION_PASSWORD,
+                                   USB_RES_NUBO_CMD_GET_STREAM_AUTHORIZATION_PASSWORD,
+                                   USB_NUBO_CMD_SET_STREAM_AUTHORIZATION_PASSWORD,
+                                   {as<QString>}};
+constexpr stCameraSetting INTERVAL{USB_REQ_NUBO_CMD_GET_INTERVAL_INFO,
+                                   USB_RES_NUBO_CMD_GET_INTERVAL_INFO,
+                                   USB_NUBO_CMD_SET_INTERVAL_INFO,
+                                   {as<bool>, as<unsigned int>, as<unsigned int>}};
+constexpr stCameraSetting IMAGE_QUALITY{USB_REQ_NUBO_CMD_GET_IMAGE_QUARITY,
+                                        USB_RES_NUBO_CMD_GET_IMAGE_QUARITY,
+                                        USB_NUBO_CMD_SET_IMAGE_QUARITY,
+                                        {as<unsigned int>}};
+
+// clang-format off
+constexpr std::array ROWS{
+    stBasicSettingRow{Section::Name,  nullptr,                                                                  ask<ClDialogCameraName>,    {{CAMERA_NAME}}},
+    stBasicSettingRow{Section::Time,  QT_TRANSLATE_NOOP("ClWidgetBasicSetting", "Setting time zone"),           ask<ClDialogTimezone>,      {{TIME_ZONE}}},
+    stBasicSettingRow{Section::Time,  QT_TRANSLATE_NOOP("ClWidgetBasicSetting", "Setting time"),                ask<ClDialogTime>,          {{CLOCK}}},
+    stBasicSettingRow{Section::Wifi,  QT_TRANSLATE_NOOP("ClWidgetBasicSetting", "Setting auto Wi-Fi off"),      ask<ClDialogAutoWifiOff>,   {{AUTO_WIFI_OFF}}},
+    stBasicSettingRow{Section::Wifi,  QT_TRANSLATE_NOOP("ClWidgetBasicSetting", "Setting Wi-Fi country"),       ask<ClDialogWifiCountry>,   {{WIFI_MODE, WIFI_COUNTRY}}},
+    stBasicSettingRow{Section::Other, QT_TRANSLATE_NOOP("ClWidgetBasicSetting", "Setting auto power off"),      ask<ClDialogAutoPoweroff>,  {{AUTO_POWER_OFF}}},
+    stBasicSettingRow{Section::Other, QT_TRANSLATE_NOOP("ClWidgetBasicSetting", "Setting LED"),                 ask<ClDialogLed>,           {{LED}}},
+    stBasicSettingRow{Section::Other, QT_TRANSLATE_NOOP("ClWidgetBasicSetting", "Setting GPS"),                 ask<ClDialogGps>,           {{GPS}}},
+    stBasicSettingRow{Section::Other, QT_TRANSLATE_NOOP("ClWidgetBasicSetting", "Setting user authorization"),  ask<ClDialogAuthorization>, {{AUTHORIZATION, PASSWORD}}},
+    stBasicSettingRow{Section::Other, QT_TRANSLATE_NOOP("ClWidgetBasicSetting", "Setting interval"),            ask<ClDialogInterval>,      {{INTERVAL}}},
+    stBasicSettingRow{Section::Other, QT_TRANSLATE_NOOP("ClWidgetBasicSetting", "Image quarity"),               ask<ClDialogImageQuarity>,  {{IMAGE_QUALITY}}},
+};
+// clang-format on
+
+}  // namespace
+
+std::span<const stBasicSettingRow> basicSettingRows() {
+    return ROWS;
+}
+
+const char* sectionCaption(BasicSettingSection section) {
+    switch (section) {
+        case Section::Name:
+            return QT_TRANSLATE_NOOP("ClWidgetBasicSetting", "Setting camera name");
+        case Section::Time:
+            return QT_TRANSLATE_NOOP("ClWidgetBasicSetting", "Time setting");
+        case Section::Wifi:
+            return QT_TRANSLATE_NOOP("ClWidgetBasicSetting", "Wi-Fi setting");
+        case Section::Other:
+            break;
+    }
+    return nullptr;
+}

@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: MIT
+#include "pages/ClControlGroup.h"
+
+#include <QAccessibleWidget>
+
+namespace {
+
+// Asked for the class of the object and for each of its bases in turn.
+QAccessibleInterface* createGrouping(const QString& className, QObject* object) {
+    const bool own = className == QLatin1String(ClControlGroup::staticMetaObject.className());
+    auto* const group = own ? qobject_cast<ClControlGroup*>(object) : nullptr;
+    return group != nullptr ? new QAccessibleWidget(group, QAccessible::Grouping) : nullptr;
+}
+
+}  // namespace
+
+ClControlGroup::ClControlGroup(QWidget* parent) : QWidget(parent) {
+    // Installing it again does nothing.
+    QAccessible::installFactory(createGrouping);
+}

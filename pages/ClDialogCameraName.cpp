@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+#include "pages/ClDialogCameraName.h"
+
+#include "pages/ClWidgetBasicSetting.h"
+#include "pages/DialogColumn.h"
+#include "ui/ClMessageBox.h"
+
+#include <QCoreApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QRegularExpressionValidator>
+
+ClDialogCameraName::ClDialogCameraName(QWidget* parent)
+    : ClDialogBase(parent),
+      m_name(new QLineEdit(this)) {
+    auto* const label = new QLabel(ClWidgetBasicSetting::tr("Set the favarite camera name"), this);
+    label->setBuddy(m_name);
+    m_name->setValidator(new QRegularExpressionValidator(
+        QRegularExpression(QStringLiteral("[0-9a-zA-Z]{1,8}")), m_name));
+
+    auto* const column = createDialogColumn(this);
+    column->addWidget(label);
+    column->addWidget(m_name);
+    addButtons();
+}
+
+void ClDialogCameraName::setParam(const QVariantList& params) {
+    m_name->setText(params.value(0).toString());
+}
+
+QVariantList ClDialogCameraName::getParam() {
+    return {m_name->text()};
+}
+
+void ClDialogCameraName::accept() {
+    if (m_name->text().isEmpty()) {
+        ClMessageBox(this, ClWidgetBasicSetting::tr("No camera name"),
+                     QCoreApplication::applicationName(), QDialogButtonBox::Ok)
+            .exec();
+        return;
+    }
+    ClDialogBase::accept();
+}
