@@ -24,13 +24,15 @@ QStringList commandLine(const QString& program, Bus bus) {
     if (bus == Bus::Machine) {
         return {pathOf(program)};
     }
-    return {
+    QStringList line{
         pathOf(QStringLiteral("../simulator/nubo-camera-simulator")),
         QStringLiteral("--cameras"),
-        bus == Bus::TwoCameras ? QStringLiteral("2") : QStringLiteral("1"),
-        QStringLiteral("--"),
-        pathOf(program),
+        bus == Bus::Simulated ? QStringLiteral("1") : QStringLiteral("2"),
     };
+    if (bus == Bus::LargePictures) {
+        line << QStringLiteral("--script") << QStringLiteral(LARGE_PICTURES_SCRIPT);
+    }
+    return line << QStringLiteral("--") << pathOf(program);
 }
 
 QProcessEnvironment environmentFor(const char* scene) {

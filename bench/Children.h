@@ -20,6 +20,7 @@ enum class Bus {
     Machine,    ///< the computer's own
     Simulated,  ///< that of the camera simulator, with one camera
     TwoCameras,
+    LargePictures,  ///< two cameras, each with a picture of 16 MiB
 };
 
 /// Runs a program of the benchmarks and returns the object that it prints. @p scene is one of

@@ -72,6 +72,9 @@ private:
 class Switchboard : public QObject {
     Q_OBJECT
 
+public:
+    explicit Switchboard(void* controller) : m_controller(controller) {}
+
 Q_SIGNALS:
     void sigSendCommand(const VX_CMD& clCommand);
     void sigReceiveCommand(const VX_CMD& clCommand);
@@ -88,7 +91,7 @@ public Q_SLOTS:
     }
 
 private:
-    void* m_controller = this;  ///< only compared, so any address will do
+    void* const m_controller;
 };
 
 /// Sends a map over when one has come; one end on each thread.
@@ -124,8 +127,8 @@ int main(int argc, char** argv) {
     registerCommandTypes();
 
     Page page;
-    Switchboard switchboard;
     bench::ScriptedCamera camera;
+    Switchboard switchboard(camera.camera());
     QObject::connect(&page, &Page::sigSendCommand, &switchboard, &Switchboard::slotSendCommand);
     QObject::connect(&switchboard, &Switchboard::sigSendCommand, &camera,
                      &bench::ScriptedCamera::slotReceiveCommand);

@@ -22,6 +22,10 @@ QJsonObject measureGet() {
     return run(QStringLiteral("bench-get"), Bus::TwoCameras);
 }
 
+QJsonObject measurePicture() {
+    return run(QStringLiteral("bench-picture"), Bus::LargePictures);
+}
+
 // clang-format off
 constexpr std::array ROWS{
     stRow{"start",                 "start to first painted window",     "empty window",            "",     1.3, measureStart},
@@ -35,6 +39,7 @@ constexpr std::array ROWS{
     stRow{"search",                "search pass, camera known",         "libusb list, descriptors", "",    1.1, measureSearch},
     stRow{"round-trip",            "request to reply, page to page",    "two queued signals",      "",     1.5, measureRoundTrip},
     stRow{"get",                   "plain get on the virtual bus",      "libusb write and read",   "",     1.1, measureGet},
+    stRow{"picture",               "16 MiB picture on the virtual bus", "same transfers by libusb",  "",     1.1, measurePicture},
 };
 // clang-format on
 

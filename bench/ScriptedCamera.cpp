@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "bench/ScriptedCamera.h"
 
-#include "protocol/ClNuboTransactions.h"
 #include "protocol/RequestDispatcher.h"
-#include "protocol/ResultCodes.h"
 
 namespace bench {
 
@@ -26,44 +24,6 @@ int ScriptedPort::write(const QByteArray& data, int /*timeoutMs*/, unsigned char
 
 QByteArray ScriptedPort::read(int /*timeoutMs*/, unsigned char /*endpoint*/, int* /*status*/) {
     return m_answer;
-}
-
-unsigned short ScriptedCamera::execNuboCommand(ClNuboCommand& command,
-                                               ClUsbController* /*controller*/, int timeoutMs) {
-    return ClNuboTransactions(m_port, m_stop).command(command, timeoutMs);
-}
-
-unsigned short ScriptedCamera::execNuboDataWrite(ClNuboCommand& /*command*/,
-                                                 ClNuboCommandDataSend& /*data*/,
-                                                 ClUsbController* /*controller*/) {
-    return USB_ERROR_OTHER;
-}
-
-unsigned short ScriptedCamera::execNuboDataRead(ClNuboCommand& /*command*/,
-                                                ClNuboCommandDataReceive& /*data*/,
-                                                ClUsbController* /*controller*/) {
-    return USB_ERROR_OTHER;
-}
-
-unsigned short ScriptedCamera::execNuboGetWifiInfo(ClUsbController* /*controller*/,
-                                                   stWifiInfo* /*info*/) {
-    return USB_ERROR_OTHER;
-}
-
-unsigned short ScriptedCamera::execNuboGetAccesspointList(ClUsbController* /*controller*/,
-                                                          QList<stAccesspointInfo>* /*list*/) {
-    return USB_ERROR_OTHER;
-}
-
-void ScriptedCamera::readRawData(ClUsbController* /*controller*/) {}
-
-void ScriptedCamera::sendMessage(const VX_CMD& message) {
-    Q_EMIT sigSendCommand(message);
-}
-
-void ScriptedCamera::sendCommunicationResult(void* controller, QUuid command,
-                                             unsigned short result) {
-    sendMessage(communicationResult(controller, command, result));
 }
 
 void ScriptedCamera::slotReceiveCommand(const VX_CMD& clCommand) {

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "protocol/ClBulkPort.h"
-#include "protocol/ClCameraAccess.h"
+#include "tests/support/PortCamera.h"
 
 #include <QObject>
 
@@ -16,38 +16,25 @@ public:
     int write(const QByteArray& data, int timeoutMs, unsigned char endpoint) override;
     QByteArray read(int timeoutMs, unsigned char endpoint, int* status) override;
 
+    [[nodiscard]] const std::atomic<bool>& stop() const { return m_stop; }
+
 private:
     QByteArray m_answer;
+    std::atomic<bool> m_stop = false;
 };
 
-/// The USB side with a scripted camera in place of libusb's: runs requests as the USB manager does.
-/// Of the transactions it knows the plain command; the rest fail.
-class ScriptedCamera : public QObject, public ClCameraAccess {
+/// The USB side with a scripted camera in place of libusb's, behind the USB manager's signals.
+class ScriptedCamera : public QObject, public PortCamera<ScriptedPort> {
     Q_OBJECT
 
 public:
-    unsigned short execNuboCommand(ClNuboCommand& command, ClUsbController* controller,
-                                   int timeoutMs) override;
-    unsigned short execNuboDataWrite(ClNuboCommand& command, ClNuboCommandDataSend& data,
-                                     ClUsbController* controller) override;
-    unsigned short execNuboDataRead(ClNuboCommand& command, ClNuboCommandDataReceive& data,
-                                    ClUsbController* controller) override;
-    unsigned short execNuboGetWifiInfo(ClUsbController* controller, stWifiInfo* info) override;
-    unsigned short execNuboGetAccesspointList(ClUsbController* controller,
-                                              QList<stAccesspointInfo>* list) override;
-    void readRawData(ClUsbController* controller) override;
-    void sendMessage(const VX_CMD& message) override;
-    void sendCommunicationResult(void* controller, QUuid command, unsigned short result) override;
+    void sendMessage(const VX_CMD& message) override { Q_EMIT sigSendCommand(message); }
 
 Q_SIGNALS:
     void sigSendCommand(const VX_CMD& clCommand);
 
 public Q_SLOTS:
     void slotReceiveCommand(const VX_CMD& clCommand);
-
-private:
-    ScriptedPort m_port;
-    std::atomic<bool> m_stop = false;
 };
 
 }  // namespace bench

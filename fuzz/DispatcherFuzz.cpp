@@ -4,16 +4,19 @@
 // that FuzzedRequest.h and FuzzedPort.h draw: first the request, then the port.
 #include "fuzz/Check.h"
 #include "fuzz/FuzzTarget.h"
-#include "fuzz/FuzzedCamera.h"
+#include "fuzz/FuzzedPort.h"
 #include "fuzz/FuzzedRequest.h"
 #include "protocol/CommandIdentifiers.h"
 #include "protocol/CommandRoutes.h"
 #include "protocol/RequestDispatcher.h"
 #include "protocol/ResultCodes.h"
+#include "tests/support/PortCamera.h"
 
 #include <algorithm>
 
 namespace {
+
+using FuzzedCamera = PortCamera<FuzzedPort>;
 
 // Refused requests and broken pictures are the daily business here: nobody wants a line for each.
 [[maybe_unused]] const QtMessageHandler DEFAULT_HANDLER =
@@ -72,11 +75,12 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     FuzzInput input(data, size);
     static char liveController;
     const VX_CMD request = fuzzedRequest(input, &liveController);
-    FuzzedCamera camera(input, &liveController);
+    FuzzedCamera camera(input);
+    camera.setCamera(&liveController);
     dispatchRequest(request, camera);
 
     const bool isRawData = getCommand(request) == USB_CMD_SEND_DATA;
-    FUZZ_CHECK(camera.rawReads() == (isRawData ? 1 : 0));
+    FUZZ_CHECK(camera.rawReads().size() == (isRawData ? 1 : 0));
     FUZZ_CHECK(camera.messages().size() == (isRawData ? 0 : 1));
     const stRoute* route = routeOf(getCommand(request));
     const bool isLive = getController(request) == static_cast<void*>(&liveController);

@@ -3,6 +3,8 @@
 
 #include "protocol/ClWireStream.h"
 
+#include <algorithm>
+
 ClNuboCommandDataReceive::ClNuboCommandDataReceive(unsigned short id, unsigned int expectedSize)
     : m_expectedSize(expectedSize) {
     m_id = id;
@@ -13,6 +15,7 @@ bool ClNuboCommandDataReceive::addData(const QByteArray& packet) {
         m_hasFirstPacket = true;
         return addDataFirst(packet);
     }
+    makeRoomFor(packet.size());
     m_data.append(packet);
     return true;
 }
@@ -28,4 +31,15 @@ bool ClNuboCommandDataReceive::addDataFirst(const QByteArray& packet) {
     reader >> m_type >> id >> totalSize;
     m_data = reader.readCounted();
     return id == m_id && totalSize == m_expectedSize;
+}
+
+void ClNuboCommandDataReceive::makeRoomFor(qsizetype count) {
+    const qsizetype needed = m_data.size() + count;
+    if (needed <= m_data.capacity()) {
+        return;
+    }
+    // Doubling keeps the copying linear. The announced size is the camera's word: it may hold room
+    // back but never ask for more.
+    const auto announced = static_cast<qsizetype>(m_expectedSize);
+    m_data.reserve(std::max(needed, std::min(2 * m_data.capacity(), announced)));
 }

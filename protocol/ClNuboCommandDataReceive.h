@@ -34,6 +34,10 @@ public:
     [[nodiscard]] QByteArray getData() const override { return {}; }
 
 private:
+    /// Room for @p count more bytes: at the most twice what has arrived, and no more than announced
+    /// unless more than that arrives.
+    void makeRoomFor(qsizetype count);
+
     unsigned int m_expectedSize = 0;
     QByteArray m_data;
     bool m_hasFirstPacket = false;

@@ -6,6 +6,8 @@
 #include <functional>
 
 #include "simulator/CameraValues.h"
+#include "simulator/SettingCommands.h"
+#include "simulator/WifiCommands.h"
 
 namespace nubo::simulator {
 
@@ -13,23 +15,11 @@ namespace {
 
 constexpr int kBitsPerParameter = 32;
 
-CommandAnswer refusal(std::uint16_t id, CameraResult result) {
-    return {{plainAnswer(id, result)}};
-}
-
-CommandAnswer success(const CommandRequest& request, const Parameters& parameters = {}) {
-    return {{plainAnswer(request.id, CameraResult::Success, parameters)}};
-}
-
 std::uint32_t high(std::uint64_t value) {
     return static_cast<std::uint32_t>(value >> kBitsPerParameter);
 }
 
 std::uint32_t low(std::uint64_t value) {
-    return static_cast<std::uint32_t>(value);
-}
-
-std::uint32_t bits(std::int32_t value) {
     return static_cast<std::uint32_t>(value);
 }
 
@@ -41,33 +31,6 @@ CommandAnswer tellSdCard(const CommandRequest& request, CameraState& state) {
     const SdCard& card = state.sdCard;
     return success(request, {high(card.total), low(card.total), high(card.used), low(card.used),
                              card.fileSystem});
-}
-
-/// The answer holds the link state; then follow a packet of the two names and one of the numbers.
-CommandAnswer tellWifi(const CommandRequest& request, CameraState& state) {
-    constexpr std::uint32_t kNotLinked = 1;
-    const WifiLink& wifi = state.settings.wifi;
-    const bool isOn = state.settings.wifiOn == kOn;
-    CommandAnswer answer = success(request, {isOn ? wifi.state : kNotLinked});
-    answer.packets.push_back(twoTextAnswer(request.id, 0, wifi.ssid, wifi.secondSsid));
-    answer.packets.push_back(plainAnswer(request.id, CameraResult::Success,
-                                         {0, wifi.channel, wifi.encryption, 0, bits(wifi.rssi)}));
-    return answer;
-}
-
-/// The answer holds the number of networks; then follow two packets for each, numbered from 1.
-CommandAnswer tellAccessPoints(const CommandRequest& request, CameraState& state) {
-    std::uint32_t number = 0;
-    CommandAnswer answer =
-        success(request, {static_cast<std::uint32_t>(state.accessPoints.size())});
-    for (const AccessPoint& point : state.accessPoints) {
-        ++number;
-        answer.packets.push_back(twoTextAnswer(request.id, number, point.ssid, ""));
-        answer.packets.push_back(
-            plainAnswer(request.id, CameraResult::Success,
-                        {number, point.channel, point.encryption, 0, bits(point.rssi)}));
-    }
-    return answer;
 }
 
 CommandAnswer restart(const CommandRequest& request, CameraState&) {
@@ -93,83 +56,6 @@ CommandAnswer resetSettings(const CommandRequest& request, CameraState& state) {
     return success(request);
 }
 
-bool isSwitch(std::uint32_t value) {
-    return value == kOff || value == kOn;
-}
-
-CommandAnswer tellInterval(const CommandRequest& request, CameraState& state) {
-    const CameraSettings& settings = state.settings;
-    return success(request,
-                   {settings.intervalUse, settings.intervalDelay, settings.intervalPeriod});
-}
-
-CommandAnswer setInterval(const CommandRequest& request, CameraState& state) {
-    constexpr std::uint32_t kThreeDays = 72 * 60 * 60;
-    const auto& [use, delay, period, fourth, fifth] = request.parameters;
-    if (!isSwitch(use) || delay > kThreeDays || period < 1 || period > kThreeDays) {
-        return refusal(request.id, CameraResult::ParameterRange);
-    }
-    state.settings.intervalUse = use;
-    state.settings.intervalDelay = delay;
-    state.settings.intervalPeriod = period;
-    return success(request);
-}
-
-CommandAnswer tellGps(const CommandRequest& request, CameraState& state) {
-    return success(request, {state.readings.gpsState, state.readings.gpsSatellites});
-}
-
-CommandAnswer tellGpsSetting(const CommandRequest& request, CameraState& state) {
-    const CameraSettings& settings = state.settings;
-    return success(request, {settings.gpsUse, settings.gpsSaveLogs, settings.gpsAdjustTime,
-                             settings.gpsLogFormat});
-}
-
-CommandAnswer setGpsSetting(const CommandRequest& request, CameraState& state) {
-    const auto& [use, saveLogs, adjustTime, logFormat, fifth] = request.parameters;
-    if (!isSwitch(use) || !isSwitch(saveLogs) || !isSwitch(adjustTime) || logFormat < 1 ||
-        logFormat > 2) {
-        return refusal(request.id, CameraResult::ParameterRange);
-    }
-    state.settings.gpsUse = use;
-    state.settings.gpsSaveLogs = saveLogs;
-    state.settings.gpsAdjustTime = adjustTime;
-    state.settings.gpsLogFormat = logFormat;
-    return success(request);
-}
-
-CommandAnswer tellTime(const CommandRequest& request, CameraState& state) {
-    const PackedTime packed = packTime(state.clock.now());
-    return success(request, {packed.date, packed.time});
-}
-
-CommandAnswer setTime(const CommandRequest& request, CameraState& state) {
-    const auto time = unpackTime({request.parameters[0], request.parameters[1]});
-    if (!time) {
-        return refusal(request.id, CameraResult::ParameterRange);
-    }
-    state.clock.set(*time);
-    return success(request);
-}
-
-CommandAnswer tellCountry(const CommandRequest& request, CameraState& state) {
-    Parameters letters{};
-    const std::string& country = state.identity.country;
-    for (std::size_t i = 0; i < std::min<std::size_t>(country.size(), 2); ++i) {
-        letters[i] = static_cast<std::uint8_t>(country[i]);
-    }
-    return success(request, letters);
-}
-
-CommandAnswer setCountry(const CommandRequest& request, CameraState& state) {
-    const std::span<const std::uint32_t> letters(request.parameters.data(), 2);
-    if (std::ranges::any_of(letters, [](auto letter) { return letter < 'A' || letter > 'Z'; })) {
-        return refusal(request.id, CameraResult::ParameterRange);
-    }
-    state.identity.country.assign(letters.begin(), letters.end());
-    return success(request);
-}
-
 /// On/off in the first parameter, kept in a setting.
 template <std::uint32_t CameraSettings::*Place>
 CommandAnswer switchSetting(const CommandRequest& request, CameraState& state) {
@@ -177,37 +63,6 @@ CommandAnswer switchSetting(const CommandRequest& request, CameraState& state) {
         return refusal(request.id, CameraResult::ParameterRange);
     }
     state.settings.*Place = request.parameters[0];
-    return success(request);
-}
-
-CommandAnswer changeWifiMode(const CommandRequest& request, CameraState& state) {
-    if (request.parameters[0] < 1 || request.parameters[0] > 2) {
-        return refusal(request.id, CameraResult::ParameterRange);
-    }
-    state.settings.wifiMode = request.parameters[0];
-    return success(request);
-}
-
-/// Links to any network: one that is not in reach may hide its name.
-CommandAnswer joinWifi(const CommandRequest& request, CameraState& state) {
-    constexpr std::size_t kLongestSsid = 32;
-    constexpr std::uint32_t kLinked = 2;
-    const auto& [ssid, key] = request.texts;
-    if (ssid.empty() || ssid.size() > kLongestSsid) {
-        return refusal(request.id, CameraResult::ParameterRange);
-    }
-    WifiLink& wifi = state.settings.wifi;
-    wifi.state = kLinked;
-    wifi.ssid = ssid;
-    wifi.secondSsid = ssid;
-    const auto point = std::ranges::find(state.accessPoints, ssid, &AccessPoint::ssid);
-    if (point != state.accessPoints.end()) {
-        wifi.channel = point->channel;
-        wifi.encryption = point->encryption;
-        wifi.rssi = point->rssi;
-    }
-    state.settings.infraSsid = ssid;
-    state.settings.infraKey = key;
     return success(request);
 }
 

@@ -2,25 +2,12 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
 #include <span>
 #include <string_view>
-#include <vector>
 
-#include "simulator/CameraState.h"
-#include "simulator/CommandRequest.h"
+#include "simulator/CommandAnswer.h"
 
 namespace nubo::simulator {
-
-/// What a camera does once its packets are sent.
-enum class Afterwards { Nothing, Restart, PowerOff };
-
-struct CommandAnswer {
-    std::vector<ByteVector> packets;
-    Afterwards afterwards = Afterwards::Nothing;
-    SharedBytes data{};  ///< follows the packets as a data phase, unless it is null
-    std::optional<std::uint32_t> imageSize{};  ///< no answer before an image of that size has come
-};
 
 /// One command that does more than telling or setting one of the CameraValues.
 struct CameraCommand {

@@ -105,8 +105,8 @@ struct CameraIdentity {
 /// What the camera measures of itself and of where it is; no command changes it.
 struct CameraReadings {
     std::uint32_t eState = kOff;
-    std::uint32_t gpsState = 1;
-    std::uint32_t gpsSatellites = 7;
+    std::string gpsInfo = "$GPGGA,070501,3541.2,N,13942.1,E,1,07";
+    std::uint32_t gpsNumber = 7;
 };
 
 using ByteVector = std::vector<std::uint8_t>;

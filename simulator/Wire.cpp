@@ -100,15 +100,16 @@ std::vector<std::uint8_t> twoTextAnswer(std::uint16_t id, std::uint32_t paramete
     return withLength(std::move(packet));
 }
 
-std::vector<std::uint8_t> textAnswer(std::uint16_t id, std::string_view text) {
+std::vector<std::uint8_t> textAnswer(std::uint16_t id, std::string_view text,
+                                     const Parameters& parameters) {
     if (text.empty()) {
-        return plainAnswer(id, CameraResult::Success);
+        return plainAnswer(id, CameraResult::Success, parameters);
     }
     constexpr std::size_t kParametersReplaced = 2;
     std::vector<std::uint8_t> packet = answerHeader(id, CameraResult::Success);
     appendText(packet, text);
     for (std::size_t i = kParametersReplaced; i < kParameterCount; ++i) {
-        appendU32(packet, 0);
+        appendU32(packet, parameters[i]);
     }
     return withLength(std::move(packet));
 }

@@ -67,9 +67,10 @@ std::vector<std::uint8_t> plainAnswer(std::uint16_t id, CameraResult result,
 std::vector<std::uint8_t> twoTextAnswer(std::uint16_t id, std::uint32_t parameter,
                                         std::string_view first, std::string_view second);
 
-/// An answer of header, one text in place of the first two parameters, and three parameters of 0.
-/// An empty text makes it a plain answer.
-std::vector<std::uint8_t> textAnswer(std::uint16_t id, std::string_view text);
+/// An answer of header, one text in place of the first two parameters, and the other three. An
+/// empty text makes it a plain answer.
+std::vector<std::uint8_t> textAnswer(std::uint16_t id, std::string_view text,
+                                     const Parameters& parameters = {});
 
 /// True for a packet whose head says that it carries `type`.
 bool isOfType(std::span<const std::uint8_t> packet, PacketType type);

@@ -31,7 +31,13 @@ VX_CMD deviceMessage(const QUuid& command, ClUsbController* controller) {
 ClUsbManager::ClUsbManager(QObject* parent) : QThread(parent) {
     // Timers must be dropped on the thread they live on, while it still runs.
     connect(
-        this, &QThread::finished, this, [this] { m_connectWaitTimers.clear(); },
+        this, &QThread::finished, this,
+        [this] {
+            if (m_isInitialized) {
+                const QMutexLocker lock(&m_mutex);
+                m_connectWaitTimers.clear();
+            }
+        },
         Qt::DirectConnection);
     start();
     moveToThread(this);
@@ -58,9 +64,8 @@ int ClUsbManager::initialize(const QList<stVendorProduct>& list) {
     // libusb would repeat the reason on the terminal at each attempt; reportOpening() says it once.
     libusb_set_option(context, LIBUSB_OPTION_LOG_LEVEL, LIBUSB_LOG_LEVEL_NONE);
     m_vendorProductList = list;
+    searchBus();
     m_isInitialized = true;
-
-    openDevice();
 
     m_searchTimer = std::make_unique<QTimer>();
     connect(m_searchTimer.get(), &QTimer::timeout, this, &ClUsbManager::slotDeviceSearch);
@@ -81,9 +86,10 @@ void ClUsbManager::slotDeviceSearch() {
 }
 
 int ClUsbManager::openDevice() {
-    if (!m_isInitialized) {
-        return 0;
-    }
+    return m_isInitialized ? searchBus() : 0;
+}
+
+int ClUsbManager::searchBus() {
     LibusbDeviceList found(m_context.get());
     if (found.devices().empty()) {
         m_deviceList = {};
@@ -111,6 +117,7 @@ int ClUsbManager::openDevice() {
 }
 
 void ClUsbManager::closeDevice() {
+    const QMutexLocker lock(&m_mutex);
     m_controllerCount = 0;
     m_connectWaitTimers.clear();
     while (!m_controllerList.empty()) {

@@ -102,6 +102,7 @@ private:
     using DevicePlace = std::pair<int, int>;
     class LivePort;
 
+    int searchBus();  ///< as openDevice() does once initialised
     [[nodiscard]] bool isLive(const ClUsbController* controller) const;
     [[nodiscard]] bool isAccepted(libusb_device* device) const;
     void openCamera(libusb_device* device);
@@ -115,8 +116,8 @@ private:
 
     LibusbContext m_context;
     LibusbDeviceList m_deviceList;  ///< of the latest pass: keeps the controllers' devices alive
-    std::unique_ptr<QTimer> m_searchTimer;  ///< lives on the main thread
-    bool m_isInitialized = false;
+    std::unique_ptr<QTimer> m_searchTimer;      ///< lives on the main thread
+    std::atomic<bool> m_isInitialized = false;  ///< the first pass is over: the worker may search
     QList<stVendorProduct> m_vendorProductList;
     QMutex m_mutex;  ///< held by every transaction for its whole length
     std::atomic<bool> m_isTerminating = false;

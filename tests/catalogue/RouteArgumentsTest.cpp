@@ -3,7 +3,7 @@
 #include "protocol/RequestDispatcher.h"
 #include "tests/catalogue/CataloguePackets.h"
 #include "tests/catalogue/RouteMessages.h"
-#include "tests/protocol/FakeCameraAccess.h"
+#include "tests/support/FakeCameraAccess.h"
 
 #include <QDateTime>
 #include <QSize>

@@ -5,7 +5,7 @@
 #include "tests/catalogue/CataloguePackets.h"
 #include "tests/catalogue/RouteMessages.h"
 #include "tests/catalogue/RouteRows.h"
-#include "tests/protocol/FakeCameraAccess.h"
+#include "tests/support/FakeCameraAccess.h"
 
 #include <QTest>
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "protocol/CommandIdentifiers.h"
 #include "protocol/RequestDispatcher.h"
-#include "tests/protocol/FakeCameraAccess.h"
 #include "tests/protocol/WirePackets.h"
+#include "tests/support/FakeCameraAccess.h"
 
 #include <QRegularExpression>
 #include <QTest>

@@ -8,7 +8,9 @@
 #include <chrono>
 #include <future>
 
+#include "simulator/VirtualCamera.h"
 #include "tests/simulator/BusBench.h"
+#include "tests/simulator/CameraTalk.h"
 
 namespace nubo::simulator {
 
@@ -18,6 +20,12 @@ using namespace std::chrono_literals;
 using Bytes = ScriptedDevice::Bytes;
 
 constexpr auto kPatience = BusBench::kPatience;
+
+/// Tells a camera something in hexadecimal, without fetching its answer.
+bool order(const UsbHandle& handle, const QByteArray& hex) {
+    const QByteArray raw = QByteArray::fromHex(hex);
+    return bulkOut(handle, Bytes(raw.begin(), raw.end())) == 0;
+}
 
 }  // namespace
 
@@ -41,6 +49,8 @@ private Q_SLOTS:
     void twoDevicesKeepApart();
     void restartingDeviceComesBackUnderANewNumber();
     void unplugDuringRestartIsFinal();
+    void aCameraToldToRestartComesBackUnderANewNumber();
+    void aCameraToldToPowerOffLeavesAndStaysAway();
     void unknownDeviceIsLeftAlone();
 
 private:
@@ -192,6 +202,48 @@ void BusPluggingTest::unplugDuringRestartIsFinal() {
     QVERIFY(m_bench->bus.waitForPlugged(id, false, kPatience));
     m_bench->bus.unplug(id);
     QVERIFY(!m_bench->bus.waitForPlugged(id, true, 200ms));
+}
+
+void BusPluggingTest::aCameraToldToRestartComesBackUnderANewNumber() {
+    DeviceOptions options;
+    options.restartDelay = 30ms;
+    const DeviceId id = m_bench->bus.plug(std::make_shared<VirtualCamera>(), options);
+    const auto number = m_bench->bus.deviceNumber(id);
+    const UsbHandle handle = m_bench->openClaimed(id);
+    QVERIFY(handle);
+    QVERIFY(order(handle, command("0268")));
+    // It stays until the host knows that it has understood.
+    QCOMPARE(m_bench->bus.deviceNumber(id), number);
+    QCOMPARE(bulkIn(handle, 1024).bytes.size(), 32U);
+    const auto pluggedTwice = [](const DeviceLog& log) { return log.timesPlugged == 2; };
+    QVERIFY(m_bench->bus.waitForLog(id, pluggedTwice, kPatience));
+    QVERIFY(m_bench->bus.waitForPlugged(id, true, kPatience));
+    QVERIFY(m_bench->bus.deviceNumber(id) != number);
+    QVERIFY(!order(handle, command("3750")));
+
+    const UsbHandle again = m_bench->openClaimed(id);
+    QVERIFY(again);
+    QVERIFY(order(again, command("3750")));
+    QCOMPARE(bulkIn(again, 1024).bytes.size(), 32U);
+}
+
+void BusPluggingTest::aCameraToldToPowerOffLeavesAndStaysAway() {
+    DeviceOptions options;
+    options.restartDelay = 10ms;
+    const DeviceId id = m_bench->bus.plug(std::make_shared<VirtualCamera>(), options);
+    const UsbHandle handle = m_bench->openClaimed(id);
+    QVERIFY(handle);
+    QVERIFY(order(handle, command("0168")));
+    QVERIFY(m_bench->bus.deviceNumber(id).has_value());
+    QCOMPARE(bulkIn(handle, 1024).bytes.size(), 32U);
+    QVERIFY(m_bench->bus.waitForPlugged(id, false, kPatience));
+    QVERIFY(m_bench->deviceCountBecomes(0));
+    QVERIFY(!order(handle, command("3750")));
+    QVERIFY(!m_bench->bus.waitForPlugged(id, true, 200ms));
+    QCOMPARE(m_bench->bus.log(id).timesPlugged, 1);
+    // Its button brings it back.
+    QVERIFY(m_bench->bus.replug(id));
+    QVERIFY(m_bench->openClaimed(id));
 }
 
 void BusPluggingTest::unknownDeviceIsLeftAlone() {

@@ -8,39 +8,12 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include "tests/simulator/SimulatorRun.h"
+
 using namespace Qt::StringLiterals;
 
-namespace {
-
-constexpr int kPatience = 20000;
-
-QString program() {
-    return QStringLiteral(SIMULATOR_PROGRAM);
-}
-
-QStringList shell(const QString& line) {
-    return {u"--"_s, u"sh"_s, u"-c"_s, line};
-}
-
-/// What a run of the simulator has left behind.
-struct Run {
-    int exitCode = -1;
-    QByteArray output{};
-    QByteArray errors{};
-};
-
-Run runSimulator(const QStringList& arguments) {
-    QProcess process;
-    process.start(program(), arguments);
-    if (!process.waitForFinished(kPatience)) {
-        return {};
-    }
-    return {process.exitCode(), process.readAllStandardOutput(), process.readAllStandardError()};
-}
-
-}  // namespace
-
-/// Runs the program as a user does. Its command is a probe that asks the cameras by libusb.
+/// Plays cable and camera while the program runs. Its command is a probe that asks the cameras by
+/// libusb.
 class CameraSimulatorTest : public QObject {
     Q_OBJECT
 
@@ -48,11 +21,6 @@ private Q_SLOTS:
     void init();
     void cleanup();
 
-    void helpNamesEveryOptionLineItemAndFault();
-    void wrongArgumentIsAOneLineError_data();
-    void wrongArgumentIsAOneLineError();
-    void exitCodeIsThatOfTheCommand_data();
-    void exitCodeIsThatOfTheCommand();
     void commandSeesTheCameras_data();
     void commandSeesTheCameras();
     void linesAreAnswered_data();
@@ -67,11 +35,8 @@ private Q_SLOTS:
     void lineWithoutEndIsAnswered();
     void endlessLineIsRefused();
     void scriptRunsInOrderAndReports();
-    void missingScriptIsAnError();
     void typedLinesAreAnsweredOnTheTerminal();
     void leftOverSocketIsReplacedAndOtherFilesAreKept();
-    void askedToEndItEndsItsCommandFirst_data();
-    void askedToEndItEndsItsCommandFirst();
 
 private:
     void start(const QStringList& options = {});
@@ -125,76 +90,6 @@ QByteArray CameraSimulatorTest::probe(const QByteArray& line) {
     while (!m_process->canReadLine() && m_process->waitForReadyRead(kPatience)) {
     }
     return m_process->readLine().trimmed();
-}
-
-void CameraSimulatorTest::helpNamesEveryOptionLineItemAndFault() {
-    const Run run = runSimulator({u"--help"_s});
-    QCOMPARE(run.exitCode, 0);
-    QCOMPARE(run.errors, QByteArray());
-    for (const char* const word : {"--cameras N",
-                                   "--unplugged",
-                                   "--control PATH",
-                                   "--script FILE",
-                                   "--restart-delay MS",
-                                   "plug [K]",
-                                   "unplug [K]",
-                                   "set ITEM VALUE",
-                                   "get ITEM",
-                                   "fault KIND",
-                                   "clear-faults",
-                                   "status",
-                                   "help",
-                                   "wait MS",
-                                   "battery",
-                                   "wifi-ssid",
-                                   "sd-filesystem",
-                                   "timeout",
-                                   "camera-error ARG",
-                                   "unplug-before"}) {
-        QVERIFY2(run.output.contains(word), word);
-    }
-}
-
-void CameraSimulatorTest::wrongArgumentIsAOneLineError_data() {
-    QTest::addColumn<QStringList>("arguments");
-    QTest::newRow("nothing") << QStringList();
-    QTest::newRow("no command") << QStringList{u"--cameras"_s, u"1"_s, u"--"_s};
-    QTest::newRow("unknown option") << QStringList{u"--camera"_s, u"--"_s, u"true"_s};
-    QTest::newRow("no number") << QStringList{u"--cameras"_s, u"many"_s, u"--"_s, u"true"_s};
-    QTest::newRow("no camera") << QStringList{u"--cameras"_s, u"0"_s, u"--"_s, u"true"_s};
-    QTest::newRow("value missing") << QStringList{u"--control"_s};
-    QTest::newRow("value empty") << QStringList{u"--script"_s, QString(), u"--"_s, u"true"_s};
-    QTest::newRow("negative delay")
-        << QStringList{u"--restart-delay"_s, u"-1"_s, u"--"_s, u"true"_s};
-    QTest::newRow("socket path too long")
-        << QStringList{u"--control"_s, QString(200, u'x'), u"--"_s, u"true"_s};
-    QTest::newRow("socket in no folder")
-        << QStringList{u"--control"_s, u"/nowhere/at/all"_s, u"--"_s, u"true"_s};
-}
-
-void CameraSimulatorTest::wrongArgumentIsAOneLineError() {
-    QFETCH(QStringList, arguments);
-    const Run run = runSimulator(arguments);
-    QCOMPARE(run.exitCode, 2);
-    QCOMPARE(run.output, QByteArray());
-    QVERIFY2(run.errors.startsWith("nubo-camera-simulator: "), run.errors.constData());
-    QCOMPARE(run.errors.count('\n'), 1);
-}
-
-void CameraSimulatorTest::exitCodeIsThatOfTheCommand_data() {
-    QTest::addColumn<QStringList>("command");
-    QTest::addColumn<int>("exitCode");
-    QTest::newRow("success") << shell(u"exit 0"_s) << 0;
-    QTest::newRow("failure") << shell(u"exit 42"_s) << 42;
-    QTest::newRow("without dashes") << QStringList{u"false"_s} << 1;
-    QTest::newRow("killed") << shell(u"kill -9 $$"_s) << 128 + SIGKILL;
-    QTest::newRow("not there") << QStringList{u"--"_s, u"/no/such/program"_s} << 127;
-}
-
-void CameraSimulatorTest::exitCodeIsThatOfTheCommand() {
-    QFETCH(QStringList, command);
-    QFETCH(int, exitCode);
-    QCOMPARE(runSimulator(command).exitCode, exitCode);
 }
 
 void CameraSimulatorTest::commandSeesTheCameras_data() {
@@ -319,7 +214,8 @@ void CameraSimulatorTest::camerasAreNamedByNumber() {
 void CameraSimulatorTest::statusTellsWhatHappened() {
     start({u"--cameras"_s, u"2"_s});
     QCOMPARE(control("unplug 2"), QByteArray("ok"));
-    QCOMPARE(probe("battery"), QByteArray("85"));
+    // The probe may still see the camera that has just gone. Each success counts as a transfer.
+    QVERIFY(QTest::qWaitFor([&] { return probe("battery") == "85"; }, kPatience));
     const QByteArray expected =
         "ok camera 1: device 2, open 0, transfers 2, commands 1; "
         "camera 2: unplugged, open 0, transfers 0, commands 0";
@@ -373,12 +269,6 @@ void CameraSimulatorTest::scriptRunsInOrderAndReports() {
                  ":6: error: no number of milliseconds: \"soon\"\n" + where + ":7: ok\n");
 }
 
-void CameraSimulatorTest::missingScriptIsAnError() {
-    const Run run = runSimulator({u"--script"_s, path(u"nothing"_s), u"--"_s, u"true"_s});
-    QCOMPARE(run.exitCode, 2);
-    QVERIFY(run.errors.contains("No such file"));
-}
-
 void CameraSimulatorTest::typedLinesAreAnsweredOnTheTerminal() {
     m_process->start(program(), {u"--interactive"_s, u"--"_s, u"sleep"_s, u"60"_s});
     QCOMPARE(probe("get battery"), QByteArray("ok 85"));
@@ -404,26 +294,6 @@ void CameraSimulatorTest::leftOverSocketIsReplacedAndOtherFilesAreKept() {
     m_control = std::make_unique<QLocalSocket>();
     start();
     QCOMPARE(control("get battery"), QByteArray("ok 85"));
-}
-
-void CameraSimulatorTest::askedToEndItEndsItsCommandFirst_data() {
-    QTest::addColumn<int>("signal");
-    QTest::newRow("SIGTERM") << SIGTERM;
-    QTest::newRow("SIGINT") << SIGINT;
-    QTest::newRow("SIGHUP") << SIGHUP;
-}
-
-void CameraSimulatorTest::askedToEndItEndsItsCommandFirst() {
-    QFETCH(int, signal);
-    m_process->start(program(),
-                     shell(u"trap 'echo ended; exit 7' TERM; echo ready; while :; do sleep 0.01; "
-                           "done"_s));
-    QTRY_VERIFY_WITH_TIMEOUT(m_process->canReadLine(), kPatience);
-    QCOMPARE(m_process->readLine(), QByteArray("ready\n"));
-    ::kill(static_cast<pid_t>(m_process->processId()), signal);
-    QVERIFY(m_process->waitForFinished(kPatience));
-    QCOMPARE(m_process->exitCode(), 7);
-    QCOMPARE(m_process->readAllStandardOutput(), QByteArray("ended\n"));
 }
 
 QTEST_GUILESS_MAIN(CameraSimulatorTest)

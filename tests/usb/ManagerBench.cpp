@@ -39,11 +39,7 @@ int ManagerBench::start() const {
 }
 
 int ManagerBench::search() const {
-    int result = -1;
-    QMetaObject::invokeMethod(
-        manager.get(), [this] { return manager->openDevice(); }, Qt::BlockingQueuedConnection,
-        &result);
-    return result;
+    return runOnWorker([this] { return manager->openDevice(); });
 }
 
 bool ManagerBench::waitForHandles(DeviceId id, int handles) const {

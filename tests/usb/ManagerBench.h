@@ -3,9 +3,11 @@
 
 #include "simulator/VirtualCamera.h"
 #include "simulator/VirtualUsbBus.h"
+#include "tests/usb/ThreadTask.h"
 #include "tests/usb/UserInterface.h"
 #include "usb/ClUsbManager.h"
 
+#include <future>
 #include <map>
 #include <memory>
 
@@ -33,6 +35,16 @@ struct ManagerBench {
     nubo::simulator::DeviceId plugHub();
     /// Initialises the manager with the camera's identity, on this thread.
     [[nodiscard]] int start() const;
+    /// Runs @p work on the manager's thread, waits for its end and returns what it returns.
+    template <class Work>
+    auto runOnWorker(Work work) const {
+        // Shared: it may still be ending there when its result is here.
+        const auto task =
+            std::make_shared<std::packaged_task<std::invoke_result_t<Work&>()>>(std::move(work));
+        auto result = task->get_future();
+        ThreadTask::start(*manager, [task] { (*task)(); });
+        return result.get();
+    }
     /// Runs one search pass on the manager's thread and waits for its end.
     int search() const;
     /// Waits until the device's node is open @p handles times. The search goes on meanwhile.

@@ -120,6 +120,8 @@ void TransactionsOnBusTest::valuesTravelFromTheCamera_data() {
     QTest::newRow("SD card") << USB_REQ_NUBO_CMD_GET_SDINFO
                              << QStringList{QStringLiteral("5000000001"),
                                             QStringLiteral("4294967296"), QStringLiteral("3")};
+    QTest::newRow("GPS information") << USB_REQ_NUBO_CMD_GET_GPSINFO
+                                     << QStringList{QStringLiteral("$GPGGA"), QStringLiteral("9")};
     QTest::newRow("Wi-Fi information")
         << USB_REQ_NUBO_CMD_GET_WIFI_INFO
         << QStringList{QStringLiteral("3"),  QStringLiteral("first"), QStringLiteral("second"),
@@ -132,6 +134,7 @@ void TransactionsOnBusTest::valuesTravelFromTheCamera() {
     state.sdCard.total = 5'000'000'001;
     state.sdCard.used = 4'294'967'296;
     state.settings.wifi = {3, "first", "second", 11, 2, -5};
+    state.readings = {.gpsInfo = "$GPGGA", .gpsNumber = 9};
     m_state->setState(state);
     QFETCH(const QUuid, request);
     const VX_CMD answer = m_bench.ui.ask(request, m_controller);

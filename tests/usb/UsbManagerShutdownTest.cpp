@@ -94,8 +94,7 @@ void UsbManagerShutdownTest::requestsThatStillWaitAreDropped() {
     bench.bus.addFault(camera, {.kind = FaultKind::Timeout, .unit = FaultUnit::Command});
     // Requests that have come while the thread was busy are delivered together.
     QSemaphore busy;
-    QMetaObject::invokeMethod(
-        bench.manager.get(), [&] { busy.acquire(); }, Qt::QueuedConnection);
+    ThreadTask::start(*bench.manager, [&] { busy.acquire(); });
     for (int i = 0; i < 5; ++i) {
         bench.ui.send(USB_NUBO_CMD_FORMAT_SD, bench.ui.opened().first());
     }
@@ -117,7 +116,7 @@ void UsbManagerShutdownTest::aManagerEndsInTheMiddleOfItsSearch() {
         bench.manager = std::make_unique<ClUsbManager>();
         QCOMPARE(bench.start(), 0);
         for (int pass = 0; pass < round; ++pass) {
-            QMetaObject::invokeMethod(bench.manager.get(), &ClUsbManager::slotDeviceSearch,
+            QMetaObject::invokeMethod(bench.manager.get(), "slotDeviceSearch",
                                       Qt::QueuedConnection);
         }
         const qint64 before = bench.ui.now();

@@ -133,8 +133,7 @@ void UsbManagerTest::closingTheDevicesEndsTheirWait() {
     const DeviceId camera = bench.plugCamera();
     QCOMPARE(bench.start(), 0);
     bench.bus.setBusyInterfaces(camera, {0});
-    QMetaObject::invokeMethod(
-        bench.manager.get(), [&] { bench.manager->closeDevice(); }, Qt::BlockingQueuedConnection);
+    bench.runOnWorker([&] { bench.manager->closeDevice(); });
     QVERIFY(!bench.manager->canCommunication());
     QVERIFY(bench.waitForHandles(camera, 0));
 

@@ -129,21 +129,18 @@ void UsbManagerUnplugTest::aRequestForACameraThatHasGoneFails() {
 void UsbManagerUnplugTest::everyTransactionOnACameraThatHasGoneFails() {
     ClUsbController* const gone = m_controllers.at(0);
     ClUsbManager& manager = *m_bench.manager;
-    QMetaObject::invokeMethod(
-        &manager,
-        [&] {
-            ClNuboCommandGetBatteryState command;
-            ClNuboCommandDataSend image(1, "image");
-            ClNuboCommandDataReceive picture;
-            stWifiInfo info;
-            AccesspointList list;
-            QCOMPARE(manager.execNuboCommand(command, gone, 1000), 0xEF00);
-            QCOMPARE(manager.execNuboDataWrite(command, image, gone), 0xEF00);
-            QCOMPARE(manager.execNuboDataRead(command, picture, gone), 0xEF00);
-            QCOMPARE(manager.execNuboGetWifiInfo(gone, &info), 0xEF01);
-            QCOMPARE(manager.execNuboGetAccesspointList(gone, &list), 0xEF01);
-        },
-        Qt::BlockingQueuedConnection);
+    m_bench.runOnWorker([&] {
+        ClNuboCommandGetBatteryState command;
+        ClNuboCommandDataSend image(1, "image");
+        ClNuboCommandDataReceive picture;
+        stWifiInfo info;
+        AccesspointList list;
+        QCOMPARE(manager.execNuboCommand(command, gone, 1000), 0xEF00);
+        QCOMPARE(manager.execNuboDataWrite(command, image, gone), 0xEF00);
+        QCOMPARE(manager.execNuboDataRead(command, picture, gone), 0xEF00);
+        QCOMPARE(manager.execNuboGetWifiInfo(gone, &info), 0xEF01);
+        QCOMPARE(manager.execNuboGetAccesspointList(gone, &list), 0xEF01);
+    });
 }
 
 void UsbManagerUnplugTest::everyCameraWorksWhenItIsBack() {
@@ -165,14 +162,11 @@ void UsbManagerUnplugTest::everyCameraWorksWhenItIsBack() {
 void UsbManagerUnplugTest::aTransactionWithoutPlaceForItsResultFails() {
     ClUsbController* const camera = m_controllers.begin()->second;
     ClUsbManager& manager = *m_bench.manager;
-    QMetaObject::invokeMethod(
-        &manager,
-        [&] {
-            QVERIFY(manager.canCommunication());
-            QCOMPARE(manager.execNuboGetWifiInfo(camera, nullptr), 0xEF01);
-            QCOMPARE(manager.execNuboGetAccesspointList(camera, nullptr), 0xEF01);
-        },
-        Qt::BlockingQueuedConnection);
+    m_bench.runOnWorker([&] {
+        QVERIFY(manager.canCommunication());
+        QCOMPARE(manager.execNuboGetWifiInfo(camera, nullptr), 0xEF01);
+        QCOMPARE(manager.execNuboGetAccesspointList(camera, nullptr), 0xEF01);
+    });
 }
 
 QTEST_GUILESS_MAIN(UsbManagerUnplugTest)

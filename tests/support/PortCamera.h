@@ -4,18 +4,26 @@
 #include "protocol/ClCameraAccess.h"
 #include "protocol/ClNuboTransactions.h"
 #include "protocol/ResultCodes.h"
-#include "tests/support/ScriptedPort.h"
 
 #include <QList>
 
-/// The USB side with one live camera, which talks as scripted. Messages are collected.
-class FakeCameraAccess : public ClCameraAccess {
+#include <utility>
+
+/// The USB side with one live camera behind a bulk port: runs requests as the USB manager does, on
+/// the thread that calls. Messages are collected.
+///
+/// @tparam Port a ClBulkPort whose stop() is the stop flag of the transactions
+template <class Port>
+class PortCamera : public ClCameraAccess {
 public:
-    explicit FakeCameraAccess(const Script& script) : m_port(script) {}
+    /// Makes the port of @p arguments.
+    template <class... Arguments>
+    explicit PortCamera(Arguments&&... arguments) : m_port(std::forward<Arguments>(arguments)...) {}
 
     /// The live camera, as requests name it: only the address counts, nobody looks behind it.
-    [[nodiscard]] void* camera() { return &m_port; }
-    [[nodiscard]] const ScriptedPort& port() const { return m_port; }
+    [[nodiscard]] void* camera() { return m_camera; }
+    void setCamera(void* camera) { m_camera = camera; }
+    [[nodiscard]] const Port& port() const { return m_port; }
     [[nodiscard]] const QList<VX_CMD>& messages() const { return m_messages; }
     /// The controllers that raw data was asked of.
     [[nodiscard]] const QList<void*>& rawReads() const { return m_rawReads; }
@@ -42,13 +50,14 @@ public:
     void readRawData(ClUsbController* controller) override { m_rawReads.append(controller); }
     void sendMessage(const VX_CMD& message) override { m_messages.append(message); }
     void sendCommunicationResult(void* controller, QUuid command, unsigned short result) override {
-        m_messages.append(communicationResult(controller, command, result));
+        sendMessage(communicationResult(controller, command, result));
     }
 
 private:
-    [[nodiscard]] bool isLive(const void* controller) const { return controller == &m_port; }
+    [[nodiscard]] bool isLive(const void* controller) const { return controller == m_camera; }
 
-    ScriptedPort m_port;
+    Port m_port;
+    void* m_camera = &m_port;
     ClNuboTransactions m_transactions{m_port, m_port.stop()};
     QList<VX_CMD> m_messages;
     QList<void*> m_rawReads;

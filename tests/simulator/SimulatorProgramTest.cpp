@@ -1,0 +1,124 @@
+// SPDX-License-Identifier: MIT
+#include <signal.h>
+
+#include <QProcess>
+#include <QTest>
+
+#include "tests/simulator/SimulatorRun.h"
+
+using namespace Qt::StringLiterals;
+
+/// The program as its command line shows it: help, errors, and how it starts and ends its command.
+class SimulatorProgramTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void helpNamesEveryOptionLineItemAndFault();
+    void wrongArgumentIsAOneLineError_data();
+    void wrongArgumentIsAOneLineError();
+    void exitCodeIsThatOfTheCommand_data();
+    void exitCodeIsThatOfTheCommand();
+    void missingScriptIsAnError();
+    void askedToEndItEndsItsCommandFirst_data();
+    void askedToEndItEndsItsCommandFirst();
+};
+
+void SimulatorProgramTest::helpNamesEveryOptionLineItemAndFault() {
+    const Run run = runSimulator({u"--help"_s});
+    QCOMPARE(run.exitCode, 0);
+    QCOMPARE(run.errors, QByteArray());
+    for (const char* const word : {"--cameras N",
+                                   "--unplugged",
+                                   "--control PATH",
+                                   "--script FILE",
+                                   "--restart-delay MS",
+                                   "plug [K]",
+                                   "unplug [K]",
+                                   "set ITEM VALUE",
+                                   "get ITEM",
+                                   "fault KIND",
+                                   "clear-faults",
+                                   "status",
+                                   "help",
+                                   "wait MS",
+                                   "battery",
+                                   "wifi-ssid",
+                                   "sd-filesystem",
+                                   "timeout",
+                                   "camera-error ARG",
+                                   "unplug-before"}) {
+        QVERIFY2(run.output.contains(word), word);
+    }
+}
+
+void SimulatorProgramTest::wrongArgumentIsAOneLineError_data() {
+    QTest::addColumn<QStringList>("arguments");
+    QTest::newRow("nothing") << QStringList();
+    QTest::newRow("no command") << QStringList{u"--cameras"_s, u"1"_s, u"--"_s};
+    QTest::newRow("unknown option") << QStringList{u"--camera"_s, u"--"_s, u"true"_s};
+    QTest::newRow("no number") << QStringList{u"--cameras"_s, u"many"_s, u"--"_s, u"true"_s};
+    QTest::newRow("no camera") << QStringList{u"--cameras"_s, u"0"_s, u"--"_s, u"true"_s};
+    QTest::newRow("value missing") << QStringList{u"--control"_s};
+    QTest::newRow("value empty") << QStringList{u"--script"_s, QString(), u"--"_s, u"true"_s};
+    QTest::newRow("negative delay")
+        << QStringList{u"--restart-delay"_s, u"-1"_s, u"--"_s, u"true"_s};
+    QTest::newRow("socket path too long")
+        << QStringList{u"--control"_s, QString(200, u'x'), u"--"_s, u"true"_s};
+    QTest::newRow("socket in no folder")
+        << QStringList{u"--control"_s, u"/nowhere/at/all"_s, u"--"_s, u"true"_s};
+}
+
+void SimulatorProgramTest::wrongArgumentIsAOneLineError() {
+    QFETCH(QStringList, arguments);
+    const Run run = runSimulator(arguments);
+    QCOMPARE(run.exitCode, 2);
+    QCOMPARE(run.output, QByteArray());
+    QVERIFY2(run.errors.startsWith("nubo-camera-simulator: "), run.errors.constData());
+    QCOMPARE(run.errors.count('\n'), 1);
+}
+
+void SimulatorProgramTest::exitCodeIsThatOfTheCommand_data() {
+    QTest::addColumn<QStringList>("command");
+    QTest::addColumn<int>("exitCode");
+    QTest::newRow("success") << shell(u"exit 0"_s) << 0;
+    QTest::newRow("failure") << shell(u"exit 42"_s) << 42;
+    QTest::newRow("without dashes") << QStringList{u"false"_s} << 1;
+    QTest::newRow("killed") << shell(u"kill -9 $$"_s) << 128 + SIGKILL;
+    QTest::newRow("not there") << QStringList{u"--"_s, u"/no/such/program"_s} << 127;
+}
+
+void SimulatorProgramTest::exitCodeIsThatOfTheCommand() {
+    QFETCH(QStringList, command);
+    QFETCH(int, exitCode);
+    QCOMPARE(runSimulator(command).exitCode, exitCode);
+}
+
+void SimulatorProgramTest::missingScriptIsAnError() {
+    const Run run = runSimulator({u"--script"_s, u"/nowhere/script"_s, u"--"_s, u"true"_s});
+    QCOMPARE(run.exitCode, 2);
+    QVERIFY(run.errors.contains("No such file"));
+}
+
+void SimulatorProgramTest::askedToEndItEndsItsCommandFirst_data() {
+    QTest::addColumn<int>("signal");
+    QTest::newRow("SIGTERM") << SIGTERM;
+    QTest::newRow("SIGINT") << SIGINT;
+    QTest::newRow("SIGHUP") << SIGHUP;
+}
+
+void SimulatorProgramTest::askedToEndItEndsItsCommandFirst() {
+    QFETCH(int, signal);
+    QProcess process;
+    process.start(program(),
+                  shell(u"trap 'echo ended; exit 7' TERM; echo ready; while :; do sleep 0.01; "
+                        "done"_s));
+    QTRY_VERIFY_WITH_TIMEOUT(process.canReadLine(), kPatience);
+    QCOMPARE(process.readLine(), QByteArray("ready\n"));
+    ::kill(static_cast<pid_t>(process.processId()), signal);
+    QVERIFY(process.waitForFinished(kPatience));
+    QCOMPARE(process.exitCode(), 7);
+    QCOMPARE(process.readAllStandardOutput(), QByteArray("ended\n"));
+}
+
+QTEST_GUILESS_MAIN(SimulatorProgramTest)
+#include "SimulatorProgramTest.moc"

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QProcess>
+#include <QStringList>
+
+inline constexpr int kPatience = 20000;  ///< milliseconds
+
+inline QString program() {
+    return QStringLiteral(SIMULATOR_PROGRAM);
+}
+
+inline QStringList shell(const QString& line) {
+    return {QStringLiteral("--"), QStringLiteral("sh"), QStringLiteral("-c"), line};
+}
+
+/// What a run of the simulator has left behind.
+struct Run {
+    int exitCode = -1;
+    QByteArray output{};
+    QByteArray errors{};
+};
+
+inline Run runSimulator(const QStringList& arguments) {
+    QProcess process;
+    process.start(program(), arguments);
+    if (!process.waitForFinished(kPatience)) {
+        return {};
+    }
+    return {process.exitCode(), process.readAllStandardOutput(), process.readAllStandardError()};
+}
