@@ -27,6 +27,7 @@ constexpr QSize WINDOW_SIZE{600, 620};
 constexpr QPoint MODE_BAR_POSITION{0, 30};
 constexpr QRect PAGE_AREA{0, 115, 600, 505};
 constexpr QColor TEXT_COLOUR{0x2B, 0x30, 0x36};
+constexpr QColor DISABLED_TEXT_COLOUR{0x88, 0x8C, 0x91};
 constexpr QColor PAGE_COLOUR{0xEE, 0xF1, 0xF4};
 
 const QString WINDOW_PICTURE = QStringLiteral(":/img/window");
@@ -35,6 +36,7 @@ const QString WINDOW_PICTURE = QStringLiteral(":/img/window");
 QPalette surfacePalette() {
     QPalette palette;
     palette.setColor(QPalette::WindowText, TEXT_COLOUR);
+    palette.setColor(QPalette::Disabled, QPalette::WindowText, DISABLED_TEXT_COLOUR);
     palette.setColor(QPalette::Window, PAGE_COLOUR);
     return palette;
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "bench/Rows.h"
 
+#include "bench/ApListResults.h"
 #include "bench/Children.h"
 #include "bench/WindowRows.h"
 
@@ -26,6 +27,24 @@ QJsonObject measurePicture() {
     return run(QStringLiteral("bench-picture"), Bus::LargePictures);
 }
 
+/// All three come from one series of runs.
+QJsonObject apListResult(const QString& name) {
+    static const QJsonObject results = run(QStringLiteral("bench-ap-list"));
+    return results.value(name).toObject();
+}
+
+QJsonObject measureLongRows() {
+    return apListResult(LONG_ROWS);
+}
+
+QJsonObject measureMiddlingRows() {
+    return apListResult(MIDDLING_ROWS);
+}
+
+QJsonObject measureLongList() {
+    return apListResult(LONG_LIST);
+}
+
 // clang-format off
 constexpr std::array ROWS{
     stRow{"start",                 "start to first painted window",     "empty window",            "",     1.3, measureStart},
@@ -40,6 +59,9 @@ constexpr std::array ROWS{
     stRow{"round-trip",            "request to reply, page to page",    "two queued signals",      "",     1.5, measureRoundTrip},
     stRow{"get",                   "plain get on the virtual bus",      "libusb write and read",   "",     1.1, measureGet},
     stRow{"picture",               "16 MiB picture on the virtual bus", "same transfers by libusb",  "",     1.1, measurePicture},
+    stRow{"list",                  "filling 500 access points, a row",  "64 of them",              "",     1.1, measureLongRows},
+    stRow{"list-256",              "  256 access points, a row",        "64 of them",              "",     {},  measureMiddlingRows},
+    stRow{"list-whole",            "filling 500 access points",         "no yardstick; 64 of them", " ms", 150, measureLongList},
 };
 // clang-format on
 

@@ -2,6 +2,7 @@
 #include "pages/ClWidgetCameraState.h"
 
 #include "pages/ClLabelWifiState.h"
+#include "pages/PageParts.h"
 #include "protocol/CommandIdentifiers.h"
 #include "protocol/ResultCodes.h"
 #include "ui/ClLabelSepalator.h"
@@ -43,32 +44,8 @@ constexpr unsigned int NOT_LINKED = 1;
 constexpr QColor GOOD_COLOUR{26, 97, 9};
 constexpr QSize WIFI_PANEL_SIZE{600, 50};
 constexpr QSize BUTTON_MINIMUM{133, 30};
-constexpr QPoint BUTTON_ROW_TOP_RIGHT{586, 419};
-
-void addLabel(const QString& text, int x, int y, QWidget* parent) {
-    auto* label = new QLabel(text, parent);
-    label->move(x, y);
-}
-
-// The captions of a block end at one edge, against their values.
-void addRightAligned(const QString& text, int right, int y, QWidget* parent) {
-    auto* label = new QLabel(text, parent);
-    label->move(right - label->sizeHint().width(), y);
-}
-
-QLabel* addValue(int x, int y, QWidget* parent) {
-    auto* label = new QLabel(parent);
-    QFont bold = label->font();
-    bold.setWeight(QFont::Bold);
-    label->setFont(bold);
-    label->move(x, y);
-    return label;
-}
-
-void setValue(QLabel* label, const QString& text) {
-    label->setText(text);
-    label->adjustSize();
-}
+constexpr int BUTTONS_RIGHT = 586;
+constexpr int BUTTONS_Y = 419;
 
 }  // namespace
 
@@ -90,10 +67,10 @@ ClWidgetCameraState::ClWidgetCameraState(QWidget* parent)
     : ClWidgetBase(parent),
       m_battery(new ClWidgetProgress(this)),
       m_wifiState(new ClLabelWifiState(this)) {
-    addLabel(tr("Battery charge"), 35, 27, this);
+    addLabel(tr("Battery charge"), {35, 27}, this);
     m_battery->move(187, 25);
     m_battery->setMeaning(tr("Battery charge"));
-    addLabel(tr("Wi-Fi state"), 35, 94, this);
+    addLabel(tr("Wi-Fi state"), {35, 94}, this);
     m_wifiState->move(196, 89);
     buildWifiPanel();
     (new ClLabelSepalator(this))->move(0, 190);
@@ -106,23 +83,23 @@ void ClWidgetCameraState::buildWifiPanel() {
     m_wifiPanel->setFixedSize(WIFI_PANEL_SIZE);
     m_wifiPanel->move(0, 131);
     m_wifiPanel->hide();
-    addRightAligned(tr("Receiver sensitivity"), 227, 0, m_wifiPanel);
-    m_sensitivity = addValue(273, 0, m_wifiPanel);
+    addCaption(tr("Receiver sensitivity"), 227, 0, m_wifiPanel);
+    m_sensitivity = addValue({273, 0}, m_wifiPanel);
     QPalette good = m_sensitivity->palette();
     good.setColor(QPalette::WindowText, GOOD_COLOUR);
     m_sensitivity->setPalette(good);
-    addRightAligned(tr("Channel"), 227, 30, m_wifiPanel);
-    m_channel = addValue(273, 30, m_wifiPanel);
+    addCaption(tr("Channel"), 227, 30, m_wifiPanel);
+    m_channel = addValue({273, 30}, m_wifiPanel);
 }
 
 void ClWidgetCameraState::buildSdCard() {
-    addLabel(tr("SD card"), 35, 218, this);
-    addRightAligned(tr("Total capacity"), 228, 243, this);
-    m_sdTotal = addValue(275, 243, this);
-    addRightAligned(tr("Free capacity"), 228, 274, this);
-    m_sdFree = addValue(275, 274, this);
-    addRightAligned(tr("Category"), 228, 303, this);
-    m_sdFileSystem = addValue(275, 303, this);
+    addLabel(tr("SD card"), {35, 218}, this);
+    addCaption(tr("Total capacity"), 228, 243, this);
+    m_sdTotal = addValue({275, 243}, this);
+    addCaption(tr("Free capacity"), 228, 274, this);
+    m_sdFree = addValue({275, 274}, this);
+    addCaption(tr("Category"), 228, 303, this);
+    m_sdFileSystem = addValue({275, 303}, this);
 }
 
 void ClWidgetCameraState::buildButtons() {
@@ -141,7 +118,7 @@ void ClWidgetCameraState::buildButtons() {
         m_buttons.append(button);
     }
     rows->addLayout(buttons);
-    row->move(BUTTON_ROW_TOP_RIGHT - QPoint(row->sizeHint().width(), 0));
+    moveEndTo(row, BUTTONS_RIGHT, BUTTONS_Y);
 }
 
 void ClWidgetCameraState::showInit(bool isPolling) {

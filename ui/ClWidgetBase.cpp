@@ -62,9 +62,17 @@ void ClWidgetBase::stopPolling() {
 }
 
 void ClWidgetBase::showErrorMsgBox(unsigned short error) {
-    ClMessageBox box(this, tr(errorText(error)), QCoreApplication::applicationName(),
-                     QDialogButtonBox::Ok);
-    box.exec();
+    m_errors.append(error);
+    if (m_errors.size() > 1) {
+        return;
+    }
+    do {
+        ClMessageBox(this, tr(errorText(m_errors.first())), QCoreApplication::applicationName(),
+                     QDialogButtonBox::Ok)
+            .exec();
+        m_errors.removeFirst();
+    } while (!m_errors.isEmpty() && isVisible());
+    m_errors.clear();
 }
 
 void ClWidgetBase::sendUsbCommand(QUuid command, VX_CMD message) {
@@ -84,8 +92,12 @@ bool ClWidgetBase::eventFilter(QObject* /*watched*/, QEvent* event) {
 void ClWidgetBase::slotReceiveCommand(const VX_CMD& /*clCommand*/) {}
 
 void ClWidgetBase::slotPollingFired() {
-    // Behind a modal box nothing is refreshed: every failure would pile another box on top of it.
-    if (isVisible() && QApplication::activeModalWidget() == nullptr) {
+    if (isPollable()) {
         showInit(true);
     }
+}
+
+bool ClWidgetBase::isPollable() const {
+    // Behind a modal box nothing is refreshed: every failure would pile another box on top of it.
+    return isVisible() && QApplication::activeModalWidget() == nullptr;
 }

@@ -29,7 +29,8 @@ public:
     virtual void stopPolling();
 
     /// Tells the user, in a modal box, that a command failed with the 16-bit result code @p error.
-    /// Returns when the box is closed.
+    /// Returns when the box is closed. A failure that comes while this page has a box open is told
+    /// when that is closed, unless the page has been left: boxes never pile up.
     virtual void showErrorMsgBox(unsigned short error);
 
     /// Sends @p message, whose arguments the caller has filled in, as @p command from this page.
@@ -48,6 +49,11 @@ public Q_SLOTS:
     virtual void slotReceiveCommand(const VX_CMD& clCommand);
     virtual void slotPollingFired();
 
+protected:
+    /// Whether polling refreshes the page now: it is visible and no modal box is open.
+    [[nodiscard]] bool isPollable() const;
+
 private:
     QTimer m_pollingTimer;
+    QList<unsigned short> m_errors;  ///< of the box that is open, and of those to follow
 };

@@ -767,4 +767,122 @@ Set from 2000 to 2100</translation>
         <translation>Completed %1</translation>
     </message>
 </context>
+<context>
+    <name>ClWidgetNetworkSetting</name>
+    <message>
+        <source>Infrastructure</source>
+        <translation>Infrastructure</translation>
+    </message>
+    <message>
+        <source>Adhoc</source>
+        <translation>Adhoc</translation>
+    </message>
+    <message>
+        <source>Connect %1 on startup</source>
+        <translation>Connect %1 on startup</translation>
+    </message>
+    <message>
+        <source>AP of selecting</source>
+        <translation>AP of selecting</translation>
+    </message>
+    <message>
+        <source>AP search and setting</source>
+        <translation>AP search and setting</translation>
+    </message>
+    <message>
+        <source>AP manual setting</source>
+        <translation>AP manual setting</translation>
+    </message>
+    <message>
+        <source>Display list that can connect AP</source>
+        <translation>Display list that can connect AP</translation>
+    </message>
+    <message>
+        <source>Research</source>
+        <translation>Research</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>Back</translation>
+    </message>
+    <message>
+        <source>Decision</source>
+        <translation>Decision</translation>
+    </message>
+    <message>
+        <source>Input the encryption key of AP</source>
+        <translation>Input the encryption key of AP</translation>
+    </message>
+    <message>
+        <source>Show input</source>
+        <translation>Show input</translation>
+    </message>
+    <message>
+        <source>Not input key</source>
+        <translation>Not input key</translation>
+    </message>
+    <message>
+        <source>Input SSID to connect AP</source>
+        <translation>Input SSID to connect AP</translation>
+    </message>
+    <message>
+        <source>SSID</source>
+        <translation>SSID</translation>
+    </message>
+    <message>
+        <source>Set ON when use DHCP server</source>
+        <translation>Set ON when use DHCP server</translation>
+    </message>
+    <message>
+        <source>DHCP</source>
+        <translation>DHCP</translation>
+    </message>
+    <message>
+        <source>ON</source>
+        <translation>ON</translation>
+    </message>
+    <message>
+        <source>OFF</source>
+        <translation>OFF</translation>
+    </message>
+    <message>
+        <source>Set the IP Address, Subnetmask and Default Gateway</source>
+        <translation>Set the IP Address, Subnetmask and Default Gateway</translation>
+    </message>
+    <message>
+        <source>IP Address</source>
+        <translation>IP Address</translation>
+    </message>
+    <message>
+        <source>Subnetmask</source>
+        <translation>Subnetmask</translation>
+    </message>
+    <message>
+        <source>Default Gateway</source>
+        <translation>Default Gateway</translation>
+    </message>
+    <message>
+        <source>Not valid settings of network</source>
+        <translation>Not valid settings of network</translation>
+    </message>
+    <message>
+        <source>SSID of adhoc</source>
+        <translation>SSID of adhoc</translation>
+    </message>
+    <message>
+        <source>Encryption key of adhoc</source>
+        <translation>Encryption key of adhoc</translation>
+    </message>
+    <message>
+        <source>Set the IP Adderss and Subnetmask when connect by adhoc</source>
+        <translation>Set the IP Adderss and Subnetmask when connect by adhoc</translation>
+    </message>
+</context>
+<context>
+    <name>ClWidgetRssi</name>
+    <message>
+        <source>Signal strength %1</source>
+        <translation>Signal strength %1</translation>
+    </message>
+</context>
 </TS>

@@ -767,4 +767,122 @@ Set from 2000 to 2100</source>
         <translation>%1が完了しました</translation>
     </message>
 </context>
+<context>
+    <name>ClWidgetNetworkSetting</name>
+    <message>
+        <source>Infrastructure</source>
+        <translation>インフラストラクチャー</translation>
+    </message>
+    <message>
+        <source>Adhoc</source>
+        <translation>アドホック</translation>
+    </message>
+    <message>
+        <source>Connect %1 on startup</source>
+        <translation>起動時に%1で接続する</translation>
+    </message>
+    <message>
+        <source>AP of selecting</source>
+        <translation>選択中のアクセスポイント</translation>
+    </message>
+    <message>
+        <source>AP search and setting</source>
+        <translation>アクセスポイントの検索</translation>
+    </message>
+    <message>
+        <source>AP manual setting</source>
+        <translation>アクセスポイントの手動設定</translation>
+    </message>
+    <message>
+        <source>Display list that can connect AP</source>
+        <translation>接続できるアクセスポイントの一覧</translation>
+    </message>
+    <message>
+        <source>Research</source>
+        <translation>再検索</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>戻る</translation>
+    </message>
+    <message>
+        <source>Decision</source>
+        <translation>決定</translation>
+    </message>
+    <message>
+        <source>Input the encryption key of AP</source>
+        <translation>アクセスポイントの暗号化キーを入力</translation>
+    </message>
+    <message>
+        <source>Show input</source>
+        <translation>入力した文字を表示する</translation>
+    </message>
+    <message>
+        <source>Not input key</source>
+        <translation>暗号化キーが入力されていません</translation>
+    </message>
+    <message>
+        <source>Input SSID to connect AP</source>
+        <translation>接続するアクセスポイントの SSID を入力してください</translation>
+    </message>
+    <message>
+        <source>SSID</source>
+        <translation>SSID</translation>
+    </message>
+    <message>
+        <source>Set ON when use DHCP server</source>
+        <translation>DHCP サーバーを使う場合は ON にしてください</translation>
+    </message>
+    <message>
+        <source>DHCP</source>
+        <translation>DHCP</translation>
+    </message>
+    <message>
+        <source>ON</source>
+        <translation>ON</translation>
+    </message>
+    <message>
+        <source>OFF</source>
+        <translation>OFF</translation>
+    </message>
+    <message>
+        <source>Set the IP Address, Subnetmask and Default Gateway</source>
+        <translation>IP アドレス、サブネットマスク、デフォルトゲートウェイを設定してください</translation>
+    </message>
+    <message>
+        <source>IP Address</source>
+        <translation>IP アドレス</translation>
+    </message>
+    <message>
+        <source>Subnetmask</source>
+        <translation>サブネットマスク</translation>
+    </message>
+    <message>
+        <source>Default Gateway</source>
+        <translation>デフォルトゲートウェイ</translation>
+    </message>
+    <message>
+        <source>Not valid settings of network</source>
+        <translation>ネットワークの設定が正しくありません</translation>
+    </message>
+    <message>
+        <source>SSID of adhoc</source>
+        <translation>アドホックの SSID</translation>
+    </message>
+    <message>
+        <source>Encryption key of adhoc</source>
+        <translation>アドホックの暗号化キー</translation>
+    </message>
+    <message>
+        <source>Set the IP Adderss and Subnetmask when connect by adhoc</source>
+        <translation>アドホック接続時の IP アドレスとサブネットマスクを設定してください</translation>
+    </message>
+</context>
+<context>
+    <name>ClWidgetRssi</name>
+    <message>
+        <source>Signal strength %1</source>
+        <translation>電波の強さ %1</translation>
+    </message>
+</context>
 </TS>

@@ -25,10 +25,11 @@ public:
         std::vector<std::uint8_t> taken(packet.begin(), packet.end());
         {
             const std::lock_guard lock(m_mutex);
+            const QByteArray bytes(reinterpret_cast<const char*>(taken.data()),
+                                   static_cast<qsizetype>(taken.size()));
             const int code = readU16(packet, kCodeOffset);
-            m_commands.append({code, QByteArray(reinterpret_cast<const char*>(taken.data()),
-                                                static_cast<qsizetype>(taken.size()))
-                                         .mid(kHeaderSize)});
+            m_packets.append(bytes);
+            m_commands.append({code, bytes.mid(kHeaderSize)});
             if (m_unknownCodes.contains(code)) {
                 writeU16(taken, kCodeOffset, NO_CODE);
             }
@@ -49,8 +50,19 @@ public:
         return codes;
     }
 
+    /// The whole commands, with a transaction id of 0.
+    [[nodiscard]] QList<QByteArray> packets() const {
+        const std::lock_guard lock(m_mutex);
+        QList<QByteArray> packets = m_packets;
+        for (QByteArray& packet : packets) {
+            packet.replace(nubo::simulator::kIdOffset, sizeof(quint16), QByteArray(2, '\0'));
+        }
+        return packets;
+    }
+
     void forgetCodes() {
         const std::lock_guard lock(m_mutex);
+        m_packets.clear();
         m_commands.clear();
     }
 
@@ -64,6 +76,7 @@ private:
     static constexpr std::uint16_t NO_CODE = 0x7FFF;
 
     mutable std::mutex m_mutex;
+    QList<QByteArray> m_packets;
     QList<stReceivedCommand> m_commands;
     QList<int> m_unknownCodes;
 };

@@ -44,6 +44,7 @@ private Q_SLOTS:
     void judgesSubnetMasks();
     void judgesEveryPairOfMaskOctets_data();
     void judgesEveryPairOfMaskOctets();
+    void judgesMasksWithAnyFourOctets();
 };
 
 void Ipv4Test::judgesHostAddresses_data() {
@@ -164,6 +165,28 @@ void Ipv4Test::judgesEveryPairOfMaskOctets() {
     }
     // 0, 128 ... 254 without 240 before a zero, and 255 before each of the same and 255.
     QCOMPARE(valid, 7 + 8);
+}
+
+void Ipv4Test::judgesMasksWithAnyFourOctets() {
+    constexpr std::array OCTETS{0U,   1U,   64U,  127U, 128U, 192U, 224U,
+                                240U, 248U, 252U, 253U, 254U, 255U};
+    int valid = 0;
+    for (const unsigned int first : OCTETS) {
+        for (const unsigned int second : OCTETS) {
+            for (const unsigned int third : OCTETS) {
+                for (const unsigned int fourth : OCTETS) {
+                    const std::array octets{first, second, third, fourth};
+                    const bool expected = maskByArithmetic(octets);
+                    valid += expected ? 1 : 0;
+                    if (validSubnetmask(dotted(octets)) != expected) {
+                        QFAIL(qPrintable(dotted(octets)));
+                    }
+                }
+            }
+        }
+    }
+    // The 33 lengths of a network, without the four that end in an octet of 240.
+    QCOMPARE(valid, 33 - 4);
 }
 
 QTEST_APPLESS_MAIN(Ipv4Test)

@@ -6,20 +6,26 @@
 #include <QTimerEvent>
 
 #include <algorithm>
+#include <limits>
 
 void ManualClock::advance(std::chrono::milliseconds time) {
     const qint64 end = m_now + time.count();
-    while (true) {
-        const auto next = std::ranges::min_element(m_timers, {}, &stTimer::due);
-        if (next == m_timers.end() || next->due > end) {
-            break;
-        }
-        m_now = next->due;
-        next->due += next->interval;
-        QTimerEvent event(next->id);
-        QCoreApplication::sendEvent(next->object, &event);
+    while (fireNext(end)) {
     }
-    m_now = end;
+    // A timer that had somebody wait may have taken longer.
+    m_now = std::max(m_now, end);
+}
+
+bool ManualClock::fireNext(qint64 end) {
+    const auto next = std::ranges::min_element(m_timers, {}, &stTimer::due);
+    if (next == m_timers.end() || next->due > end) {
+        return false;
+    }
+    m_now = next->due;
+    next->due += next->interval;
+    QTimerEvent event(next->id);
+    QCoreApplication::sendEvent(next->object, &event);
+    return true;
 }
 
 int ManualClock::runningTimers() const {
@@ -28,9 +34,10 @@ int ManualClock::runningTimers() const {
     }));
 }
 
-bool ManualClock::processEvents(QEventLoop::ProcessEventsFlags) {
+bool ManualClock::processEvents(QEventLoop::ProcessEventsFlags flags) {
     QCoreApplication::sendPostedEvents();
-    return false;
+    return flags.testFlag(QEventLoop::WaitForMoreEvents) &&
+           fireNext(std::numeric_limits<qint64>::max());
 }
 
 void ManualClock::registerSocketNotifier(QSocketNotifier*) {}

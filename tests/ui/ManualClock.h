@@ -6,9 +6,9 @@
 #include <chrono>
 #include <vector>
 
-/// An event dispatcher whose time goes on only when told: timers of seconds are tested to the
-/// millisecond and without waiting. Give it to QCoreApplication::setEventDispatcher() before the
-/// application object is made.
+/// An event dispatcher whose time goes on only when told, or when somebody waits, as a modal dialog
+/// does: timers of seconds are tested to the millisecond and without waiting. Give it to
+/// QCoreApplication::setEventDispatcher() before the application object is made.
 class ManualClock : public QAbstractEventDispatcher {
     Q_OBJECT
 
@@ -38,6 +38,9 @@ private:
         Qt::TimerType type;
         QObject* object;
     };
+
+    /// Fires the timer that is due next, unless that is after @p end.
+    bool fireNext(qint64 end);
 
     std::vector<stTimer> m_timers;
     qint64 m_now = 0;  // milliseconds

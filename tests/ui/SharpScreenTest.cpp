@@ -2,11 +2,14 @@
 #include "tests/ui/Mouse.h"
 #include "tests/ui/Painting.h"
 #include "ui/Artwork.h"
+#include "ui/ClButtonApInfo.h"
 #include "ui/ClButtonMode.h"
 #include "ui/ClButtonNetworkTab.h"
 #include "ui/ClCaptionBar.h"
 #include "ui/ClLabelSepalator.h"
 #include "ui/ClLinkCheck.h"
+#include "ui/ClWidgetEncryption.h"
+#include "ui/ClWidgetRssi.h"
 
 #include <QApplication>
 #include <QBitmap>
@@ -24,6 +27,7 @@ private Q_SLOTS:
     void paintsTheModeButtonFromDoubledPictures();
     void paintsTheTabFromDoubledPictures();
     void paintsTheCloseButtonFromDoubledPictures();
+    void paintsTheAccessPointFromDoubledPictures();
     void stretchesADoubledPicture();
     void keepsTheSizesOfLabels();
 
@@ -69,6 +73,20 @@ void SharpScreenTest::paintsTheCloseButtonFromDoubledPictures() {
     QCOMPARE(painted(*close), blankWith(*close, artwork(u":/img/close_mac1"_s, 2.0)));
     QCOMPARE(close->mask(), QRegion(artwork(u":/img/close_mac1"_s, 1.0).mask()));
     QCOMPARE(close->mask().boundingRect(), QRect(9, 4, 12, 12));
+}
+
+void SharpScreenTest::paintsTheAccessPointFromDoubledPictures() {
+    ClButtonApInfo button(u"Harbour"_s, 4, 90, &m_window);
+    button.show();
+    QCOMPARE(painted(button), blankWith(button, artwork(u":/img/ap_button"_s, 2.0)));
+
+    auto& badge = *button.findChild<ClWidgetEncryption*>();
+    QCOMPARE(badge.size(), QSize(112, 24));
+    QCOMPARE(painted(badge), blankWith(badge, artwork(u":/img/ap_encryption"_s, 2.0)));
+
+    auto& signal = *button.findChild<ClWidgetRssi*>();
+    QCOMPARE(signal.size(), QSize(36, 28));
+    QCOMPARE(painted(signal), blankWith(signal, artwork(u":/img/ap_rssi3"_s, 2.0)));
 }
 
 void SharpScreenTest::stretchesADoubledPicture() {

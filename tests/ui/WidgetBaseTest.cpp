@@ -13,6 +13,9 @@
 #include <QSignalSpy>
 #include <QTest>
 
+#include <memory>
+#include <vector>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -45,6 +48,8 @@ private Q_SLOTS:
     void looksTheErrorTextsUpInItsContext();
     void closesTheErrorBoxByKey_data();
     void closesTheErrorBoxByKey();
+    void tellsOneErrorAfterTheOther();
+    void tellsNoMoreErrorsOfAPageThatWasLeft();
 
     void takesTheMouseOfAChild();
     void leavesOtherEventsToTheChild();
@@ -177,6 +182,56 @@ void WidgetBaseTest::closesTheErrorBoxByKey() {
     const ModalAnswer answer([&](QDialog& box) { QTest::keyClick(&box, key); });
     page.showErrorMsgBox(NUBO_CMD_ERROR_BUSY);
     QVERIFY(answer.closed());
+}
+
+void WidgetBaseTest::tellsOneErrorAfterTheOther() {
+    ClWidgetBase page;
+    page.show();
+    QStringList told;
+    std::vector<std::unique_ptr<ModalAnswer>> next;
+    const auto note = [&](QDialog& box) {
+        told.append(box.findChild<QLabel*>()->text());
+        QTest::keyClick(&box, Qt::Key_Return);
+    };
+    const ModalAnswer first([&](QDialog& box) {
+        page.showErrorMsgBox(NUBO_CMD_ERROR_PARAM);
+        page.showErrorMsgBox(NUBO_CMD_ERROR_COMMAND);
+        QCOMPARE(QApplication::activeModalWidget(), &box);
+        next.push_back(std::make_unique<ModalAnswer>([&](QDialog& second) {
+            next.push_back(std::make_unique<ModalAnswer>(note));
+            note(second);
+        }));
+        note(box);
+    });
+    page.showErrorMsgBox(NUBO_CMD_ERROR_TIMEOUT);
+    QCOMPARE(told, (QStringList{u"Timeout error, please reset"_s, u"Parameter setting failed"_s,
+                                u"Command error, version up"_s}));
+
+    // The next error is one of its own.
+    const ModalAnswer answer(note);
+    page.showErrorMsgBox(NUBO_CMD_ERROR_BUSY);
+    QCOMPARE(told.size(), 4);
+}
+
+void WidgetBaseTest::tellsNoMoreErrorsOfAPageThatWasLeft() {
+    ClWidgetBase page;
+    page.show();
+    const ModalAnswer first([&](QDialog& box) {
+        page.showErrorMsgBox(NUBO_CMD_ERROR_PARAM);
+        page.hide();
+        QTest::keyClick(&box, Qt::Key_Return);
+    });
+    page.showErrorMsgBox(NUBO_CMD_ERROR_TIMEOUT);
+    QVERIFY(first.closed());
+
+    page.show();
+    QString told;
+    const ModalAnswer second([&](QDialog& box) {
+        told = box.findChild<QLabel*>()->text();
+        QTest::keyClick(&box, Qt::Key_Return);
+    });
+    page.showErrorMsgBox(NUBO_CMD_ERROR_COMMAND);
+    QCOMPARE(told, u"Command error, version up"_s);
 }
 
 void WidgetBaseTest::takesTheMouseOfAChild() {

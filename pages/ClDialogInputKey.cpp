@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: MIT
+#include "pages/ClDialogInputKey.h"
+
+#include "pages/ClWidgetNetworkSetting.h"
+#include "ui/ClMessageBox.h"
+
+#include <QCheckBox>
+#include <QCoreApplication>
+#include <QEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QRegularExpressionValidator>
+#include <QVBoxLayout>
+
+ClDialogInputKey::ClDialogInputKey(QWidget* parent, bool mustInput)
+    : ClDialogBase(parent),
+      m_key(new QLineEdit),
+      m_mustInput(mustInput) {
+    m_key->setEchoMode(QLineEdit::Password);
+    m_key->setValidator(
+        new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[0-9a-zA-Z]*")), m_key));
+    auto* prompt = new QLabel(ClWidgetNetworkSetting::tr("Input the encryption key of AP"));
+    prompt->setBuddy(m_key);
+    auto* show = new QCheckBox(ClWidgetNetworkSetting::tr("Show input"));
+    connect(show, &QCheckBox::toggled, this, &ClDialogInputKey::slotChangeShow);
+
+    auto* column = new QVBoxLayout(this);
+    column->addWidget(prompt);
+    column->addWidget(m_key);
+    column->addWidget(show);
+    addButtons();
+    if (parent != nullptr) {
+        parent->installEventFilter(this);
+    }
+}
+
+void ClDialogInputKey::setParam(const QVariantList& params) {
+    if (!params.isEmpty()) {
+        m_key->setText(params.first().toString());
+    }
+}
+
+QVariantList ClDialogInputKey::getParam() {
+    return {m_key->text()};
+}
+
+void ClDialogInputKey::accept() {
+    if (m_mustInput && m_key->text().isEmpty()) {
+        ClMessageBox(this, ClWidgetNetworkSetting::tr("Not input key"),
+                     QCoreApplication::applicationName(), QDialogButtonBox::Ok)
+            .exec();
+    } else {
+        ClDialogBase::accept();
+    }
+}
+
+bool ClDialogInputKey::eventFilter(QObject* watched, QEvent* event) {
+    // A spontaneous event comes from a window that is minimised.
+    if (watched == parent() && event->type() == QEvent::Hide && !event->spontaneous()) {
+        reject();
+    }
+    return ClDialogBase::eventFilter(watched, event);
+}
+
+void ClDialogInputKey::slotChangeShow(bool isShown) {
+    m_key->setEchoMode(isShown ? QLineEdit::Normal : QLineEdit::Password);
+}

@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: MIT
+#include "pages/ClWidgetInfrastructure.h"
+
+#include "pages/ClWidgetInfrastructureDhcp.h"
+#include "pages/ClWidgetInfrastructureManual.h"
+#include "pages/ClWidgetInfrastructureSearch.h"
+#include "pages/ClWidgetInfrastructureTop.h"
+#include "pages/InfrastructureParts.h"
+#include "pages/NetworkParts.h"
+
+#include <QStackedLayout>
+
+ClWidgetInfrastructure::ClWidgetInfrastructure(QWidget* parent)
+    : ClWidgetBase(parent),
+      m_stack(new QStackedLayout(this)) {
+    m_top = addPage<ClWidgetInfrastructureTop>();
+    addPage<ClWidgetInfrastructureSearch>();
+    addPage<ClWidgetInfrastructureManual>();
+    addPage<ClWidgetInfrastructureDhcp>();
+    connect(m_stack, &QStackedLayout::currentChanged, this,
+            &ClWidgetInfrastructure::slotChangePage);
+    connect(m_top, &ClWidgetInfrastructureTop::sigUseInfra, this,
+            &ClWidgetInfrastructure::sigUseInfra);
+    slotChangePage(INFRASTRUCTURE_TOP);
+}
+
+template <class Page>
+Page* ClWidgetInfrastructure::addPage() {
+    auto* page = new Page;
+    m_stack->addWidget(page);
+    connect(page, &Page::sigChangePage, m_stack, &QStackedLayout::setCurrentIndex);
+    return page;
+}
+
+void ClWidgetInfrastructure::showInit(bool isPolling) {
+    ClWidgetBase* page = m_relay.inner();
+    if (page != nullptr && (!isPolling || page == m_top)) {
+        page->showInit(isPolling);
+    }
+}
+
+void ClWidgetInfrastructure::setUseInfra(bool isUsed) {
+    m_top->setUseInfra(isUsed);
+}
+
+void ClWidgetInfrastructure::slotChangePage(int /*index*/) {
+    m_relay.connectTo(qobject_cast<ClWidgetBase*>(m_stack->currentWidget()));
+    showInit(false);
+}
+
+void ClWidgetInfrastructure::slotChangeTab(int index) {
+    if (index != INFRASTRUCTURE_TAB) {
+        m_stack->setCurrentIndex(INFRASTRUCTURE_TOP);
+    }
+}
+
+void ClWidgetInfrastructure::slotReceiveCommand(const VX_CMD& clCommand) {
+    Q_EMIT sigReceiveCommand(clCommand);
+}

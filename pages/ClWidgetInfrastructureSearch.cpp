@@ -1,0 +1,149 @@
+// SPDX-License-Identifier: MIT
+#include "pages/ClWidgetInfrastructureSearch.h"
+
+#include "pages/ClDialogInputKey.h"
+#include "pages/ClWidgetNetworkSetting.h"
+#include "pages/CommandResult.h"
+#include "pages/InfrastructureParts.h"
+#include "pages/PageParts.h"
+#include "ui/ApInfoLook.h"
+#include "ui/ClWidgetApInfo.h"
+#include "ui/ClWidgetApList.h"
+
+#include <QCoreApplication>
+#include <QLabel>
+#include <QPushButton>
+#include <QScrollArea>
+
+#include <algorithm>
+#include <array>
+
+namespace {
+
+constexpr std::array READS{
+    USB_REQ_NUBO_CMD_GET_WIFI_INFO,
+    USB_REQ_NUBO_CMD_GET_ACCESSPOINT_LIST,
+};
+constexpr std::array WRITES{
+    USB_NUBO_CMD_SET_INFRA_SSID,
+    USB_NUBO_CMD_SET_INFRA_KEY,
+};
+
+template <class Commands>
+bool contains(const Commands& commands, const QUuid& command) {
+    return std::ranges::find(commands, command) != commands.end();
+}
+
+constexpr QPoint CAPTION_PLACE{35, 20};
+constexpr QRect LIST_PLACE{14, 54, 572, 364};
+constexpr int BUTTONS_Y = 423;
+
+}  // namespace
+
+ClWidgetInfrastructureSearch::ClWidgetInfrastructureSearch(QWidget* parent)
+    : ClWidgetBase(parent),
+      m_area(new QScrollArea(this)) {
+    QLabel* caption = addLabel(ClWidgetNetworkSetting::tr("Display list that can connect AP"),
+                               CAPTION_PLACE, this);
+    m_area->setAccessibleName(caption->text());
+    m_area->move(LIST_PLACE.topLeft());
+    m_area->setFixedSize(LIST_PLACE.size());
+    QPalette colours = m_area->palette();
+    colours.setColor(QPalette::Window, AP_ROW_COLOUR);
+    m_area->setPalette(colours);
+    m_area->setAutoFillBackground(true);
+    // The rows have the keyboard.
+    m_area->setFocusPolicy(Qt::NoFocus);
+
+    const QList<QPushButton*> buttons =
+        addButtonBar({ClWidgetNetworkSetting::tr("Research"), ClWidgetNetworkSetting::tr("Back")},
+                     BUTTONS_Y, this);
+    m_research = buttons[0];
+    m_back = buttons[1];
+    for (const QPushButton* button : buttons) {
+        connect(button, &QPushButton::clicked, this, &ClWidgetInfrastructureSearch::slotClicked);
+    }
+}
+
+void ClWidgetInfrastructureSearch::showInit(bool /*isPolling*/) {
+    sendUsbCommand(USB_REQ_NUBO_CMD_GET_WIFI_INFO);
+}
+
+void ClWidgetInfrastructureSearch::slotClicked() {
+    if (sender() == m_research) {
+        sendUsbCommand(USB_REQ_NUBO_CMD_GET_ACCESSPOINT_LIST);
+    } else if (sender() == m_back) {
+        Q_EMIT sigChangePage(INFRASTRUCTURE_TOP);
+    }
+}
+
+void ClWidgetInfrastructureSearch::slotSelect(const QString& ssid, bool isEncrypted) {
+    QString key;
+    if (isEncrypted) {
+        ClDialogInputKey dialog(this, true);
+        if (dialog.exec() != QDialog::Accepted) {
+            return;
+        }
+        key = dialog.getParam().value(0).toString();
+    }
+    m_awaited = USB_NUBO_CMD_SET_INFRA_SSID;
+    sendUsbCommand(USB_NUBO_CMD_SET_INFRA_SSID, {{Key::PARAM2, ssid}});
+    if (isEncrypted) {
+        sendUsbCommand(USB_NUBO_CMD_SET_INFRA_KEY, {{Key::PARAM2, key}});
+    }
+}
+
+void ClWidgetInfrastructureSearch::slotReceiveCommand(const VX_CMD& clCommand) {
+    const QUuid received = getCommand(clCommand);
+    if (received == USB_RES_NUBO_CMD_GET_WIFI_INFO) {
+        if (clCommand.value(Key::PARAM2).toBool()) {
+            m_linkedSsid = clCommand.value(Key::PARAM4).toString();
+        }
+        sendUsbCommand(USB_REQ_NUBO_CMD_GET_ACCESSPOINT_LIST);
+    } else if (received == USB_RES_NUBO_CMD_GET_ACCESSPOINT_LIST) {
+        showList(clCommand.value(Key::PARAM2).value<AccesspointList>());
+    } else {
+        showResult(received, stCommandResult(clCommand));
+    }
+}
+
+void ClWidgetInfrastructureSearch::showList(const AccesspointList& accesspoints) {
+    // Hidden, it is laid out once and not for each row.
+    m_area->hide();
+    if (QWidget* const former = m_area->takeWidget()) {
+        former->deleteLater();
+    }
+    auto* list = new ClWidgetApList;
+    m_area->setWidget(list);
+    connect(list, &ClWidgetApList::sigFocusMoved, m_area,
+            [this](QWidget* row) { m_area->ensureWidgetVisible(row, 0, 0); });
+    for (const stAccesspointInfo& accesspoint : accesspoints) {
+        if (accesspoint.ssid.isEmpty()) {
+            continue;
+        }
+        auto* row = new ClWidgetApInfo(accesspoint.ssid, static_cast<int>(accesspoint.encryption),
+                                       static_cast<int>(accesspoint.signal));
+        list->addWidget(row);
+        connect(row, &ClWidgetApInfo::sigSelect, this, &ClWidgetInfrastructureSearch::slotSelect);
+        if (accesspoint.ssid == m_linkedSsid) {
+            row->setLinking(true);
+        }
+    }
+    list->resize(list->sizeHint());
+    m_area->show();
+    // Every widget that has been shown asks to be repainted. For each one out of sight Qt would
+    // then look through all its siblings, which makes long lists slow: one repaint does instead.
+    QCoreApplication::removePostedEvents(nullptr, QEvent::UpdateLater);
+    window()->update();
+}
+
+void ClWidgetInfrastructureSearch::showResult(const QUuid& kind, const stCommandResult& result) {
+    if (result.isSuccess && result.command == m_awaited) {
+        Q_EMIT sigChangePage(INFRASTRUCTURE_TOP);
+    }
+    // Of a write, only the camera's own refusal is told.
+    if (result.isFailure && (contains(READS, result.command) ||
+                             (kind == USB_NUBO_CMD_RESPONSE && contains(WRITES, result.command)))) {
+        showErrorMsgBox(result.code);
+    }
+}

@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "protocol/NuboRecords.h"
+#include "ui/ClWidgetBase.h"
+
+#include <QUuid>
+
+class QPushButton;
+class QScrollArea;
+struct stCommandResult;
+
+/// The infrastructure sub-page that lists the access points which the camera finds. It scans when
+/// it comes on show and by "Research"; a failed scan leaves the list. The access point that the
+/// user selects is written to the camera, with its key if it is encrypted; when its SSID has been
+/// accepted, the top sub-page follows. Main thread.
+class ClWidgetInfrastructureSearch : public ClWidgetBase {
+    Q_OBJECT
+
+public:
+    explicit ClWidgetInfrastructureSearch(QWidget* parent = nullptr);
+
+    /// Starts a scan, which begins with the read of the link.
+    void showInit(bool isPolling) override;
+
+Q_SIGNALS:
+    void sigChangePage(int index);
+
+public Q_SLOTS:
+    void slotClicked();
+    /// An access point of the list was selected.
+    void slotSelect(const QString& ssid, bool isEncrypted);
+    void slotReceiveCommand(const VX_CMD& clCommand) override;
+
+private:
+    void showList(const AccesspointList& accesspoints);
+    void showResult(const QUuid& kind, const stCommandResult& result);
+
+    QScrollArea* m_area;
+    QPushButton* m_research = nullptr;
+    QPushButton* m_back = nullptr;
+    QString m_linkedSsid;
+    QUuid m_awaited;  ///< the command whose success leads back to the top sub-page
+};

@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+#include "pages/NetworkParts.h"
+
+#include "pages/ClWidgetNetworkSetting.h"
+#include "pages/PageParts.h"
+
+#include <QDialogButtonBox>
+#include <QLineEdit>
+#include <QPushButton>
+
+namespace {
+
+constexpr int BOX_RIGHT = 585;
+constexpr QSize BUTTON_MINIMUM{133, 30};
+
+}  // namespace
+
+QDialogButtonBox* addDecisionBox(int y, QWidget* page) {
+    QDialogButtonBox* box =
+        ClWidgetNetworkSetting::createButtonBox(ClWidgetNetworkSetting::tr("Decision"),
+                                                ClWidgetNetworkSetting::tr("Back"))
+            .release();
+    box->setParent(page);
+    for (QAbstractButton* button : box->buttons()) {
+        button->setMinimumSize(BUTTON_MINIMUM);
+        if (box->buttonRole(button) == QDialogButtonBox::AcceptRole) {
+            for (const QLineEdit* edit : page->findChildren<QLineEdit*>()) {
+                QObject::connect(edit, &QLineEdit::returnPressed, button, &QAbstractButton::click);
+            }
+        }
+    }
+    moveEndTo(box, BOX_RIGHT, y);
+    return box;
+}

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QPoint>
+
+class QLabel;
+class QString;
+class QWidget;
+
+// The parts that pages at fixed places are made of. They become children of the page. Main thread.
+
+/// A text at @p place.
+QLabel* addLabel(const QString& text, QPoint place, QWidget* page);
+
+/// A caption whose end is at @p right: the captions of a block end at one edge, against their
+/// values.
+QLabel* addCaption(const QString& text, int right, int y, QWidget* page);
+
+/// A place for a value of the camera, in bold and empty.
+QLabel* addValue(QPoint place, QWidget* page);
+
+/// Shows @p text in a label of addValue(), which grows with it.
+void setValue(QLabel* value, const QString& text);
+
+void setBold(QWidget* widget);
+
+/// Moves @p widget so that, at the size that it wants, it ends at @p right.
+void moveEndTo(QWidget* widget, int right, int y);

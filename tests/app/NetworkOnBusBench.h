@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "pages/ClWidgetNetworkSetting.h"
+#include "pages/NetworkState.h"
+#include "tests/app/BusBench.h"
+#include "tests/support/NetworkUser.h"
+#include "ui/ClButtonApInfo.h"
+#include "ui/ClLabelSsid.h"
+#include "ui/ClLinkCheck.h"
+
+#include <QSignalSpy>
+
+#include <algorithm>
+
+/// The commands of one refresh of the network page with its top sub-page, and those that show it
+/// for the first time: SSID, Wi-Fi on/off, link, and the Wi-Fi mode.
+inline const QList<int> NETWORK_REFRESH{0x503B, 0x5047, 0x5001};
+inline const QList<int> NETWORK_FIRST = NETWORK_REFRESH + QList<int>{0x5003};
+
+/// The program's window with the network page on show, on the bus, and a user before it.
+class NetworkOnBusBench : public BusBench {
+public:
+    explicit NetworkOnBusBench(nubo::simulator::VirtualUsbBus& virtualBus)
+        : BusBench(virtualBus),
+          page(*window.findChild<ClWidgetNetworkSetting*>()),
+          network(page) {}
+
+    /// Has camera and program as at their first meeting, so that what shows has just been read, and
+    /// shows the network page.
+    [[nodiscard]] bool enter() {
+        clickMode(5);
+        camera->setState({});
+        g_bIsWifiON = false;
+        g_ulWifiMode = WIFI_MODE_UNKNOWN;
+        for (QLineEdit* edit : page.findChildren<QLineEdit*>()) {
+            edit->clear();
+        }
+        for (QLabel* label : page.findChildren<ClLabelSsid*>()) {
+            label->clear();
+        }
+        page.slotChangeTab(1);
+        page.slotChangeTab(0);
+        clickMode(2);
+        return QTest::qWaitFor([] { return g_ulWifiMode == WIFI_MODE_INFRASTRUCTURE; }) &&
+               waitForLink("Harbour") && forget();
+    }
+
+    /// Whether the top sub-page soon shows the access point @p ssid.
+    [[nodiscard]] bool waitForAccesspoint(const QString& ssid) const {
+        return QTest::qWaitFor([&] { return selected().findChild<ClLabelSsid*>()->text() == ssid; },
+                               PATIENCE_MS);
+    }
+    /// The same, with the mark that the camera is linked to it.
+    [[nodiscard]] bool waitForLink(const char* ssid) const {
+        return waitForAccesspoint(QString::fromLatin1(ssid)) && isLinked();
+    }
+    [[nodiscard]] bool isLinked() const {
+        return !selected().findChild<ClLinkCheck*>()->pixmap().isNull();
+    }
+    [[nodiscard]] ClButtonApInfo& selected() const { return *page.findChild<ClButtonApInfo*>(); }
+    void openDhcp() const { QTest::mouseClick(&selected(), Qt::LeftButton); }
+
+    /// The commands since forget() that change something in the camera, whole.
+    [[nodiscard]] QList<QByteArray> written() const {
+        QList<QByteArray> packets = camera->packets();
+        packets.removeIf([](const QByteArray& packet) {
+            constexpr int FIRST_WRITE = 0x5800;
+            return static_cast<unsigned char>(packet.at(9)) < FIRST_WRITE / 0x100;
+        });
+        return packets;
+    }
+    bool forget() {
+        camera->forgetCodes();
+        return true;
+    }
+
+    ClWidgetNetworkSetting& page;
+    NetworkUser network;
+};

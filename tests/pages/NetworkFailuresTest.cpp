@@ -1,0 +1,220 @@
+// SPDX-License-Identifier: MIT
+#include "tests/pages/NetworkBench.h"
+#include "tests/ui/ManualClock.h"
+
+#include <QApplication>
+
+#include <optional>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+const QString UNKNOWN_ERROR = u"Exec failed, unknown error"_s;
+
+const QList<QUuid> WRITES{USB_NUBO_CMD_SET_WIFI_ONOFF, USB_NUBO_CMD_SET_WIFI_MODE};
+
+}  // namespace
+
+/// What follows when the network page's writes, and the reads of its top sub-page, fail. On a clock
+/// of the test's own.
+class NetworkFailuresTest : public QObject {
+    Q_OBJECT
+
+public:
+    explicit NetworkFailuresTest(ManualClock& clock) : m_clock(clock) {}
+
+private Q_SLOTS:
+    void init();
+    void cleanup() { m_bench.reset(); }
+
+    void aFailedWriteIsShownAndStopsThePolling_data();
+    void aFailedWriteIsShownAndStopsThePolling();
+    void aResultIsJudgedWhoeverItNames();
+    void aSuccessChangesNothing();
+    void aCameraThatHasGoneNeedsNoBox();
+    void othersResultsChangeNothing();
+    void oneBoxIsShownInAPollingPeriod();
+    void theTopSubPageSharesTheBox();
+    void aFailureBehindABoxAddsNone();
+    void showingThePageStartsAnew();
+    void theBoxesStayAsTheUserHasThem();
+
+private:
+    /// Whether the page, five seconds on, refreshes itself.
+    [[nodiscard]] bool isPolled();
+
+    ManualClock& m_clock;
+    std::optional<NetworkBench> m_bench;
+};
+
+void NetworkFailuresTest::init() {
+    m_bench.emplace();
+    m_bench->page.showInit(false);
+    m_bench->answer(USB_RES_NUBO_CMD_GET_INFRA_SSID, u"Harbour"_s);
+    m_bench->answer(USB_RES_NUBO_CMD_GET_WIFI_INFO, 1U);
+    m_bench->takeSent();
+}
+
+bool NetworkFailuresTest::isPolled() {
+    m_bench->takeSent();
+    m_clock.advance(5s);
+    return !m_bench->takeSent().isEmpty();
+}
+
+void NetworkFailuresTest::aFailedWriteIsShownAndStopsThePolling_data() {
+    QTest::addColumn<QUuid>("kind");
+    QTest::addColumn<QUuid>("command");
+    QTest::addColumn<unsigned short>("code");
+    QTest::addColumn<QString>("text");
+    const QList<std::pair<unsigned short, QString>> refusals{
+        {0xFFFF, UNKNOWN_ERROR},
+        {0xFFFE, u"Timeout error, please reset"_s},
+        {0xFFFC, u"Command error, version up"_s},
+        {0xFFFB, u"Parameter setting failed"_s},
+        {0xFFFA, u"Timeout error, please reset"_s},
+        {0x0001, UNKNOWN_ERROR},
+    };
+    for (const QUuid& command : WRITES) {
+        const QByteArray name = getUsbCommand(command).toLatin1();
+        for (const auto& [code, text] : refusals) {
+            QTest::addRow("%s 0x%04X", name.constData(), code)
+                << USB_NUBO_CMD_RESPONSE << command << code << text;
+        }
+        for (unsigned short code = 0xEF01; code <= 0xEF05; ++code) {
+            QTest::addRow("%s 0x%04X", name.constData(), code)
+                << USB_CMD_ERROR << command << code << UNKNOWN_ERROR;
+        }
+    }
+}
+
+void NetworkFailuresTest::aFailedWriteIsShownAndStopsThePolling() {
+    QFETCH(const QUuid, kind);
+    QFETCH(const QUuid, command);
+    QFETCH(const unsigned short, code);
+    QFETCH(const QString, text);
+    QVERIFY(isPolled());
+    m_bench->page.slotReceiveCommand(plainResult(kind, command, code));
+    const stModalBox box{u"Test program"_s, text, {u"OK"_s}, &m_bench->page};
+    QCOMPARE(m_bench->boxes.boxes(), QList<stModalBox>{box});
+    QVERIFY(g_bIsShowError);
+    QVERIFY(!isPolled());
+}
+
+void NetworkFailuresTest::aResultIsJudgedWhoeverItNames() {
+    VX_CMD result = plainResult(USB_NUBO_CMD_RESPONSE, USB_NUBO_CMD_SET_WIFI_ONOFF, 0xFFFB);
+    result.insert(u"Sender"_s, QVariant::fromValue<QObject*>(this));
+    m_bench->page.slotReceiveCommand(result);
+    QVERIFY(m_bench->boxes.boxes().isEmpty());
+    QVERIFY(isPolled());
+    result.insert(u"Sender"_s, QVariant::fromValue<QObject*>(&m_bench->page));
+    m_bench->page.slotReceiveCommand(result);
+    QCOMPARE(m_bench->boxes.texts(), QStringList{u"Parameter setting failed"_s});
+    QVERIFY(!isPolled());
+}
+
+void NetworkFailuresTest::aSuccessChangesNothing() {
+    for (const QUuid& command : WRITES) {
+        m_bench->succeed(command);
+    }
+    QVERIFY(m_bench->boxes.boxes().isEmpty());
+    QCOMPARE(m_bench->takeSent(), QStringList());
+    QVERIFY(isPolled());
+}
+
+void NetworkFailuresTest::aCameraThatHasGoneNeedsNoBox() {
+    for (const QUuid& command : WRITES) {
+        m_bench->fail(command, 0xEF00);
+    }
+    QVERIFY(m_bench->boxes.boxes().isEmpty());
+    QVERIFY(!g_bIsShowError);
+    QVERIFY(isPolled());
+}
+
+void NetworkFailuresTest::othersResultsChangeNothing() {
+    const QList<QUuid> others{USB_NUBO_CMD_SET_INFRA_SSID,
+                              WifiOnOffRequest::USB_RES_NUBO_CMD_GET_WIFI_ONOFF,
+                              USB_REQ_NUBO_CMD_GET_WIFIMODE, QUuid()};
+    for (const QUuid& command : others) {
+        m_bench->respond(command, 0xFFFF);
+        m_bench->fail(command, 0xEF03);
+    }
+    QVERIFY(m_bench->boxes.boxes().isEmpty());
+    QVERIFY(isPolled());
+}
+
+void NetworkFailuresTest::oneBoxIsShownInAPollingPeriod() {
+    m_bench->respond(USB_NUBO_CMD_SET_WIFI_ONOFF, 0xFFFF);
+    m_bench->fail(USB_NUBO_CMD_SET_WIFI_MODE, 0xEF03);
+    m_bench->respond(USB_NUBO_CMD_SET_WIFI_ONOFF, 0xFFFB);
+    QCOMPARE(m_bench->boxes.texts(), QStringList{UNKNOWN_ERROR});
+
+    m_bench->page.startPolling();
+    QVERIFY(!g_bIsShowError);
+    m_bench->respond(USB_NUBO_CMD_SET_WIFI_ONOFF, 0xFFFB);
+    m_bench->respond(USB_NUBO_CMD_SET_WIFI_ONOFF, 0xFFFB);
+    QCOMPARE(m_bench->boxes.texts(), (QStringList{UNKNOWN_ERROR, u"Parameter setting failed"_s}));
+    QVERIFY(!isPolled());
+}
+
+void NetworkFailuresTest::theTopSubPageSharesTheBox() {
+    m_bench->fail(USB_REQ_NUBO_CMD_GET_INFRA_SSID, 0xEF03);
+    QCOMPARE(m_bench->boxes.boxes().size(), 1);
+    QVERIFY(!isPolled());
+    m_bench->respond(USB_NUBO_CMD_SET_WIFI_MODE, 0xFFFF);
+    m_bench->respond(USB_REQ_NUBO_CMD_GET_WIFI_INFO, 0xFFFF);
+    QCOMPARE(m_bench->boxes.boxes().size(), 1);
+
+    // Coming back to the top sub-page is a new beginning.
+    m_bench->user.click(u"AP manual setting"_s);
+    m_bench->user.click(u"Back"_s);
+    QVERIFY(isPolled());
+    m_bench->respond(USB_NUBO_CMD_SET_WIFI_MODE, 0xFFFF);
+    QCOMPARE(m_bench->boxes.boxes().size(), 2);
+}
+
+void NetworkFailuresTest::aFailureBehindABoxAddsNone() {
+    m_bench->boxes.setAction([this](QWidget& box) {
+        m_bench->fail(USB_NUBO_CMD_SET_WIFI_MODE, 0xEF03);
+        m_bench->fail(USB_REQ_NUBO_CMD_GET_INFRA_SSID, 0xEF03);
+        m_bench->takeSent();
+        m_clock.advance(20s);
+        QCOMPARE(m_bench->takeSent(), QStringList());
+        QCOMPARE(QApplication::activeModalWidget(), &box);
+        acceptBox(box);
+    });
+    m_bench->fail(USB_NUBO_CMD_SET_WIFI_ONOFF, 0xEF03);
+    QCOMPARE(m_bench->boxes.boxes().size(), 1);
+}
+
+void NetworkFailuresTest::showingThePageStartsAnew() {
+    m_bench->respond(USB_NUBO_CMD_SET_WIFI_ONOFF, 0xFFFF);
+    m_bench->page.showInit(true);
+    QVERIFY(g_bIsShowError);
+    QVERIFY(!isPolled());
+    m_bench->page.showInit(false);
+    QVERIFY(!g_bIsShowError);
+    QVERIFY(isPolled());
+}
+
+void NetworkFailuresTest::theBoxesStayAsTheUserHasThem() {
+    m_bench->network.clickBox(INFRASTRUCTURE);
+    m_bench->respond(USB_NUBO_CMD_SET_WIFI_ONOFF, 0xFFFF);
+    m_bench->respond(USB_NUBO_CMD_SET_WIFI_MODE, 0xFFFF);
+    QVERIFY(m_bench->user.isChecked(u"Connect Infrastructure on startup"_s));
+    m_bench->answerOnOff(false);
+    QVERIFY(!m_bench->user.isChecked(u"Connect Infrastructure on startup"_s));
+}
+
+int main(int argc, char** argv) {
+    auto* const clock = new ManualClock;  // the application object takes it over
+    QCoreApplication::setEventDispatcher(clock);
+    const QApplication application(argc, argv);
+    QCoreApplication::setApplicationName(u"Test program"_s);
+    NetworkFailuresTest test(*clock);
+    QTEST_SET_MAIN_SOURCE_PATH
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "NetworkFailuresTest.moc"

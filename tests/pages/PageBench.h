@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "pages/NetworkState.h"
+#include "protocol/CommandIdentifiers.h"
+#include "protocol/CommandMessage.h"
+#include "tests/pages/CameraMessages.h"
+#include "tests/support/BoxUser.h"
+#include "tests/support/PageUser.h"
+#include "ui/ClWidgetBase.h"
+
+#include <QSignalSpy>
+#include <QTest>
+
+/// Has the network pages know what they know when the program has just started. @return no parent
+inline QWidget* startAnew() {
+    g_bIsWifiON = false;
+    g_ulWifiMode = WIFI_MODE_UNKNOWN;
+    g_bIsShowError = false;
+    return nullptr;
+}
+
+/// The camera's answer @p command with its value, to the page @p sender.
+inline VX_CMD valueAnswer(const QUuid& command, const QVariant& value, QObject* sender = nullptr) {
+    return {{QStringLiteral("CMD"), command},
+            {QStringLiteral("Sender"), QVariant::fromValue(sender)},
+            {QStringLiteral("PARAM2"), value}};
+}
+
+/// A sent message as a text: the name of the command, and its arguments with their types.
+inline QString asText(const QVariantMap& message) {
+    QStringList words{getUsbCommand(message.value(QStringLiteral("CMD")).toUuid())};
+    for (auto item = message.cbegin(); item != message.cend(); ++item) {
+        if (item.key().startsWith(QStringLiteral("PARAM"))) {
+            words.append(QString::fromLatin1(item.value().typeName()));
+            words.append(item.value().toString());
+        }
+    }
+    return words.join(u' ');
+}
+
+/// A page on its own, with a user before it, in a program that has just started; what would go to
+/// the camera ends in a spy.
+template <class Page>
+class PageBench {
+public:
+    explicit PageBench(QSize size = {600, 466})
+        : page(startAnew()),
+          sent(&page, &ClWidgetBase::sigSendCommand),
+          user(page) {
+        page.resize(size);
+        page.show();
+    }
+
+    /// The messages sent since it was last asked.
+    QStringList takeSent() {
+        QStringList texts;
+        for (const QVariantList& arguments : std::as_const(sent)) {
+            texts.append(asText(arguments.first().toMap()));
+        }
+        sent.clear();
+        return texts;
+    }
+
+    /// A value that another page of the program has asked for.
+    void answer(const QUuid& command, const QVariant& value) {
+        page.slotReceiveCommand(valueAnswer(command, value));
+    }
+    void succeed(const QUuid& command) { respond(command, 0); }
+    void respond(const QUuid& command, unsigned short code) {
+        page.slotReceiveCommand(plainResult(USB_NUBO_CMD_RESPONSE, command, code));
+    }
+    void fail(const QUuid& command, unsigned short code) {
+        page.slotReceiveCommand(plainResult(USB_CMD_ERROR, command, code));
+    }
+
+    BoxUser boxes;
+    Page page;
+    QSignalSpy sent;
+    PageUser user;
+};

@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+#include "ui/ClAccessibleApInfo.h"
+
+#include "ui/ClWidgetApInfo.h"
+#include "ui/ClWidgetApList.h"
+
+#include <QApplication>
+
+namespace {
+
+QAccessibleInterface* create(const QString& /*className*/, QObject* object) {
+    if (auto* const row = qobject_cast<ClWidgetApInfo*>(object)) {
+        return new ClAccessibleApInfo(row);
+    }
+    auto* const list = qobject_cast<ClWidgetApList*>(object);
+    return list != nullptr ? new QAccessibleWidget(list, QAccessible::List) : nullptr;
+}
+
+}  // namespace
+
+ClAccessibleApInfo::ClAccessibleApInfo(QWidget* row)
+    : QAccessibleWidget(row, QAccessible::ListItem) {}
+
+void ClAccessibleApInfo::install() {
+    QAccessible::installFactory(create);
+}
+
+QStringList ClAccessibleApInfo::actionNames() const {
+    return QStringList{pressAction()} + QAccessibleWidget::actionNames();
+}
+
+void ClAccessibleApInfo::doAction(const QString& actionName) {
+    if (actionName != pressAction()) {
+        QAccessibleWidget::doAction(actionName);
+        return;
+    }
+    auto* const row = qobject_cast<ClWidgetApInfo*>(widget());
+    const auto select = [row] {
+        // An open dialog keeps mouse and keyboard off the row by itself.
+        if (QApplication::activeModalWidget() == nullptr) {
+            row->select();
+        }
+    };
+    // Returns at once, whatever dialog the selection may open.
+    QMetaObject::invokeMethod(row, select, Qt::QueuedConnection);
+}

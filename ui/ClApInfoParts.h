@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+
+class ClLabelSsid;
+class ClLinkCheck;
+class ClWidgetEncryption;
+class ClWidgetRssi;
+class QWidget;
+
+/// What a row with an access point shows, be it a row of the list or a button: check mark, SSID,
+/// encryption badge and signal. The parts are children of the row. Main thread.
+class ClApInfoParts {
+public:
+    /// Gives @p row its colours and its font, which the parts share, and makes the parts.
+    ClApInfoParts(QWidget& row, const QString& ssid, int type, int rssi);
+
+    void setSsid(const QString& ssid);
+    void setType(int type);
+    void setRssi(int rssi);
+    void setLinking(bool isLinked);
+    /// Puts the parts at their places, all of them @p lowered pixels further down.
+    void adjustPartsPos(int lowered);
+
+    [[nodiscard]] QString ssid() const;
+    [[nodiscard]] bool isEncrypted() const;
+
+private:
+    void fitSsid();
+    void describeRow();
+
+    QWidget& m_row;
+    ClLinkCheck* m_linkCheck;
+    ClLabelSsid* m_ssid;
+    ClWidgetEncryption* m_encryption;
+    ClWidgetRssi* m_rssi;
+};

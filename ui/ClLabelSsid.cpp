@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: MIT
+#include "ui/ClLabelSsid.h"
+
+#include <QPainter>
+#include <QStyle>
+
+using namespace Qt::StringLiterals;
+
+ClLabelSsid::ClLabelSsid(QWidget* parent) : QLabel(parent) {
+    setTextFormat(Qt::PlainText);
+}
+
+void ClLabelSsid::fitInto(int width) {
+    setMaximumWidth(width);
+    adjustSize();
+    const bool isCut = sizeHint().width() > width;
+    // A tool tip has no plain format: it takes for markup whatever looks like it.
+    setToolTip(isCut ? u"<span style=\"white-space:pre\">%1</span>"_s.arg(text().toHtmlEscaped())
+                     : QString());
+}
+
+void ClLabelSsid::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    const QString shown = fontMetrics().elidedText(text(), Qt::ElideRight, width());
+    style()->drawItemText(&painter, rect(), static_cast<int>(alignment()), palette(), isEnabled(),
+                          shown, foregroundRole());
+}
