@@ -164,6 +164,7 @@ void BasicSettingOnBusTest::aDeclinedChangeIsNotWritten() {
     m_bench->clickMode(MODE);
     expected += wireCommand(GET_NAME);
     QTRY_COMPARE(m_bench->camera->commands(), expected);
+    QTRY_COMPARE(buttons().first()->text(), u"Gull"_s);
     QCOMPARE(m_shown.size(), 3);
 }
 
