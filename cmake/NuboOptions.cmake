@@ -27,10 +27,12 @@ target_compile_definitions(
               QT_NO_NARROWING_CONVERSIONS_IN_CONNECT
               QT_STRICT_ITERATORS
               QT_DISABLE_DEPRECATED_BEFORE=0x060400)
+# Not optimised, and with no more debug information than a report's lines need: that halves the
+# time to build.
 if(NUBO_SANITIZE)
     target_compile_options(
         nubo_options INTERFACE -fsanitize=${NUBO_SANITIZE} -fno-sanitize-recover=all
-                               -fno-omit-frame-pointer -O1)
+                               -fno-omit-frame-pointer -gline-tables-only)
     target_link_options(nubo_options INTERFACE -fsanitize=${NUBO_SANITIZE})
 endif()
 
