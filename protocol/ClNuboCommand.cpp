@@ -47,7 +47,7 @@ QByteArray ClNuboCommand::getData() const {
     QByteArray packet;
     packet.reserve(PLAIN_LENGTH);
     ClWireWriter writer(&packet);
-    writeHeader(writer);
+    writeHeader(writer, m_length);
     for (const unsigned int param : m_param) {
         writer << param;
     }
@@ -59,6 +59,6 @@ void ClNuboCommand::readHeader(ClWireReader& reader) {
     reader >> m_type >> m_id >> m_length >> m_code >> reserved;
 }
 
-void ClNuboCommand::writeHeader(ClWireWriter& writer) const {
-    writer << m_type << m_id << m_length << m_code << quint16{0};
+void ClNuboCommand::writeHeader(ClWireWriter& writer, unsigned int length) const {
+    writer << m_type << m_id << length << m_code << quint16{0};
 }

@@ -61,8 +61,10 @@ protected:
     ClNuboCommand& operator=(const ClNuboCommand&) = default;
     ClNuboCommand& operator=(ClNuboCommand&&) = default;
 
-    void readHeader(ClWireReader& reader);         ///< type to reserved word
-    void writeHeader(ClWireWriter& writer) const;  ///< type to reserved word
+    // The header is what stands from the type to the reserved word.
+    void readHeader(ClWireReader& reader);
+    /// @p length of the whole packet in bytes.
+    void writeHeader(ClWireWriter& writer, unsigned int length) const;
     void setParam(int number, unsigned int value) {
         m_param[static_cast<std::size_t>(number - 1)] = value;
     }

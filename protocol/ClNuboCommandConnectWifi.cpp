@@ -15,12 +15,17 @@ ClNuboCommandConnectWifi::ClNuboCommandConnectWifi(const QString& ssid, const QS
       m_key(key) {}
 
 QByteArray ClNuboCommandConnectWifi::getData() const {
+    const QByteArray ssid = m_ssid.toLatin1();
+    const QByteArray key = m_key.toLatin1();
+    // Not m_length: an answer that has been parsed has left its own there.
+    const auto length =
+        static_cast<unsigned int>(ssid.size() + key.size()) + LENGTH_WITHOUT_STRINGS;
     QByteArray packet;
-    packet.reserve(m_length);
+    packet.reserve(length);
     ClWireWriter writer(&packet);
-    writeHeader(writer);
-    writer.writeCounted(m_ssid.toLatin1());
-    writer.writeCounted(m_key.toLatin1());
+    writeHeader(writer, length);
+    writer.writeCounted(ssid);
+    writer.writeCounted(key);
     writer << param(5);
     return packet;
 }

@@ -34,10 +34,12 @@ QByteArray ClNuboCommandString::getData() const {
     if (bytes.isEmpty()) {
         return ClNuboCommand::getData();
     }
+    // Not m_length: an answer that has been parsed has left its own there.
+    const auto length = static_cast<unsigned int>(bytes.size()) + LENGTH_WITHOUT_STRING;
     QByteArray packet;
-    packet.reserve(bytes.size() + LENGTH_WITHOUT_STRING);
+    packet.reserve(length);
     ClWireWriter writer(&packet);
-    writeHeader(writer);
+    writeHeader(writer, length);
     writer.writeCounted(bytes);
     writer << m_param[2] << m_param[3] << m_param[4];
     return packet;

@@ -72,6 +72,7 @@ unsigned short ClNuboTransactions::wifiInfo(stWifiInfo& info) {
         result != USB_ERROR_SUCCESS) {
         return result;
     }
+    info.status = command.param(1);
     QByteArray texts;
     QByteArray values;
     for (QByteArray* packet : {&texts, &values}) {
@@ -86,8 +87,12 @@ unsigned short ClNuboTransactions::wifiInfo(stWifiInfo& info) {
     }
     const ClNuboCommandWifiInfo1 first(texts);
     const ClNuboCommandWifiInfo2 second(values);
-    info = {command.param(1), first.firstString(), first.secondString(), second.param(2),
-            second.param(3),  second.param(4),     second.param(5)};
+    info.firstText = first.firstString();
+    info.secondText = first.secondString();
+    info.channel = second.param(2);
+    info.encryption = second.param(3);
+    info.reserved = second.param(4);
+    info.signal = second.param(5);
     return USB_ERROR_SUCCESS;
 }
 

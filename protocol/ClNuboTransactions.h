@@ -39,8 +39,8 @@ public:
     /// data.
     [[nodiscard]] unsigned short dataRead(ClNuboCommand& command, ClNuboCommandDataReceive& data);
 
-    /// Reads the Wi-Fi information: an answer and two more packets. @p info changes only when all
-    /// have come.
+    /// Reads the Wi-Fi information: an answer, which has the status, and two more packets. The rest
+    /// of @p info changes only when all have come.
     [[nodiscard]] unsigned short wifiInfo(stWifiInfo& info);
 
     /// Scans for access points: an answer with their number and two packets for each. Those found

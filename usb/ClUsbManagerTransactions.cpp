@@ -52,6 +52,9 @@ bool ClUsbManager::isLive(const ClUsbController* controller) const {
 
 template <class Transaction>
 unsigned short ClUsbManager::transact(ClUsbController* controller, Transaction transaction) {
+    if (!isLive(controller)) {
+        return USB_NO_DEVICE;
+    }
     const QMutexLocker lock(&m_mutex);
     LivePort port(*this, controller);
     ClNuboTransactions transactions(port, m_isTerminating);

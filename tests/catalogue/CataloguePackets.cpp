@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "tests/catalogue/CataloguePackets.h"
 
+#include <QtEndian>
+
 namespace {
 
 constexpr qsizetype PARAMETER_DIGITS = 40;
@@ -29,4 +31,11 @@ QByteArray plainAnswer(const QByteArray& parameters) {
 QByteArray textAnswer(const char* length, const QByteArray& text, const char* third) {
     return QByteArray("0000 <id> ") + length + " 0000 0000 " + text + " " + third +
            " 99999999 99999999";
+}
+
+QByteArray refusal(quint16 code) {
+    const quint16 wire = qToLittleEndian(code);
+    return "0000 <id> 20000000 " +
+           QByteArray(reinterpret_cast<const char*>(&wire), sizeof wire).toHex() + " 0000 " +
+           QByteArray(PARAMETER_DIGITS, '0');
 }

@@ -22,6 +22,5 @@
 [[nodiscard]] QByteArray textAnswer(const char* length, const QByteArray& text,
                                     const char* third = "99999999");
 
-/// A camera that is busy (0xFFF9).
-inline const QByteArray REFUSAL =
-    "0000 <id> 20000000 f9ff 0000 00000000 00000000 00000000 00000000 00000000";
+/// The camera's plain answer with this error code.
+[[nodiscard]] QByteArray refusal(quint16 code);

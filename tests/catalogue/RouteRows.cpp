@@ -3,8 +3,15 @@
 
 #include "tests/catalogue/CataloguePackets.h"
 
+#include <algorithm>
+
 QList<stRouteRow> routeRows() {
     return networkRows() + recordingRows() + cameraRows() + serviceRows();
+}
+
+Script openingOf(const Script& script) {
+    const auto firstRead = std::ranges::find(script, stScriptRow::Kind::Read, &stScriptRow::kind);
+    return {script.cbegin(), firstRead};
 }
 
 stRouteRow gets(const QUuid& request, const char* code, const char* parameters, const QUuid& answer,

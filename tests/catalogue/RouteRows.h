@@ -23,6 +23,9 @@ struct stRouteRow {
 /// All of them: one row for each request that the program knows.
 [[nodiscard]] QList<stRouteRow> routeRows();
 
+/// The beginning of @p script: what the tool writes before it reads for the first time.
+[[nodiscard]] Script openingOf(const Script& script);
+
 /// Asks for values that come in the parameters of the answer.
 [[nodiscard]] stRouteRow gets(const QUuid& request, const char* code, const char* parameters,
                               const QUuid& answer, const QVariantList& values);

@@ -86,15 +86,7 @@ void RoutesTest::aRefusalComesBackAsAPlainResult_data() {
 
 void RoutesTest::aRefusalComesBackAsAPlainResult() {
     QFETCH(stRouteRow, row);
-    Script script;
-    for (const stScriptRow& transfer : std::as_const(row.script)) {
-        if (transfer.kind == stScriptRow::Kind::Read) {
-            break;
-        }
-        script.append(transfer);
-    }
-    script.append(reads(REFUSAL));
-    FakeCameraAccess camera(script);
+    FakeCameraAccess camera(openingOf(row.script) + Script{reads(refusal(0xFFF9))});
     dispatchRequest(requestMessage(row.request, row.arguments, &m_page, camera.camera()), camera);
     compareMessages(camera, resultMessage(row.request, camera.camera(), 0xFFF9));
 }

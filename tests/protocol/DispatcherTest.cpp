@@ -67,8 +67,8 @@ private Q_SLOTS:
     void anInterruptedReadShowsNoValues();
     void aDeadControllerFailsWithoutATransfer_data();
     void aDeadControllerFailsWithoutATransfer();
-    void whatIsNoRequestIsRefused_data();
-    void whatIsNoRequestIsRefused();
+    void whatIsNoRequestIsLoggedOnceAndRefused_data();
+    void whatIsNoRequestIsLoggedOnceAndRefused();
     void plainReadsWaitOneSecond();
 
 private:
@@ -237,21 +237,29 @@ void DispatcherTest::aDeadControllerFailsWithoutATransfer() {
     compareResult(access, command, controller.value<void*>(), result);
 }
 
-void DispatcherTest::whatIsNoRequestIsRefused_data() {
+void DispatcherTest::whatIsNoRequestIsLoggedOnceAndRefused_data() {
     QTest::addColumn<QUuid>("command");
-    QTest::newRow("null") << QUuid();
-    QTest::newRow("unknown") << QUuid(0x01234567, 0x89ab, 0x4def, 0x81, 0x23, 0x45, 0x67, 0x89,
-                                      0xab, 0xcd, 0xef);
-    QTest::newRow("an event") << USB_CMD_DEVICE_OPEN;
-    QTest::newRow("a result") << USB_NUBO_CMD_RESPONSE;
-    QTest::newRow("an answer") << USB_RES_NUBO_CMD_GET_BATTERY;
-    QTest::newRow("the answer of the Wi-Fi switch") << USB_RES_NUBO_CMD_GET_WIFI_ONOFF;
+    QTest::addColumn<QByteArray>("loggedName");
+    const auto row = [](const char* name, const QUuid& command, const char* loggedName) {
+        QTest::newRow(name) << command << QByteArray(loggedName);
+    };
+    row("null", QUuid(), "Unknown:{00000000-0000-0000-0000-000000000000}");
+    row("unknown",
+        QUuid(0x01234567, 0x89ab, 0x4def, 0x81, 0x23, 0x45, 0x67, 0x89, 0xab, 0xcd, 0xef),
+        "Unknown:{01234567-89ab-4def-8123-456789abcdef}");
+    row("an event", USB_CMD_DEVICE_OPEN, "USB_CMD_DEVICE_OPEN");
+    row("a result", USB_NUBO_CMD_RESPONSE, "USB_NUBO_CMD_RESPONSE");
+    row("an answer", USB_RES_NUBO_CMD_GET_BATTERY, "USB_RES_NUBO_CMD_GET_BATTERY");
+    row("the answer of the Wi-Fi switch", USB_RES_NUBO_CMD_GET_WIFI_ONOFF,
+        "USB_RES_NUBO_CMD_GET_WIFI_ONOFF");
 }
 
-void DispatcherTest::whatIsNoRequestIsRefused() {
+void DispatcherTest::whatIsNoRequestIsLoggedOnceAndRefused() {
     QFETCH(QUuid, command);
+    QFETCH(QByteArray, loggedName);
     FakeCameraAccess access({});
-    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("No command .*")));
+    QTest::ignoreMessage(QtWarningMsg, "No command of the camera for " + loggedName);
+    QTest::failOnWarning(QRegularExpression(QStringLiteral(".*")));  // a second one
     dispatchRequest(request(command, access.camera()), access);
     QCOMPARE(access.port().complaint(), QString());
     QVERIFY(access.port().transfers().isEmpty());

@@ -17,6 +17,7 @@ private Q_SLOTS:
     void oneStringIsReceivedInPlaceOfTwoParameters();
     void anAnswerReplacesTheStringOfTheRequest();
     void whatFollowsTheStringIsSentBehindIt();
+    void textsAreSentWithTheirOwnLength();
 
     void twoStringsAreSentForAWifiNetwork_data();
     void twoStringsAreSentForAWifiNetwork();
@@ -118,6 +119,21 @@ void TextPacketTest::whatFollowsTheStringIsSentBehindIt() {
     ClNuboCommandString command(QString(), 0);
     command.setData(packet);
     QCOMPARE(wireText(command.getData()), wireText(packet));
+}
+
+void TextPacketTest::textsAreSentWithTheirOwnLength() {
+    ClNuboCommandString text(QString(), 0);
+    text.setData(wireBytes("0000 3412 ff000000 3058 0000 03000000 616263"));
+    QCOMPARE(wireText(text.getData()),
+             wireText(wireBytes(
+                 "0000 3412 1f000000 3058 0000 03000000 616263 00000000 00000000 00000000")));
+
+    ClNuboCommandConnectWifi network(QStringLiteral("net"), QStringLiteral("key"));
+    network.setData(
+        wireBytes("0000 3412 ff000000 0768 0000 01000000 02000000 03000000 04000000 05000000"));
+    QCOMPARE(wireText(network.getData()),
+             wireText(wireBytes(
+                 "0000 3412 1e000000 0768 0000 03000000 6e6574 03000000 6b6579 05000000")));
 }
 
 void TextPacketTest::twoStringsAreSentForAWifiNetwork_data() {

@@ -33,8 +33,8 @@ private Q_SLOTS:
     void sevenFieldsComeFromThreePackets();
     void onlyTwoPacketsOfTheTransactionCount_data();
     void onlyTwoPacketsOfTheTransactionCount();
-    void nothingChangesUnlessAllHasCome_data();
-    void nothingChangesUnlessAllHasCome();
+    void onlyTheStatusComesBeforeTheRest_data();
+    void onlyTheStatusComesBeforeTheRest();
     void packetsThatAreSkippedCannotHoldTheThreadForEver();
 };
 
@@ -83,48 +83,49 @@ void WifiInfoTransactionTest::onlyTwoPacketsOfTheTransactionCount() {
     QCOMPARE(info.signal, 0xFFFFFFC4U);
 }
 
-void WifiInfoTransactionTest::nothingChangesUnlessAllHasCome_data() {
+void WifiInfoTransactionTest::onlyTheStatusComesBeforeTheRest_data() {
     QTest::addColumn<Script>("script");
     QTest::addColumn<unsigned short>("result");
-    const auto row = [](const char* name, const Script& script, unsigned short result) {
-        QTest::newRow(name) << script << result;
-    };
+    QTest::addColumn<quint32>("status");
+    const auto row = [](const char* name, const Script& script, unsigned short result,
+                        quint32 status) { QTest::newRow(name) << script << result << status; };
     const stScriptRow ask = writes(GET_WIFI_INFO);
     const stScriptRow answer = reads(LINKED);
     const stScriptRow texts = reads(TEXTS);
     const stScriptRow silent = fails(0xEF03);
     const stScriptRow gone = fails(0xEF00);
 
-    row("not written", {writes(GET_WIFI_INFO, 0xEF02)}, 0xEF02);
-    row("not answered", {ask, silent, silent, silent}, 0xEF03);
-    row("refused", {ask, reads(BUSY)}, 0xFFF9);
-    row("gone in the answer", {ask, gone}, 0xEF00);
-    row("no texts", {ask, answer, silent, silent, silent}, 0xEF03);
-    row("no texts, the last status counts", {ask, answer, silent, silent, fails(0xEF02)}, 0xEF02);
-    row("empty texts", {ask, answer, readsNothing(), readsNothing(), readsNothing()}, 0xEF05);
-    row("texts not tried", {ask, answer, fails(-4), fails(-4), fails(-4)}, 0xEF05);
-    row("gone in the texts", {ask, answer, gone}, 0xEF00);
-    row("no values", {ask, answer, texts, silent, silent, silent}, 0xEF03);
+    row("not written", {writes(GET_WIFI_INFO, 0xEF02)}, 0xEF02, 77);
+    row("not answered", {ask, silent, silent, silent}, 0xEF03, 77);
+    row("refused", {ask, reads(BUSY)}, 0xFFF9, 77);
+    row("gone in the answer", {ask, gone}, 0xEF00, 77);
+    row("no texts", {ask, answer, silent, silent, silent}, 0xEF03, 2);
+    row("no texts, the last status counts", {ask, answer, silent, silent, fails(0xEF02)}, 0xEF02,
+        2);
+    row("empty texts", {ask, answer, readsNothing(), readsNothing(), readsNothing()}, 0xEF05, 2);
+    row("texts not tried", {ask, answer, fails(-4), fails(-4), fails(-4)}, 0xEF05, 2);
+    row("gone in the texts", {ask, answer, gone}, 0xEF00, 2);
+    row("no values", {ask, answer, texts, silent, silent, silent}, 0xEF03, 2);
     row("no values but foreign ones", {ask, answer, texts, reads(FOREIGN), silent, silent, silent},
-        0xEF03);
-    row("gone in the values", {ask, answer, texts, silent, gone}, 0xEF00);
-    row("stopped before the answer", {ask.thenStop()}, 0xEF05);
-    row("stopped in a foreign answer", {ask, reads(FOREIGN).thenStop()}, 0);
-    row("stopped in the answer", {ask, answer.thenStop()}, 0);
-    row("stopped in silence", {ask, answer, silent.thenStop()}, 0xEF03);
-    row("stopped in a foreign packet", {ask, answer, reads(FOREIGN).thenStop()}, 0);
-    row("stopped in a refused packet", {ask, answer, reads(BUSY).thenStop()}, 0);
-    row("stopped in the texts", {ask, answer, texts.thenStop()}, 0);
+        0xEF03, 2);
+    row("gone in the values", {ask, answer, texts, silent, gone}, 0xEF00, 2);
+    row("stopped before the answer", {ask.thenStop()}, 0xEF05, 77);
+    row("stopped in a foreign answer", {ask, reads(FOREIGN).thenStop()}, 0, 0);
+    row("stopped in the answer", {ask, answer.thenStop()}, 0, 2);
+    row("stopped in silence", {ask, answer, silent.thenStop()}, 0xEF03, 2);
+    row("stopped in a foreign packet", {ask, answer, reads(FOREIGN).thenStop()}, 0, 2);
+    row("stopped in a refused packet", {ask, answer, reads(BUSY).thenStop()}, 0, 2);
+    row("stopped in the texts", {ask, answer, texts.thenStop()}, 0, 2);
 }
 
-void WifiInfoTransactionTest::nothingChangesUnlessAllHasCome() {
+void WifiInfoTransactionTest::onlyTheStatusComesBeforeTheRest() {
     QFETCH(Script, script);
     QFETCH(unsigned short, result);
     ScriptedPort port(script);
     stWifiInfo info = untouched();
     QCOMPARE(ClNuboTransactions(port, port.stop()).wifiInfo(info), result);
     QCOMPARE(port.complaint(), QString());
-    QCOMPARE(info.status, 77U);
+    QTEST(info.status, "status");
     QCOMPARE(info.firstText, QStringLiteral("before"));
     QCOMPARE(info.secondText, QStringLiteral("too"));
     QCOMPARE(info.channel, 71U);
@@ -143,7 +144,8 @@ void WifiInfoTransactionTest::packetsThatAreSkippedCannotHoldTheThreadForEver() 
     QCOMPARE(ClNuboTransactions(port, port.stop()).wifiInfo(info), 0xEF03);
     QVERIFY(clock.elapsed() >= PATIENCE_MS);
     QCOMPARE(port.complaint(), QString());
-    QCOMPARE(info.status, 0U);
+    QCOMPARE(info.status, 2U);
+    QCOMPARE(info.signal, 0U);
 }
 
 QTEST_GUILESS_MAIN(WifiInfoTransactionTest)

@@ -11,10 +11,12 @@
 #include <map>
 #include <memory>
 
-/// A camera that says yes to a restart and stays, so that one camera serves many tests.
+/// A camera that says yes when it is told to restart or to switch itself off, and stays, so that
+/// one camera serves many tests.
 class SteadyCamera : public nubo::simulator::VirtualCamera {
 public:
     bool wantsRestart() override { return false; }
+    bool wantsPowerOff() override { return false; }
 };
 
 /// A USB manager on a virtual bus, as the main window has it: its thread runs, and start()

@@ -4,6 +4,7 @@
 #include "tests/usb/ManagerBench.h"
 #include "tests/usb/Requests.h"
 
+#include <QRegularExpression>
 #include <QTest>
 
 using namespace nubo::simulator;
@@ -54,8 +55,8 @@ private Q_SLOTS:
     void answersComeInTheOrderOfTheRequests();
     void foreignPacketsArePassedOver_data() { everyRequestIsAnsweredOnce_data(); }
     void foreignPacketsArePassedOver();
-    void aRequestWithoutCommandIsRefusedAtOnce_data();
-    void aRequestWithoutCommandIsRefusedAtOnce();
+    void aRequestWithoutCommandIsLoggedOnceAndRefusedAtOnce_data();
+    void aRequestWithoutCommandIsLoggedOnceAndRefusedAtOnce();
     void rawDataIsReadAndNothingIsWritten();
     void rawDataOfNobodyIsNotAnswered();
     void aRestartedCameraIsReportedGoneAndAnnouncedAgain();
@@ -190,7 +191,7 @@ void TransactionsOnBusTest::foreignPacketsArePassedOver() {
     QCOMPARE(m_bench.ui.ask(USB_REQ_NUBO_CMD_GET_BATTERY, m_chatty).value(Key::PARAM3), 62U);
 }
 
-void TransactionsOnBusTest::aRequestWithoutCommandIsRefusedAtOnce_data() {
+void TransactionsOnBusTest::aRequestWithoutCommandIsLoggedOnceAndRefusedAtOnce_data() {
     QTest::addColumn<QUuid>("request");
     QTest::newRow("nothing") << QUuid();
     QTest::newRow("unheard of") << QUuid(1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11);
@@ -198,9 +199,12 @@ void TransactionsOnBusTest::aRequestWithoutCommandIsRefusedAtOnce_data() {
     QTest::newRow("a message of the USB side") << USB_CMD_DEVICE_OPEN;
 }
 
-void TransactionsOnBusTest::aRequestWithoutCommandIsRefusedAtOnce() {
+void TransactionsOnBusTest::aRequestWithoutCommandIsLoggedOnceAndRefusedAtOnce() {
     QFETCH(const QUuid, request);
     const std::uint64_t before = m_bench.bus.log(m_camera).transferCount;
+    const QString warning = QStringLiteral("No command of the camera for ");
+    QTest::ignoreMessage(QtWarningMsg, qPrintable(warning + getUsbCommand(request)));
+    QTest::failOnWarning(QRegularExpression(warning));  // a second one
     const VX_CMD answer = m_bench.ui.ask(request, m_controller);
     QCOMPARE(outcomeOf(answer), "USB_CMD_ERROR 0xef01");
     QCOMPARE(answer.value(Key::PARAM2).toUuid(), request);

@@ -136,6 +136,8 @@ void UsbManagerUnplugTest::everyTransactionOnACameraThatHasGoneFails() {
         stWifiInfo info;
         AccesspointList list;
         QCOMPARE(manager.execNuboCommand(command, gone, 1000), 0xEF00);
+        // Nor does it matter what there is to say: a reception has no bytes to send.
+        QCOMPARE(manager.execNuboCommand(picture, gone, 1000), 0xEF00);
         QCOMPARE(manager.execNuboDataWrite(command, image, gone), 0xEF00);
         QCOMPARE(manager.execNuboDataRead(command, picture, gone), 0xEF00);
         QCOMPARE(manager.execNuboGetWifiInfo(gone, &info), 0xEF01);

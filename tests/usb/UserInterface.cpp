@@ -4,6 +4,7 @@
 #include "protocol/CommandIdentifiers.h"
 #include "usb/ClUsbManager.h"
 
+#include <QSignalSpy>
 #include <QTest>
 
 namespace {
@@ -16,6 +17,14 @@ bool isDeviceMessage(const VX_CMD& message) {
     return command == USB_CMD_DEVICE_OPEN || command == USB_CMD_DEVICE_CLOSE;
 }
 
+/// A request without page and arguments.
+VX_CMD bareRequest(const QUuid& request, ClUsbController* camera) {
+    return {
+        {Key::CMD, request},
+        {Key::PARAM1, QVariant::fromValue(static_cast<void*>(camera))},
+    };
+}
+
 }  // namespace
 
 UserInterface::UserInterface(ClUsbManager& manager) {
@@ -24,6 +33,7 @@ UserInterface::UserInterface(ClUsbManager& manager) {
     connect(this, &UserInterface::sigSendCommand, &manager, &ClUsbManager::slotReceiveCommand);
     connect(&manager, &ClUsbManager::sigSendCommand, this, [this](const VX_CMD& message) {
         m_arrivals.append({message, now()});
+        Q_EMIT sigArrived();
     });
 }
 
@@ -64,17 +74,21 @@ bool UserInterface::waitForClosed(qsizetype count) const {
 }
 
 void UserInterface::send(const QUuid& request, ClUsbController* camera) {
-    Q_EMIT sigSendCommand({
-        {Key::CMD, request},
-        {Key::PARAM1, QVariant::fromValue(static_cast<void*>(camera))},
-    });
+    Q_EMIT sigSendCommand(bareRequest(request, camera));
 }
 
 VX_CMD UserInterface::ask(const QUuid& request, ClUsbController* camera) {
+    return ask(bareRequest(request, camera));
+}
+
+VX_CMD UserInterface::ask(const VX_CMD& request) {
     const qsizetype before = answers().size();
-    send(request, camera);
-    const bool hasCome = QTest::qWaitFor([&] { return answers().size() > before; }, PATIENCE_MS);
-    return hasCome ? answers().at(before) : VX_CMD();
+    // Not qWaitFor(), which sleeps for 10 ms between two looks: some tests ask a thousand times.
+    QSignalSpy arrivals(this, &UserInterface::sigArrived);
+    Q_EMIT sigSendCommand(request);
+    while (answers().size() == before && arrivals.wait(PATIENCE_MS)) {
+    }
+    return answers().value(before);
 }
 
 QByteArray outcomeOf(const VX_CMD& answer) {

@@ -36,9 +36,11 @@ public:
     void send(const QUuid& request, ClUsbController* camera);
     /// Sends a request and waits for the next answer; an empty message when none comes.
     [[nodiscard]] VX_CMD ask(const QUuid& request, ClUsbController* camera);
+    [[nodiscard]] VX_CMD ask(const VX_CMD& request);
 
 Q_SIGNALS:
     void sigSendCommand(VX_CMD command);
+    void sigArrived();
 
 private:
     [[nodiscard]] QList<ClUsbController*> controllersOf(const QUuid& command) const;
