@@ -14,13 +14,14 @@ ClWidgetInfrastructure::ClWidgetInfrastructure(QWidget* parent)
     : ClWidgetBase(parent),
       m_stack(new QStackedLayout(this)) {
     m_top = addPage<ClWidgetInfrastructureTop>();
-    addPage<ClWidgetInfrastructureSearch>();
+    auto* search = addPage<ClWidgetInfrastructureSearch>();
     addPage<ClWidgetInfrastructureManual>();
     addPage<ClWidgetInfrastructureDhcp>();
     connect(m_stack, &QStackedLayout::currentChanged, this,
             &ClWidgetInfrastructure::slotChangePage);
     connect(m_top, &ClWidgetInfrastructureTop::sigUseInfra, this,
             &ClWidgetInfrastructure::sigUseInfra);
+    connectLateResults(*search);
     slotChangePage(INFRASTRUCTURE_TOP);
 }
 
@@ -30,6 +31,19 @@ Page* ClWidgetInfrastructure::addPage() {
     m_stack->addWidget(page);
     connect(page, &Page::sigChangePage, m_stack, &QStackedLayout::setCurrentIndex);
     return page;
+}
+
+// A key that the camera refuses would otherwise go unnoticed: the SSID that was accepted a moment
+// before has taken the user back to the top.
+void ClWidgetInfrastructure::connectLateResults(ClWidgetInfrastructureSearch& search) {
+    connect(this, &ClWidgetInfrastructure::sigReceiveCommand, &search,
+            [this, &search](const VX_CMD& message) {
+                if (m_relay.inner() == m_top) {
+                    search.slotReceiveLateResult(message);
+                }
+            });
+    connect(&search, &ClWidgetInfrastructureSearch::sigRefused, m_top,
+            &ClWidgetInfrastructureTop::showErrorMsgBox);
 }
 
 void ClWidgetInfrastructure::showInit(bool isPolling) {

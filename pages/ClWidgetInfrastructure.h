@@ -4,6 +4,7 @@
 #include "pages/ClMessageRelay.h"
 #include "ui/ClWidgetBase.h"
 
+class ClWidgetInfrastructureSearch;
 class ClWidgetInfrastructureTop;
 class QStackedLayout;
 
@@ -36,6 +37,9 @@ public Q_SLOTS:
 private:
     template <class Page>
     Page* addPage();
+    /// Has the top sub-page tell of a write of the search sub-page that is refused only when the
+    /// user is back at the top.
+    void connectLateResults(ClWidgetInfrastructureSearch& search);
 
     QStackedLayout* m_stack;
     ClWidgetInfrastructureTop* m_top = nullptr;

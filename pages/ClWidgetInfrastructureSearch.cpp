@@ -34,6 +34,11 @@ bool contains(const Commands& commands, const QUuid& command) {
     return std::ranges::find(commands, command) != commands.end();
 }
 
+// Of a write, only the camera's own refusal is told.
+bool isRefusedWrite(const QUuid& kind, const stCommandResult& result) {
+    return result.isFailure && kind == USB_NUBO_CMD_RESPONSE && contains(WRITES, result.command);
+}
+
 constexpr QPoint CAPTION_PLACE{35, 20};
 constexpr QRect LIST_PLACE{14, 54, 572, 364};
 constexpr int BUTTONS_Y = 423;
@@ -87,8 +92,10 @@ void ClWidgetInfrastructureSearch::slotSelect(const QString& ssid, bool isEncryp
         key = dialog.getParam().value(0).toString();
     }
     m_awaited = USB_NUBO_CMD_SET_INFRA_SSID;
+    m_underWay = {USB_NUBO_CMD_SET_INFRA_SSID};
     sendUsbCommand(USB_NUBO_CMD_SET_INFRA_SSID, {{Key::PARAM2, ssid}});
     if (isEncrypted) {
+        m_underWay.append(USB_NUBO_CMD_SET_INFRA_KEY);
         sendUsbCommand(USB_NUBO_CMD_SET_INFRA_KEY, {{Key::PARAM2, key}});
     }
 }
@@ -104,6 +111,13 @@ void ClWidgetInfrastructureSearch::slotReceiveCommand(const VX_CMD& clCommand) {
         showList(clCommand.value(Key::PARAM2).value<AccesspointList>());
     } else {
         showResult(received, stCommandResult(clCommand));
+    }
+}
+
+void ClWidgetInfrastructureSearch::slotReceiveLateResult(const VX_CMD& clCommand) {
+    const stCommandResult result(clCommand);
+    if (m_underWay.removeOne(result.command) && isRefusedWrite(getCommand(clCommand), result)) {
+        Q_EMIT sigRefused(result.code);
     }
 }
 
@@ -138,12 +152,11 @@ void ClWidgetInfrastructureSearch::showList(const AccesspointList& accesspoints)
 }
 
 void ClWidgetInfrastructureSearch::showResult(const QUuid& kind, const stCommandResult& result) {
+    m_underWay.removeOne(result.command);
     if (result.isSuccess && result.command == m_awaited) {
         Q_EMIT sigChangePage(INFRASTRUCTURE_TOP);
     }
-    // Of a write, only the camera's own refusal is told.
-    if (result.isFailure && (contains(READS, result.command) ||
-                             (kind == USB_NUBO_CMD_RESPONSE && contains(WRITES, result.command)))) {
+    if (isRefusedWrite(kind, result) || (result.isFailure && contains(READS, result.command))) {
         showErrorMsgBox(result.code);
     }
 }

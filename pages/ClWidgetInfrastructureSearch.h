@@ -13,7 +13,8 @@ struct stCommandResult;
 /// The infrastructure sub-page that lists the access points which the camera finds. It scans when
 /// it comes on show and by "Research"; a failed scan leaves the list. The access point that the
 /// user selects is written to the camera, with its key if it is encrypted; when its SSID has been
-/// accepted, the top sub-page follows. Main thread.
+/// accepted, the top sub-page follows. By then the key is still on its way: what becomes of it
+/// reaches this page as a late result. Main thread.
 class ClWidgetInfrastructureSearch : public ClWidgetBase {
     Q_OBJECT
 
@@ -25,12 +26,17 @@ public:
 
 Q_SIGNALS:
     void sigChangePage(int index);
+    /// The camera has refused a write of this page, with the result code @p error, after the page
+    /// was left.
+    void sigRefused(unsigned short error);
 
 public Q_SLOTS:
     void slotClicked();
     /// An access point of the list was selected.
     void slotSelect(const QString& ssid, bool isEncrypted);
     void slotReceiveCommand(const VX_CMD& clCommand) override;
+    /// A result that has come when the top sub-page was on show again.
+    void slotReceiveLateResult(const VX_CMD& clCommand);
 
 private:
     void showList(const AccesspointList& accesspoints);
@@ -40,5 +46,6 @@ private:
     QPushButton* m_research = nullptr;
     QPushButton* m_back = nullptr;
     QString m_linkedSsid;
-    QUuid m_awaited;  ///< the command whose success leads back to the top sub-page
+    QUuid m_awaited;          ///< the command whose success leads back to the top sub-page
+    QList<QUuid> m_underWay;  ///< the writes of the last selection that have no result yet
 };

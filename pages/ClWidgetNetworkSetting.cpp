@@ -118,6 +118,8 @@ void ClWidgetNetworkSetting::slotChangeTab(int index) {
 void ClWidgetNetworkSetting::showInit(bool isPolling) {
     if (!isPolling) {
         m_relay.inner()->showInit(false);
+        // On the ad-hoc tab, too: polling only reads there whether Wi-Fi is on, so that its box is
+        // right when the camera has switched Wi-Fi off by itself. What is edited stays.
         startPolling();
     }
     sendUsbCommand(WifiOnOffRequest::USB_RES_NUBO_CMD_GET_WIFI_ONOFF);

@@ -18,8 +18,8 @@ struct stCommandResult;
 ///
 /// It passes the command messages on between the main window and the tab on show. While it is
 /// polled it reads the on/off flag and has the check boxes of both tabs follow; the mode is read
-/// once, and from then on is what this page has set. The ad-hoc tab stops the polling, for a
-/// refresh would overwrite what the user edits there. Main thread.
+/// once, and from then on is what this page has set. Choosing the ad-hoc tab stops the polling; the
+/// values that the user edits there are never refreshed by it. Main thread.
 class ClWidgetNetworkSetting : public ClWidgetBase {
     Q_OBJECT
 

@@ -7,6 +7,9 @@
 #include <QMouseEvent>
 #include <QPainter>
 
+#include <algorithm>
+#include <array>
+
 namespace {
 
 constexpr QSize SIZE{550, 49};
@@ -50,8 +53,9 @@ void ClWidgetApInfo::mouseDoubleClickEvent(QMouseEvent* event) {
 }
 
 void ClWidgetApInfo::keyPressEvent(QKeyEvent* event) {
-    const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (isEnter && !event->isAutoRepeat()) {
+    constexpr std::array SELECTING{Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space};
+    const bool isSelecting = std::ranges::find(SELECTING, event->key()) != SELECTING.end();
+    if (isSelecting && !event->isAutoRepeat()) {
         select();
     } else {
         QWidget::keyPressEvent(event);

@@ -5,9 +5,9 @@
 
 #include <QWidget>
 
-/// An access point as a row of the list. It is selected by a double click, by Enter while it has
-/// the keyboard, or by the press action of assistive technology; a single click does nothing. Main
-/// thread.
+/// An access point as a row of the list. It is selected by a double click, by Enter or the space
+/// bar while it has the keyboard, or by the press action of assistive technology; a single click
+/// does nothing. Main thread.
 class ClWidgetApInfo : public QWidget {
     Q_OBJECT
 

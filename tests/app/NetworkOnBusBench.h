@@ -8,7 +8,9 @@
 #include "ui/ClButtonApInfo.h"
 #include "ui/ClLabelSsid.h"
 #include "ui/ClLinkCheck.h"
+#include "ui/ClWidgetApInfo.h"
 
+#include <QScrollArea>
 #include <QSignalSpy>
 
 #include <algorithm>
@@ -29,7 +31,9 @@ public:
     /// Has camera and program as at their first meeting, so that what shows has just been read, and
     /// shows the network page.
     [[nodiscard]] bool enter() {
-        clickMode(5);
+        if (!leave()) {
+            return false;
+        }
         camera->setState({});
         g_bIsWifiON = false;
         g_ulWifiMode = WIFI_MODE_UNKNOWN;
@@ -41,9 +45,27 @@ public:
         }
         page.slotChangeTab(1);
         page.slotChangeTab(0);
-        clickMode(2);
-        return QTest::qWaitFor([] { return g_ulWifiMode == WIFI_MODE_INFRASTRUCTURE; }) &&
+        show();
+        return QTest::qWaitFor([] { return g_ulWifiMode == WIFI_MODE_INFRASTRUCTURE; },
+                               PATIENCE_MS) &&
                waitForLink("Harbour") && forget();
+    }
+
+    /// Leaves the network page, and waits until nothing that was asked for is still under way.
+    [[nodiscard]] bool leave() {
+        bus.clearFaults(id);
+        forget();
+        clickMode(1);
+        // One command after another: what the page here asks for last comes last.
+        return QTest::qWaitFor([this] { return camera->codes().contains(REFRESH.last()); },
+                               PATIENCE_MS);
+    }
+
+    /// Shows the network page as a user does. It asks for nothing by itself until its top sub-page
+    /// is shown again.
+    void show() const {
+        clickMode(2);
+        page.slotStopPolling();
     }
 
     /// Whether the top sub-page soon shows the access point @p ssid.
@@ -59,6 +81,29 @@ public:
         return !selected().findChild<ClLinkCheck*>()->pixmap().isNull();
     }
     [[nodiscard]] ClButtonApInfo& selected() const { return *page.findChild<ClButtonApInfo*>(); }
+    /// Opens the search sub-page, and waits for its scan.
+    [[nodiscard]] bool openSearch() const {
+        const QWidget* former = area().widget();
+        network.click(QStringLiteral("AP search and setting"));
+        return QTest::qWaitFor([&] { return area().widget() != former; }, PATIENCE_MS) &&
+               camera->codes() == QList<int>{0x5001, 0x5002};
+    }
+    /// The access points of the list, and what they say.
+    [[nodiscard]] QList<ClWidgetApInfo*> rows() const {
+        return area().widget()->findChildren<ClWidgetApInfo*>();
+    }
+    [[nodiscard]] QStringList listed() const {
+        QStringList ssids;
+        for (const ClWidgetApInfo* row : rows()) {
+            ssids.append(row->findChild<ClLabelSsid*>()->text());
+        }
+        return ssids;
+    }
+    void select(const QString& ssid) const {
+        QTest::mouseDClick(rows().value(listed().indexOf(ssid)), Qt::LeftButton);
+    }
+    [[nodiscard]] QScrollArea& area() const { return *page.findChild<QScrollArea*>(); }
+
     void openDhcp() const { QTest::mouseClick(&selected(), Qt::LeftButton); }
 
     /// The commands since forget() that change something in the camera, whole.

@@ -2,9 +2,6 @@
 #include "tests/app/NetworkOnBusBench.h"
 #include "tests/catalogue/CataloguePackets.h"
 #include "tests/support/WireText.h"
-#include "ui/ClWidgetApInfo.h"
-
-#include <QScrollArea>
 
 #include <optional>
 
@@ -47,19 +44,20 @@ private Q_SLOTS:
     void theCamerasValuesAreShown();
     void anOpenAccesspointIsChosen();
     void anEncryptedAccesspointIsChosen();
+    void aCancelledKeyWritesNothing();
     void anSsidIsTyped();
+    void anSsidIsTypedWithoutAKey();
     void addressesAreSetByHand();
+    void dhcpIsSwitchedOn();
+    void nothingChangedIsNothingWritten();
     void adhocAndBackAndOff();
     void theAddressInTheAdhocNetworkIsSet();
     void theLongestNamesOfTheOwnNetworkAreShown();
     void pollingTellsOfALink();
-    void aRefusedWriteIsTold();
-    void aRefusedSwitchIsToldAndPutRight();
+    void theOwnNetworkIsReadOnce();
+    void aSingleChangeIsWrittenAlone();
 
 private:
-    [[nodiscard]] bool openSearch() const;
-    [[nodiscard]] QWidget* row(const QString& ssid) const;
-
     VirtualUsbBus& m_bus;
     std::optional<NetworkOnBusBench> m_bench;
 };
@@ -74,41 +72,23 @@ void NetworkOnBusTest::init() {
     QVERIFY(m_bench->enter());
 }
 
-QWidget* NetworkOnBusTest::row(const QString& ssid) const {
-    const QWidget* list = m_bench->page.findChild<QScrollArea*>()->widget();
-    for (ClWidgetApInfo* row : list->findChildren<ClWidgetApInfo*>()) {
-        if (row->findChild<ClLabelSsid*>()->text() == ssid) {
-            return row;
-        }
-    }
-    return nullptr;
-}
-
-bool NetworkOnBusTest::openSearch() const {
-    const auto* area = m_bench->page.findChild<QScrollArea*>();
-    const QWidget* former = area->widget();
-    m_bench->network.click(u"AP search and setting"_s);
-    return QTest::qWaitFor([&] { return area->widget() != former; }, PATIENCE_MS) &&
-           m_bench->camera->codes() == QList<int>{0x5001, 0x5002};
-}
-
 void NetworkOnBusTest::theCamerasValuesAreShown() {
     m_bench->camera->forgetCodes();
     g_ulWifiMode = WIFI_MODE_UNKNOWN;
-    m_bench->clickMode(2);
-    QTRY_COMPARE(m_bench->camera->codes(), NETWORK_FIRST);
-    QTRY_COMPARE(g_ulWifiMode, WIFI_MODE_INFRASTRUCTURE);
+    m_bench->show();
+    QTRY_COMPARE_WITH_TIMEOUT(m_bench->camera->codes(), NETWORK_FIRST, PATIENCE_MS);
+    QTRY_COMPARE_WITH_TIMEOUT(g_ulWifiMode, WIFI_MODE_INFRASTRUCTURE, PATIENCE_MS);
     QVERIFY(m_bench->network.box(INFRASTRUCTURE).isChecked());
     QVERIFY(!m_bench->network.box(ADHOC).isChecked());
     QVERIFY(m_bench->waitForLink("Harbour"));
     m_bench->camera->forgetCodes();
-    m_bench->clickMode(2);
-    QTRY_COMPARE(m_bench->camera->codes(), NETWORK_REFRESH);
+    m_bench->show();
+    QTRY_COMPARE_WITH_TIMEOUT(m_bench->camera->codes(), NETWORK_REFRESH, PATIENCE_MS);
 }
 
 void NetworkOnBusTest::anOpenAccesspointIsChosen() {
-    QVERIFY(openSearch());
-    QTest::mouseDClick(row(u"Guest"_s), Qt::LeftButton);
+    QVERIFY(m_bench->openSearch());
+    m_bench->select(u"Guest"_s);
     QVERIFY(m_bench->waitForAccesspoint(u"Guest"_s));
     QCOMPARE(m_bench->written(),
              QList<QByteArray>{text("21000000", "3b58", "05000000 4775657374")});
@@ -119,8 +99,8 @@ void NetworkOnBusTest::anOpenAccesspointIsChosen() {
     QCOMPARE(state.settings.infraKey, "breakwater");
     state.settings.wifi.ssid = "Guest";
     m_bench->camera->setState(state);
-    m_bench->clickMode(2);
-    QTRY_VERIFY(m_bench->isLinked());
+    m_bench->show();
+    QTRY_VERIFY_WITH_TIMEOUT(m_bench->isLinked(), PATIENCE_MS);
 }
 
 void NetworkOnBusTest::anEncryptedAccesspointIsChosen() {
@@ -128,15 +108,26 @@ void NetworkOnBusTest::anEncryptedAccesspointIsChosen() {
         QTest::keyClicks(box.findChild<QLineEdit*>(), LONGEST_KEY);
         acceptBox(box);
     });
-    QVERIFY(openSearch());
-    QTest::mouseDClick(row(LONGEST_SSID), Qt::LeftButton);
+    QVERIFY(m_bench->openSearch());
+    m_bench->select(LONGEST_SSID);
     QVERIFY(m_bench->waitForAccesspoint(LONGEST_SSID));
-    QTRY_COMPARE(m_bench->written(),
-                 (QList<QByteArray>{text("3c000000", "3b58", LONGEST_SSID_WIRE),
-                                    text("5b000000", "3c58", LONGEST_KEY_WIRE)}));
-    const CameraSettings settings = m_bench->camera->state().settings;
-    QCOMPARE(QString::fromStdString(settings.infraSsid), LONGEST_SSID);
-    QCOMPARE(QString::fromStdString(settings.infraKey), LONGEST_KEY);
+    QTRY_COMPARE_WITH_TIMEOUT(m_bench->written(),
+                              (QList<QByteArray>{text("3c000000", "3b58", LONGEST_SSID_WIRE),
+                                                 text("5b000000", "3c58", LONGEST_KEY_WIRE)}),
+                              PATIENCE_MS);
+    QTRY_COMPARE_WITH_TIMEOUT(m_bench->camera->state().settings.infraKey, LONGEST_KEY.toStdString(),
+                              PATIENCE_MS);
+    QCOMPARE(m_bench->camera->state().settings.infraSsid, LONGEST_SSID.toStdString());
+}
+
+void NetworkOnBusTest::aCancelledKeyWritesNothing() {
+    m_bench->user.setAction(rejectBox);
+    QVERIFY(m_bench->openSearch());
+    m_bench->select(LONGEST_SSID);
+    QVERIFY(m_bench->network.shows(u"Research"_s));
+    QVERIFY(m_bench->leave());
+    QVERIFY(m_bench->written().isEmpty());
+    QCOMPARE(m_bench->camera->state().settings.infraSsid, "Harbour");
 }
 
 void NetworkOnBusTest::anSsidIsTyped() {
@@ -153,9 +144,19 @@ void NetworkOnBusTest::anSsidIsTyped() {
                                                     text("1e000000", "3c58", "02000000 6b31")}));
 }
 
+void NetworkOnBusTest::anSsidIsTypedWithoutAKey() {
+    m_bench->network.click(u"AP manual setting"_s);
+    m_bench->network.type(u"SSID"_s, u"a"_s);
+    m_bench->network.click(u"Decision"_s);
+    QVERIFY(m_bench->waitForAccesspoint(u"a"_s));
+    QVERIFY(m_bench->network.shows(u"AP of selecting"_s));
+    QCOMPARE(m_bench->written(), QList<QByteArray>{text("1d000000", "3b58", "01000000 61")});
+}
+
 void NetworkOnBusTest::addressesAreSetByHand() {
     m_bench->openDhcp();
-    QTRY_COMPARE(m_bench->network.edit(u"Default Gateway"_s).text(), u"192.168.0.1"_s);
+    QTRY_COMPARE_WITH_TIMEOUT(m_bench->network.edit(u"Default Gateway"_s).text(), u"192.168.0.1"_s,
+                              PATIENCE_MS);
     QCOMPARE(m_bench->camera->codes(), (QList<int>{0x5008, 0x5009, 0x500A, 0x500B}));
     QVERIFY(m_bench->network.isChecked(u"ON"_s));
     m_bench->network.click(u"OFF"_s);
@@ -164,7 +165,7 @@ void NetworkOnBusTest::addressesAreSetByHand() {
     m_bench->network.type(u"Default Gateway"_s, u"172.16.0.1"_s);
     m_bench->forget();
     m_bench->network.click(u"Decision"_s);
-    QTRY_VERIFY(m_bench->network.shows(u"AP of selecting"_s));
+    QTRY_VERIFY_WITH_TIMEOUT(m_bench->network.shows(u"AP of selecting"_s), PATIENCE_MS);
     QCOMPARE(m_bench->written(),
              (QList<QByteArray>{plain("0858", "01000000"), plain("0958", "09fe10ac"),
                                 plain("0a58", "0000ffff"), plain("0b58", "010010ac")}));
@@ -172,47 +173,83 @@ void NetworkOnBusTest::addressesAreSetByHand() {
     QCOMPARE(m_bench->camera->state().settings.infraAddress, 0xAC10FE09U);
 }
 
+void NetworkOnBusTest::dhcpIsSwitchedOn() {
+    CameraState state = m_bench->camera->state();
+    state.settings.infraUseDhcp = kOff;
+    m_bench->camera->setState(state);
+    m_bench->openDhcp();
+    QTRY_COMPARE_WITH_TIMEOUT(m_bench->network.edit(u"Default Gateway"_s).text(), u"192.168.0.1"_s,
+                              PATIENCE_MS);
+    QVERIFY(m_bench->network.isChecked(u"OFF"_s));
+    m_bench->network.click(u"ON"_s);
+    m_bench->network.click(u"Decision"_s);
+    QTRY_VERIFY_WITH_TIMEOUT(m_bench->network.shows(u"AP of selecting"_s), PATIENCE_MS);
+    QCOMPARE(m_bench->written(), QList<QByteArray>{plain("0858", "02000000")});
+}
+
+void NetworkOnBusTest::nothingChangedIsNothingWritten() {
+    m_bench->openDhcp();
+    QTRY_COMPARE_WITH_TIMEOUT(m_bench->network.edit(u"Default Gateway"_s).text(), u"192.168.0.1"_s,
+                              PATIENCE_MS);
+    m_bench->network.click(u"Decision"_s);
+    QVERIFY(m_bench->network.shows(u"AP of selecting"_s));
+    m_bench->network.clickTab(ADHOC);
+    QTRY_COMPARE_WITH_TIMEOUT(m_bench->network.edit(u"Subnetmask"_s).text(), u"255.255.255.0"_s,
+                              PATIENCE_MS);
+    m_bench->network.click(u"Decision"_s);
+    QVERIFY(m_bench->network.shows(u"AP of selecting"_s));
+    QVERIFY(m_bench->written().isEmpty());
+    // Nor later on.
+    QVERIFY(m_bench->leave());
+    QVERIFY(m_bench->written().isEmpty());
+}
+
 void NetworkOnBusTest::adhocAndBackAndOff() {
     m_bench->network.clickTab(ADHOC);
     m_bench->network.clickBox(ADHOC);
     QVERIFY(!m_bench->network.box(INFRASTRUCTURE).isChecked());
-    QTRY_COMPARE(m_bench->written(), QList<QByteArray>{plain("0358", "02000000")});
-    QCOMPARE(m_bench->camera->state().settings.wifiMode, 2U);
+    QTRY_COMPARE_WITH_TIMEOUT(m_bench->written(), QList<QByteArray>{plain("0358", "02000000")},
+                              PATIENCE_MS);
+    QTRY_COMPARE_WITH_TIMEOUT(m_bench->camera->state().settings.wifiMode, 2U, PATIENCE_MS);
 
     m_bench->network.clickTab(INFRASTRUCTURE);
     QVERIFY(!m_bench->network.box(INFRASTRUCTURE).isChecked());
     m_bench->forget();
     m_bench->network.clickBox(INFRASTRUCTURE);
     QVERIFY(!m_bench->network.box(ADHOC).isChecked());
-    QTRY_COMPARE(m_bench->written(), QList<QByteArray>{plain("0358", "01000000")});
+    QTRY_COMPARE_WITH_TIMEOUT(m_bench->written(), QList<QByteArray>{plain("0358", "01000000")},
+                              PATIENCE_MS);
 
     m_bench->forget();
     m_bench->network.clickBox(INFRASTRUCTURE);
-    QTRY_COMPARE(m_bench->written(), QList<QByteArray>{plain("4758", "01000000")});
-    m_bench->clickMode(2);
-    QTRY_VERIFY(!g_bIsWifiON);
+    QTRY_COMPARE_WITH_TIMEOUT(m_bench->written(), QList<QByteArray>{plain("4758", "01000000")},
+                              PATIENCE_MS);
+    m_bench->show();
+    QTRY_VERIFY_WITH_TIMEOUT(!g_bIsWifiON, PATIENCE_MS);
     QVERIFY(!m_bench->network.box(INFRASTRUCTURE).isChecked());
 
     // On again, in the other mode: Wi-Fi first.
     m_bench->network.clickTab(ADHOC);
     m_bench->forget();
     m_bench->network.clickBox(ADHOC);
-    QTRY_COMPARE(m_bench->written(),
-                 (QList<QByteArray>{plain("4758", "02000000"), plain("0358", "02000000")}));
-    m_bench->clickMode(2);
-    QTRY_VERIFY(g_bIsWifiON);
+    QTRY_COMPARE_WITH_TIMEOUT(
+        m_bench->written(),
+        (QList<QByteArray>{plain("4758", "02000000"), plain("0358", "02000000")}), PATIENCE_MS);
+    m_bench->show();
+    QTRY_VERIFY_WITH_TIMEOUT(g_bIsWifiON, PATIENCE_MS);
     QVERIFY(m_bench->network.box(ADHOC).isChecked());
 }
 
 void NetworkOnBusTest::theAddressInTheAdhocNetworkIsSet() {
     m_bench->network.clickTab(ADHOC);
-    QTRY_COMPARE(m_bench->network.edit(u"Subnetmask"_s).text(), u"255.255.255.0"_s);
+    QTRY_COMPARE_WITH_TIMEOUT(m_bench->network.edit(u"Subnetmask"_s).text(), u"255.255.255.0"_s,
+                              PATIENCE_MS);
     QCOMPARE(m_bench->network.edit(u"IP Address"_s).text(), u"192.168.10.1"_s);
     m_bench->network.type(u"IP Address"_s, u"10.1.2.3"_s);
     m_bench->network.type(u"Subnetmask"_s, u"255.0.0.0"_s);
     m_bench->forget();
     m_bench->network.click(u"Decision"_s);
-    QTRY_VERIFY(m_bench->network.shows(u"AP of selecting"_s));
+    QTRY_VERIFY_WITH_TIMEOUT(m_bench->network.shows(u"AP of selecting"_s), PATIENCE_MS);
     QCOMPARE(m_bench->written(),
              (QList<QByteArray>{plain("0658", "0302010a"), plain("0758", "000000ff")}));
 }
@@ -223,7 +260,8 @@ void NetworkOnBusTest::theLongestNamesOfTheOwnNetworkAreShown() {
     state.identity.adhocKey = LONGEST_KEY.toStdString();
     m_bench->camera->setState(state);
     m_bench->network.clickTab(ADHOC);
-    QTRY_COMPARE(m_bench->network.edit(u"Subnetmask"_s).text(), u"255.255.255.0"_s);
+    QTRY_COMPARE_WITH_TIMEOUT(m_bench->network.edit(u"Subnetmask"_s).text(), u"255.255.255.0"_s,
+                              PATIENCE_MS);
     for (const QString& name : {LONGEST_SSID, LONGEST_KEY}) {
         const QLabel& label = m_bench->network.label(name);
         QVERIFY(label.geometry().right() < label.parentWidget()->width());
@@ -235,42 +273,36 @@ void NetworkOnBusTest::pollingTellsOfALink() {
     state.settings.infraSsid = "Workshop";
     state.settings.wifi.ssid = "Workshop";
     m_bench->camera->setState(state);
+    m_bench->page.slotStartPolling();
     QVERIFY(m_bench->waitForLink("Workshop"));
     QCOMPARE(m_bench->camera->codes(), (QList<int>{0x5047, 0x503B, 0x5001}));
 }
 
-void NetworkOnBusTest::aRefusedWriteIsTold() {
-    m_bench->openDhcp();
-    QTRY_COMPARE(m_bench->network.edit(u"Default Gateway"_s).text(), u"192.168.0.1"_s);
-    m_bench->network.click(u"OFF"_s);
-    m_bus.addFault(
-        m_bench->id,
-        {.kind = FaultKind::CameraError, .argument = 0xFFFB, .unit = FaultUnit::Command});
-    const qsizetype before = m_bench->user.boxes().size();
-    m_bench->network.click(u"Decision"_s);
-    QTRY_COMPARE(m_bench->user.boxes().size(), before + 1);
-    QCOMPARE(m_bench->user.texts().last(), u"Parameter setting failed"_s);
-    QVERIFY(m_bench->network.shows(u"DHCP"_s));
+void NetworkOnBusTest::theOwnNetworkIsReadOnce() {
+    m_bench->network.clickTab(ADHOC);
+    QTRY_COMPARE_WITH_TIMEOUT(m_bench->camera->codes(),
+                              (QList<int>{0x4004, 0x4005, 0x5006, 0x5007}), PATIENCE_MS);
+    QVERIFY(m_bench->network.shows(u"NuBo-0001"_s));
+    QTRY_COMPARE_WITH_TIMEOUT(m_bench->network.edit(u"Subnetmask"_s).text(), u"255.255.255.0"_s,
+                              PATIENCE_MS);
+    m_bench->network.clickTab(INFRASTRUCTURE);
+    QTRY_COMPARE_WITH_TIMEOUT(m_bench->camera->codes().last(), 0x5001, PATIENCE_MS);
     m_bench->forget();
-    m_bench->network.click(u"Decision"_s);
-    QTRY_VERIFY(m_bench->network.shows(u"AP of selecting"_s));
-    QCOMPARE(m_bench->written(), QList<QByteArray>{plain("0858", "01000000")});
+    m_bench->network.clickTab(ADHOC);
+    QTRY_COMPARE_WITH_TIMEOUT(m_bench->camera->codes(), (QList<int>{0x5006, 0x5007}), PATIENCE_MS);
 }
 
-void NetworkOnBusTest::aRefusedSwitchIsToldAndPutRight() {
-    m_bus.addFault(
-        m_bench->id,
-        {.kind = FaultKind::CameraError, .argument = 0xFFF9, .unit = FaultUnit::Command});
-    const qsizetype before = m_bench->user.boxes().size();
-    m_bench->network.clickBox(INFRASTRUCTURE);
-    QTRY_COMPARE(m_bench->user.boxes().size(), before + 1);
-    QCOMPARE(m_bench->user.texts().last(), u"Exec failed, unknown error"_s);
-    QVERIFY(!m_bench->network.box(INFRASTRUCTURE).isChecked());
-    // The fault has turned the answer only: a camera that refuses stays as it is.
-    m_bench->camera->set("wifi", "on");
-    m_bench->clickMode(2);
-    QTRY_VERIFY(m_bench->network.box(INFRASTRUCTURE).isChecked());
-    QCOMPARE(m_bench->user.boxes().size(), before + 1);
+void NetworkOnBusTest::aSingleChangeIsWrittenAlone() {
+    m_bench->openDhcp();
+    QTRY_COMPARE_WITH_TIMEOUT(m_bench->network.edit(u"Default Gateway"_s).text(), u"192.168.0.1"_s,
+                              PATIENCE_MS);
+    m_bench->network.click(u"OFF"_s);
+    m_bench->network.type(u"Default Gateway"_s, u"192.168.0.254"_s);
+    // A user who thinks again.
+    m_bench->network.click(u"ON"_s);
+    m_bench->network.click(u"Decision"_s);
+    QTRY_VERIFY_WITH_TIMEOUT(m_bench->network.shows(u"AP of selecting"_s), PATIENCE_MS);
+    QCOMPARE(m_bench->written(), QList<QByteArray>{plain("0b58", "fe00a8c0")});
 }
 
 int main(int argc, char** argv) {

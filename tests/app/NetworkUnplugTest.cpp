@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "tests/app/NetworkOnBusBench.h"
-#include "ui/ClWidgetApInfo.h"
 
 #include <optional>
 
@@ -36,26 +35,34 @@ void NetworkUnplugTest::initTestCase() {
 }
 
 void NetworkUnplugTest::openSubPage(const QString& name) {
-    if (name == "search"_L1) {
-        m_bench->network.click(u"AP search and setting"_s);
-        QTRY_VERIFY(m_bench->page.findChild<ClWidgetApInfo*>() != nullptr);
+    if (name == "search"_L1 || name == "scan"_L1) {
+        QVERIFY(m_bench->openSearch());
     } else if (name == "manual"_L1) {
         m_bench->network.click(u"AP manual setting"_s);
         m_bench->network.type(u"SSID"_s, u"Harbour"_s);
     } else if (name == "DHCP"_L1) {
         m_bench->openDhcp();
-        QTRY_VERIFY(m_bench->network.isChecked(u"ON"_s));
+        QTRY_COMPARE_WITH_TIMEOUT(m_bench->network.edit(u"Default Gateway"_s).text(),
+                                  u"192.168.0.1"_s, PATIENCE_MS);
         m_bench->network.click(u"OFF"_s);
     } else if (name == "ad hoc"_L1) {
         m_bench->network.clickTab(ADHOC);
-        QTRY_COMPARE(m_bench->network.edit(u"Subnetmask"_s).text(), u"255.255.255.0"_s);
+        QTRY_COMPARE_WITH_TIMEOUT(m_bench->network.edit(u"Subnetmask"_s).text(), u"255.255.255.0"_s,
+                                  PATIENCE_MS);
         m_bench->network.type(u"IP Address"_s, u"10.1.2.3"_s);
     }
 }
 
 void NetworkUnplugTest::decide(const QString& name) {
     if (name == "search"_L1) {
-        QTest::mouseDClick(m_bench->page.findChild<ClWidgetApInfo*>(), Qt::LeftButton);
+        m_bench->select(u"Harbour"_s);
+    } else if (name == "scan"_L1) {
+        // Long enough to be interrupted.
+        CameraState state = m_bench->camera->state();
+        state.accessPoints.resize(500, {"Harbour", 6, 4, 72});
+        m_bench->camera->setState(state);
+        m_bench->network.click(u"Research"_s);
+        QTRY_VERIFY_WITH_TIMEOUT(m_bench->camera->codes().contains(0x5002), PATIENCE_MS);
     } else {
         m_bench->network.click(u"Decision"_s);
     }
@@ -69,6 +76,7 @@ void NetworkUnplugTest::nothingIsSentUntilItIsBack_data() {
     }
     QTest::newRow("search, key dialog") << u"search"_s << true;
     QTest::newRow("manual, key dialog") << u"manual"_s << true;
+    QTest::newRow("search, scanning") << u"scan"_s << true;
     QTest::newRow("DHCP, writing") << u"DHCP"_s << true;
 }
 
@@ -89,7 +97,7 @@ void NetworkUnplugTest::nothingIsSentUntilItIsBack() {
         m_bench->user.setAction([&](QWidget& box) {
             QTest::keyClicks(box.findChild<QLineEdit*>(), u"key"_s);
             unplug();
-            QTRY_VERIFY(!box.isVisible());
+            QTRY_VERIFY_WITH_TIMEOUT(!box.isVisible(), PATIENCE_MS);
         });
         decide(name);
         QCOMPARE(m_bench->user.boxes().size(), boxes + 1);

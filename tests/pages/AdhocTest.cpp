@@ -52,6 +52,7 @@ private Q_SLOTS:
     void theBoxIsCheckedOnlyWhileWifiIsOn_data();
     void theBoxIsCheckedOnlyWhileWifiIsOn();
     void backLeavesWithoutWriting();
+    void returnIsDecision();
     void nothingChangedLeavesAtOnce();
     void whatChangedIsWritten_data();
     void whatChangedIsWritten();
@@ -246,6 +247,15 @@ void AdhocTest::backLeavesWithoutWriting() {
     m_bench->user.click(u"Back"_s);
     QCOMPARE(m_left, QList<int>{0});
     QCOMPARE(m_bench->takeSent(), QStringList());
+}
+
+void AdhocTest::returnIsDecision() {
+    readFromCamera();
+    m_bench->user.type(ADDRESS, u"10.0.0.7"_s);
+    for (const QString& caption : {ADDRESS, SUBNETMASK}) {
+        QTest::keyClick(&m_bench->user.edit(caption), Qt::Key_Return);
+        QCOMPARE(m_bench->takeSent(), QStringList{SET_ADDRESS});
+    }
 }
 
 void AdhocTest::nothingChangedLeavesAtOnce() {

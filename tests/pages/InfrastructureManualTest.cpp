@@ -30,6 +30,7 @@ private Q_SLOTS:
     void showingThePageAsksForNothing();
     void onlySsidsCanBeTyped_data();
     void onlySsidsCanBeTyped();
+    void everyPrintableCharacterCanBeTyped();
     void returnIsDecision();
     void anEmptySsidDoesNothing();
     void theKeyIsAskedFor();
@@ -120,6 +121,21 @@ void InfrastructureManualTest::onlySsidsCanBeTyped() {
     // A letter beyond ASCII.
     QTest::sendKeyEvent(QTest::Click, &ssid(), Qt::Key_Eacute, u"é"_s, Qt::NoModifier);
     QTEST(ssid().text(), "shown");
+}
+
+void InfrastructureManualTest::everyPrintableCharacterCanBeTyped() {
+    QString printable;
+    for (char16_t character = u'!'; character <= u'~'; ++character) {
+        printable.append(character);
+    }
+    QCOMPARE(printable.size(), 94);
+    for (qsizetype from = 0; from < printable.size(); from += 32) {
+        const QString typed = printable.mid(from, 32);
+        m_bench->user.type(u"SSID"_s, typed);
+        m_bench->user.click(u"Decision"_s);
+        QCOMPARE(m_bench->takeSent(),
+                 QStringList{u"USB_NUBO_CMD_SET_INFRA_SSID QString "_s + typed});
+    }
 }
 
 void InfrastructureManualTest::returnIsDecision() {

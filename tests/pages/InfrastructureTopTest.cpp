@@ -48,6 +48,7 @@ private Q_SLOTS:
 
     void everythingStandsAtItsPlace();
     void itsTextsAreTheNetworkPages();
+    void theTabKeyFollowsTheEye();
     void theButtonHasANameWhileItIsEmpty();
 
     void theBoxTellsWhatTheUserWants();
@@ -148,6 +149,19 @@ void InfrastructureTopTest::itsTextsAreTheNetworkPages() {
     QCOMPARE(texts, (QStringList{QString(), u"ClWidgetNetworkSetting|AP search and setting"_s,
                                  u"ClWidgetNetworkSetting|AP manual setting"_s,
                                  u"ClWidgetNetworkSetting|AP of selecting"_s}));
+}
+
+void InfrastructureTopTest::theTabKeyFollowsTheEye() {
+    page().activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&page()));
+    page().findChild<QCheckBox*>()->setFocus();
+    for (QWidget* stop :
+         QList<QWidget*>{page().findChild<QCheckBox*>(), page().findChild<ClButtonApInfo*>(),
+                         &m_bench->user.button(u"AP search and setting"_s),
+                         &m_bench->user.button(u"AP manual setting"_s)}) {
+        QCOMPARE(QApplication::focusWidget(), stop);
+        QTest::keyClick(stop, Qt::Key_Tab);
+    }
 }
 
 void InfrastructureTopTest::theButtonHasANameWhileItIsEmpty() {

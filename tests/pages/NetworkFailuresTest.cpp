@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
+#include "pages/ClWidgetInfrastructureTop.h"
+#include "tests/pages/AccesspointMessages.h"
 #include "tests/pages/NetworkBench.h"
 #include "tests/ui/ManualClock.h"
+#include "ui/ClWidgetApInfo.h"
 
 #include <QApplication>
 
@@ -40,10 +43,15 @@ private Q_SLOTS:
     void aFailureBehindABoxAddsNone();
     void showingThePageStartsAnew();
     void theBoxesStayAsTheUserHasThem();
+    void aKeyRefusedAfterItsSsidWasAcceptedIsTold();
+    void aRefusalThatComesAfterBackIsTold();
+    void lateResultsOfOthersAreLeftAlone();
 
 private:
     /// Whether the page, five seconds on, refreshes itself.
     [[nodiscard]] bool isPolled();
+    /// Chooses an encrypted access point on the search sub-page, with a key.
+    void selectWithKey();
 
     ManualClock& m_clock;
     std::optional<NetworkBench> m_bench;
@@ -205,6 +213,72 @@ void NetworkFailuresTest::theBoxesStayAsTheUserHasThem() {
     QVERIFY(m_bench->user.isChecked(u"Connect Infrastructure on startup"_s));
     m_bench->answerOnOff(false);
     QVERIFY(!m_bench->user.isChecked(u"Connect Infrastructure on startup"_s));
+}
+
+void NetworkFailuresTest::selectWithKey() {
+    m_bench->boxes.setAction([](QWidget& box) {
+        if (auto* key = box.findChild<QLineEdit*>()) {
+            QTest::keyClicks(key, u"key1"_s);
+        }
+        acceptBox(box);
+    });
+    m_bench->user.click(u"AP search and setting"_s);
+    m_bench->page.slotReceiveCommand(scanAnswer({{u"Quay"_s, {}, 0, 4, 0, 50}}));
+    QTest::mouseDClick(m_bench->page.findChild<ClWidgetApInfo*>(), Qt::LeftButton);
+    m_bench->boxes.forgetBoxes();
+}
+
+void NetworkFailuresTest::aKeyRefusedAfterItsSsidWasAcceptedIsTold() {
+    selectWithKey();
+    m_bench->succeed(USB_NUBO_CMD_SET_INFRA_SSID);
+    QVERIFY(m_bench->user.shows(u"AP of selecting"_s));
+    QVERIFY(m_bench->boxes.boxes().isEmpty());
+    m_bench->respond(USB_NUBO_CMD_SET_INFRA_KEY, 0xFFFB);
+    QCOMPARE(m_bench->boxes.texts(), QStringList{u"Parameter setting failed"_s});
+    // It stays on the top page, which goes on as before.
+    QCOMPARE(m_bench->boxes.boxes().first().parent,
+             m_bench->page.findChild<ClWidgetInfrastructureTop*>());
+    QVERIFY(!g_bIsShowError);
+    QVERIFY(isPolled());
+    // One write, one result.
+    m_bench->respond(USB_NUBO_CMD_SET_INFRA_KEY, 0xFFFB);
+    QCOMPARE(m_bench->boxes.boxes().size(), 1);
+}
+
+void NetworkFailuresTest::aRefusalThatComesAfterBackIsTold() {
+    selectWithKey();
+    m_bench->user.click(u"Back"_s);
+    m_bench->respond(USB_NUBO_CMD_SET_INFRA_SSID, 0xFFFB);
+    m_bench->respond(USB_NUBO_CMD_SET_INFRA_KEY, 0xFFFC);
+    QCOMPARE(m_bench->boxes.texts(),
+             (QStringList{u"Parameter setting failed"_s, u"Command error, version up"_s}));
+    QVERIFY(m_bench->user.shows(u"AP of selecting"_s));
+}
+
+void NetworkFailuresTest::lateResultsOfOthersAreLeftAlone() {
+    // Told on the search page itself: not again.
+    selectWithKey();
+    m_bench->respond(USB_NUBO_CMD_SET_INFRA_KEY, 0xFFFB);
+    m_bench->succeed(USB_NUBO_CMD_SET_INFRA_SSID);
+    QCOMPARE(m_bench->boxes.boxes().size(), 1);
+    m_bench->respond(USB_NUBO_CMD_SET_INFRA_KEY, 0xFFFB);
+    m_bench->respond(USB_NUBO_CMD_SET_INFRA_SSID, 0xFFFB);
+    QCOMPARE(m_bench->boxes.boxes().size(), 1);
+    // Nor on a page that tells of it anyway.
+    selectWithKey();
+    m_bench->user.click(u"Back"_s);
+    m_bench->user.click(u"AP manual setting"_s);
+    m_bench->respond(USB_NUBO_CMD_SET_INFRA_KEY, 0xFFFB);
+    QCOMPARE(m_bench->boxes.boxes().size(), 1);
+    m_bench->user.click(u"Back"_s);
+    // Neither a success nor, as on the search page, a write that was lost.
+    selectWithKey();
+    m_bench->succeed(USB_NUBO_CMD_SET_INFRA_SSID);
+    m_bench->fail(USB_NUBO_CMD_SET_INFRA_KEY, 0xEF03);
+    selectWithKey();
+    m_bench->succeed(USB_NUBO_CMD_SET_INFRA_SSID);
+    m_bench->succeed(USB_NUBO_CMD_SET_INFRA_KEY);
+    QVERIFY(m_bench->boxes.boxes().isEmpty());
 }
 
 int main(int argc, char** argv) {

@@ -16,6 +16,8 @@ private Q_SLOTS:
 
     void aClickSwitchesTheCamera_data();
     void aClickSwitchesTheCamera();
+    void theNextPollShowsACameraThatRefused_data() { aClickSwitchesTheCamera_data(); }
+    void theNextPollShowsACameraThatRefused();
     void theWritesNameTheirSender();
     void theNextPollPutsAFailedChangeRight();
 
@@ -102,6 +104,35 @@ void NetworkModeTest::aClickSwitchesTheCamera() {
     QCOMPARE(m_bench->takeSent(), QStringList());
     QCOMPARE(boxes(), (QList<bool>{isChecked && clicked == 1, isChecked && clicked == 2}));
     QCOMPARE(g_bIsWifiON, isChecked);
+}
+
+void NetworkModeTest::theNextPollShowsACameraThatRefused() {
+    QFETCH(const bool, isOn);
+    QFETCH(const quint32, mode);
+    QFETCH(const quint32, clicked);
+    QFETCH(const bool, isChecked);
+    QFETCH(const QList<bool>, after);
+    const QString tab = clicked == 1 ? INFRASTRUCTURE : ADHOC;
+    m_bench->network.clickTab(tab);
+    start(isOn, mode);
+    m_bench->network.box(tab).setChecked(!isChecked);
+    m_bench->network.clickBox(tab);
+    m_bench->takeSent();
+
+    m_bench->answerOnOff(isOn);
+    if (!isOn) {
+        QCOMPARE(boxes(), (QList<bool>{false, false}));
+        QCOMPARE(m_bench->takeSent(), QStringList());
+    } else if (isChecked) {
+        // What was set last counts as the mode from then on.
+        QCOMPARE(boxes(), (QList<bool>{clicked == 1, clicked == 2}));
+        QCOMPARE(m_bench->takeSent(), QStringList());
+    } else {
+        QCOMPARE(boxes(), after);
+        QCOMPARE(m_bench->takeSent(), QStringList{GET_MODE});
+        m_bench->answerMode(mode);
+        QCOMPARE(boxes(), mode == 0 ? after : (QList<bool>{mode == 1, mode == 2}));
+    }
 }
 
 void NetworkModeTest::theWritesNameTheirSender() {

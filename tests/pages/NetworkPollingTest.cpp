@@ -108,7 +108,15 @@ void NetworkPollingTest::theAdhocTabShownAnewLearnsOfTheWifiOnly() {
     enter();
     m_bench->network.clickTab(ADHOC);
     m_bench->page.showInit(false);
+    m_bench->answerOnOff(true);
+    m_bench->answerMode(2);
+    m_bench->user.type(u"IP Address"_s, u"10.1.2.3"_s);
+    QVERIFY(m_bench->network.box(ADHOC).isChecked());
     QCOMPARE(sentAfter(10s), (QStringList{GET_ONOFF, GET_ONOFF}));
+    // The camera has switched Wi-Fi off by itself.
+    m_bench->answerOnOff(false);
+    QVERIFY(!m_bench->network.box(ADHOC).isChecked());
+    QCOMPARE(m_bench->user.edit(u"IP Address"_s).text(), u"10.1.2.3"_s);
 }
 
 void NetworkPollingTest::leavingTheAdhocTabStartsThePollingAgain() {

@@ -52,8 +52,8 @@ private Q_SLOTS:
     void aCancelledKeyWritesNothing();
     void anEmptyKeyIsRefusedAndWritesNothing();
     void aSingleOrARightClickDoesNothing();
+    void theTabKeyFollowsTheEye();
     void keyboardAndScreenReaderSelectToo();
-
     void aScreenReaderOpensOneDialogAtATime();
 
     void theAcceptedSsidLeadsBack();
@@ -183,10 +183,31 @@ void SearchSelectionTest::aSingleOrARightClickDoesNothing() {
     QVERIFY(m_bench->takeSent().isEmpty());
 }
 
+void SearchSelectionTest::theTabKeyFollowsTheEye() {
+    page().activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&page()));
+    row(0).setFocus();
+    // A new list takes the place of the old one.
+    for (int round = 0; round < 2; ++round) {
+        for (QWidget* stop : QList<QWidget*>{&row(0), &m_bench->user.button(u"Research"_s),
+                                             &m_bench->user.button(u"Back"_s)}) {
+            QCOMPARE(QApplication::focusWidget(), stop);
+            if (stop == &m_bench->user.button(u"Research"_s)) {
+                page().slotReceiveCommand(scanAnswer(FOUND));
+            }
+            QTest::keyClick(stop, Qt::Key_Tab);
+        }
+    }
+}
+
 void SearchSelectionTest::keyboardAndScreenReaderSelectToo() {
-    row(OPEN).setFocus();
-    QTest::keyClick(&row(OPEN), Qt::Key_Return);
-    QCOMPARE(m_bench->takeSent(), QStringList{SET_SSID.arg(u"Quay"_s)});
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Space}) {
+        row(0).setFocus();
+        QTest::keyClick(&row(0), Qt::Key_Down);
+        QTest::keyClick(QApplication::focusWidget(), key);
+        QCOMPARE(m_bench->takeSent(), QStringList{SET_SSID.arg(u"Quay"_s)});
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Up);
+    }
 
     willTypeKey(u"Key9"_s);
     pressByScreenReader(ENCRYPTED);

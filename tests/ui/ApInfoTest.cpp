@@ -62,9 +62,10 @@ private Q_SLOTS:
     void otherClicksSelectNothing_data();
     void otherClicksSelectNothing();
     void aPressIsNotTakenForADragOfTheWindow();
-    void enterSelects_data();
-    void enterSelects();
-    void aHeldEnterSelectsOnce();
+    void aKeySelects_data();
+    void aKeySelects();
+    void aHeldKeySelectsOnce_data();
+    void aHeldKeySelectsOnce();
     void showsThatItHasTheKeyboard();
     void mayGoWhileItIsSelected();
     void theButtonIsPressedByMouseAndKey();
@@ -253,25 +254,33 @@ void ApInfoTest::aPressIsNotTakenForADragOfTheWindow() {
     m_row->setParent(m_window.get());
 }
 
-void ApInfoTest::enterSelects_data() {
+void ApInfoTest::aKeySelects_data() {
     QTest::addColumn<Qt::Key>("key");
     QTest::addColumn<qsizetype>("count");
     QTest::newRow("Return") << Qt::Key_Return << qsizetype(1);
     QTest::newRow("Enter") << Qt::Key_Enter << qsizetype(1);
+    QTest::newRow("space bar") << Qt::Key_Space << qsizetype(1);
     QTest::newRow("letter") << Qt::Key_A << qsizetype(0);
 }
 
-void ApInfoTest::enterSelects() {
+void ApInfoTest::aKeySelects() {
     QFETCH(Qt::Key, key);
     const QSignalSpy selected(m_row, &ClWidgetApInfo::sigSelect);
     QTest::keyClick(m_row, key);
     QTEST(selected.size(), "count");
 }
 
-void ApInfoTest::aHeldEnterSelectsOnce() {
+void ApInfoTest::aHeldKeySelectsOnce_data() {
+    QTest::addColumn<Qt::Key>("key");
+    QTest::newRow("Return") << Qt::Key_Return;
+    QTest::newRow("space bar") << Qt::Key_Space;
+}
+
+void ApInfoTest::aHeldKeySelectsOnce() {
+    QFETCH(Qt::Key, key);
     const QSignalSpy selected(m_row, &ClWidgetApInfo::sigSelect);
     for (const bool isRepeat : {false, true, true}) {
-        QKeyEvent press(QEvent::KeyPress, Qt::Key_Return, {}, u"\r"_s, isRepeat);
+        QKeyEvent press(QEvent::KeyPress, key, {}, {}, isRepeat);
         QApplication::sendEvent(m_row, &press);
     }
     QCOMPARE(selected.size(), 1);
