@@ -3,7 +3,7 @@
 
 #include "pages/ClRadioGroup.h"
 #include "pages/ClWidgetBasicSetting.h"
-#include "pages/DialogColumn.h"
+#include "ui/ClDialogColumn.h"
 #include "ui/ClMessageBox.h"
 
 #include <QCoreApplication>
@@ -36,7 +36,7 @@ ClDialogAuthorization::ClDialogAuthorization(QWidget* parent)
     connect(m_use, &QRadioButton::toggled, this, &ClDialogAuthorization::slotChangeSetting);
 
     auto* const grid = new QGridLayout(m_passwords);
-    grid->setContentsMargins(DEPENDENT_INDENT, 0, 0, 0);
+    grid->setContentsMargins(ClDialogColumn::DEPENDENT_INDENT, 0, 0, 0);
     const QRegularExpression password(QStringLiteral("[!-~]{1,16}"));
     for (std::size_t i = 0; i < m_fields.size(); ++i) {
         auto* const field = new QLineEdit(m_passwords);
@@ -49,7 +49,7 @@ ClDialogAuthorization::ClDialogAuthorization(QWidget* parent)
         m_fields[i] = field;
     }
 
-    auto* const column = createDialogColumn(this);
+    auto* const column = new ClDialogColumn(this);
     column->addWidget(choice);
     column->addWidget(m_passwords);
     addButtons();

@@ -3,7 +3,7 @@
 
 #include "pages/ClRadioGroup.h"
 #include "pages/ClTimeRow.h"
-#include "pages/DialogColumn.h"
+#include "ui/ClDialogColumn.h"
 
 #include <QRadioButton>
 
@@ -19,12 +19,12 @@ ClDialogAutoPoweroff::ClDialogAutoPoweroff(QWidget* parent) : ClDialogBase(paren
     m_timed = choice->addButton(tr("Time of auto power off"));
     m_time = new ClTimeRow(LEAST_TIME, this);
     m_time->setAccessibleName(m_timed->text());
-    m_time->setContentsMargins(DEPENDENT_INDENT, 0, 0, 0);
+    m_time->setContentsMargins(ClDialogColumn::DEPENDENT_INDENT, 0, 0, 0);
     m_time->setEnabled(false);
     connect(m_timed, &QRadioButton::toggled, this, &ClDialogAutoPoweroff::slotChangeSetting);
     connect(m_time, &ClTimeRow::sigValueChanged, this, &ClDialogAutoPoweroff::slotChangeValue);
 
-    auto* const column = createDialogColumn(this);
+    auto* const column = new ClDialogColumn(this);
     column->addWidget(choice);
     column->addWidget(m_time);
     addButtons();

@@ -2,7 +2,7 @@
 #include "pages/ClDialogAutoWifiOff.h"
 
 #include "pages/ClRadioGroup.h"
-#include "pages/DialogColumn.h"
+#include "ui/ClDialogColumn.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -31,13 +31,13 @@ ClDialogAutoWifiOff::ClDialogAutoWifiOff(QWidget* parent) : ClDialogBase(parent)
     auto* const unit = new QLabel(tr("Minutes"), time);
     unit->setBuddy(m_minutes);
     auto* const row = new QHBoxLayout(time);
-    row->setContentsMargins(DEPENDENT_INDENT, 0, 0, 0);
+    row->setContentsMargins(ClDialogColumn::DEPENDENT_INDENT, 0, 0, 0);
     row->addWidget(m_minutes);
     row->addWidget(unit);
     row->addWidget(new QLabel(QStringLiteral("(%1 - %2)").arg(LEAST).arg(GREATEST), time));
     row->addStretch();
 
-    auto* const column = createDialogColumn(this);
+    auto* const column = new ClDialogColumn(this);
     column->addWidget(choice);
     column->addWidget(time);
     addButtons();

@@ -3,7 +3,7 @@
 
 #include "pages/ClDialogTime.h"
 #include "pages/ClWidgetBasicSetting.h"
-#include "pages/DialogColumn.h"
+#include "ui/ClDialogColumn.h"
 
 #include <QCalendarWidget>
 
@@ -18,7 +18,7 @@ ClDialogCalendar::ClDialogCalendar(QWidget* parent)
     // The calendar keeps the Enter key to itself.
     connect(m_calendar, &QCalendarWidget::activated, this, &ClDialogCalendar::accept);
 
-    createDialogColumn(this)->addWidget(m_calendar);
+    (new ClDialogColumn(this))->addWidget(m_calendar);
     addButtons();
 }
 

@@ -2,7 +2,7 @@
 #include "pages/ClDialogCameraName.h"
 
 #include "pages/ClWidgetBasicSetting.h"
-#include "pages/DialogColumn.h"
+#include "ui/ClDialogColumn.h"
 #include "ui/ClMessageBox.h"
 
 #include <QCoreApplication>
@@ -18,7 +18,7 @@ ClDialogCameraName::ClDialogCameraName(QWidget* parent)
     m_name->setValidator(new QRegularExpressionValidator(
         QRegularExpression(QStringLiteral("[0-9a-zA-Z]{1,8}")), m_name));
 
-    auto* const column = createDialogColumn(this);
+    auto* const column = new ClDialogColumn(this);
     column->addWidget(label);
     column->addWidget(m_name);
     addButtons();

@@ -2,7 +2,7 @@
 #include "pages/ClDialogGps.h"
 
 #include "pages/ClRadioGroup.h"
-#include "pages/DialogColumn.h"
+#include "ui/ClDialogColumn.h"
 
 #include <QRadioButton>
 #include <QVBoxLayout>
@@ -37,7 +37,7 @@ constexpr int FULL_FORMAT = 2;
 }  // namespace
 
 ClDialogGps::ClDialogGps(QWidget* parent) : ClDialogBase(parent) {
-    auto* const column = createDialogColumn(this);
+    auto* const column = new ClDialogColumn(this);
     addChoice(Use, this);
     auto* const options = new QWidget(this);
     auto* const rows = new QVBoxLayout(options);

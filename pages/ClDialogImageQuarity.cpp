@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "pages/ClDialogImageQuarity.h"
 
-#include "pages/DialogColumn.h"
+#include "ui/ClDialogColumn.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -30,7 +30,7 @@ ClDialogImageQuarity::ClDialogImageQuarity(QWidget* parent)
     row->addWidget(new QLabel(tr("Light"), this));
     row->addWidget(m_contrast);
     row->addWidget(new QLabel(tr("Dark"), this));
-    auto* const column = createDialogColumn(this);
+    auto* const column = new ClDialogColumn(this);
     column->addWidget(label);
     column->addLayout(row);
     addButtons();

@@ -2,6 +2,7 @@
 #include "pages/ClDialogInputKey.h"
 
 #include "pages/ClWidgetNetworkSetting.h"
+#include "ui/ClDialogColumn.h"
 #include "ui/ClMessageBox.h"
 
 #include <QCheckBox>
@@ -10,7 +11,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QRegularExpressionValidator>
-#include <QVBoxLayout>
 
 ClDialogInputKey::ClDialogInputKey(QWidget* parent, bool mustInput)
     : ClDialogBase(parent),
@@ -24,7 +24,7 @@ ClDialogInputKey::ClDialogInputKey(QWidget* parent, bool mustInput)
     auto* show = new QCheckBox(ClWidgetNetworkSetting::tr("Show input"));
     connect(show, &QCheckBox::toggled, this, &ClDialogInputKey::slotChangeShow);
 
-    auto* column = new QVBoxLayout(this);
+    auto* const column = new ClDialogColumn(this);
     column->addWidget(prompt);
     column->addWidget(m_key);
     column->addWidget(show);

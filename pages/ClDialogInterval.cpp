@@ -4,7 +4,7 @@
 #include "pages/ClRadioGroup.h"
 #include "pages/ClTimeRow.h"
 #include "pages/ClWidgetBasicSetting.h"
-#include "pages/DialogColumn.h"
+#include "ui/ClDialogColumn.h"
 
 #include <QLabel>
 #include <QRadioButton>
@@ -39,11 +39,11 @@ ClDialogInterval::ClDialogInterval(QWidget* parent) : ClDialogBase(parent) {
     connect(m_interval, &ClTimeRow::sigValueChanged, this, &ClDialogInterval::slotValueChange);
     connect(m_delay, &ClTimeRow::sigValueChanged, this, &ClDialogInterval::slotValueChange);
     auto* const rows = new QVBoxLayout(settings);
-    rows->setContentsMargins(DEPENDENT_INDENT, 0, 0, 0);
+    rows->setContentsMargins(ClDialogColumn::DEPENDENT_INDENT, 0, 0, 0);
     addRow(rows, ClWidgetBasicSetting::tr("Time of interval that captured"), m_interval);
     addRow(rows, ClWidgetBasicSetting::tr("Time of until start interval timer"), m_delay);
 
-    auto* const column = createDialogColumn(this);
+    auto* const column = new ClDialogColumn(this);
     column->addWidget(choice);
     column->addWidget(settings);
     addButtons();

@@ -2,7 +2,7 @@
 #include "pages/ClDialogLed.h"
 
 #include "pages/ClRadioGroup.h"
-#include "pages/DialogColumn.h"
+#include "ui/ClDialogColumn.h"
 
 #include <QRadioButton>
 
@@ -11,7 +11,7 @@ ClDialogLed::ClDialogLed(QWidget* parent) : ClDialogBase(parent) {
     m_light = choice->addButton(tr("Light"));
     m_notLight = choice->addButton(tr("Not light"));
 
-    createDialogColumn(this)->addWidget(choice);
+    (new ClDialogColumn(this))->addWidget(choice);
     addButtons();
 }
 

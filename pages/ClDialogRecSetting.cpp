@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "pages/ClDialogRecSetting.h"
 
-#include <QVBoxLayout>
+#include "pages/ClStreamChoices.h"
+#include "ui/ClDialogColumn.h"
+
+#include <QSize>
 
 #include <array>
 
@@ -22,22 +25,18 @@ constexpr std::array SIZES{
 
 ClDialogRecSetting::ClDialogRecSetting(QWidget* parent)
     : ClDialogBase(parent),
-      m_sizes(this,
-              ClWidgetStreamSetting::tr("Set the image quality at the time of %1")
-                  .arg(ClWidgetStreamSetting::tr("Rec")),
-              SIZES, FULL_HD) {
-    auto* column = new QVBoxLayout(this);
-    column->setSizeConstraint(QLayout::SetFixedSize);
-    m_sizes.addTo(*column);
-    column->addSpacerItem(new QSpacerItem(1, 1, QSizePolicy::Minimum, QSizePolicy::Expanding));
+      m_sizes(new ClStreamChoices<QSize>(
+          ClWidgetStreamSetting::tr("Set the image quality at the time of %1")
+              .arg(ClWidgetStreamSetting::tr("Rec")),
+          SIZES, FULL_HD, this)) {
+    (new ClDialogColumn(this))->addWidget(m_sizes);
     addButtons();
 }
 
 void ClDialogRecSetting::setParam(const QVariantList& params) {
-    m_sizes.check(params.value(0).toSize());
-    m_sizes.takeFocus();
+    m_sizes->check(params.value(0).toSize());
 }
 
 QVariantList ClDialogRecSetting::getParam() {
-    return {m_sizes.value()};
+    return {m_sizes->value()};
 }

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "pages/ClStreamChoices.h"
 #include "ui/ClDialogBase.h"
 
-#include <QSize>
+class QSize;
+template <class Value>
+class ClStreamChoices;
 
 /// Asks for the picture size of recordings. Main thread.
 class ClDialogRecSetting : public ClDialogBase {
@@ -20,5 +21,5 @@ public:
     [[nodiscard]] QVariantList getParam() override;
 
 private:
-    ClStreamChoices<QSize> m_sizes;
+    ClStreamChoices<QSize>* m_sizes;
 };

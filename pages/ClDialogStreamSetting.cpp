@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "pages/ClDialogStreamSetting.h"
 
-#include <QVBoxLayout>
+#include "pages/ClStreamChoices.h"
+#include "ui/ClDialogColumn.h"
+
+#include <QSize>
 
 #include <array>
 
@@ -32,28 +35,25 @@ constexpr std::array RATES{
 
 ClDialogStreamSetting::ClDialogStreamSetting(QWidget* parent)
     : ClDialogBase(parent),
-      m_sizes(this,
-              ClWidgetStreamSetting::tr("Set the image quality at the time of %1")
-                  .arg(ClWidgetStreamSetting::tr("LiveView")),
-              SIZES, STANDARD),
-      m_rates(this,
-              ClWidgetStreamSetting::tr("Set the fps at the time of %1")
-                  .arg(ClWidgetStreamSetting::tr("LiveView")),
-              RATES, SMOOTHEST) {
-    auto* column = new QVBoxLayout(this);
-    column->setSizeConstraint(QLayout::SetFixedSize);
-    m_sizes.addTo(*column);
-    column->addSpacerItem(new QSpacerItem(1, 1, QSizePolicy::Minimum, QSizePolicy::Expanding));
-    m_rates.addTo(*column);
+      m_sizes(new ClStreamChoices<QSize>(
+          ClWidgetStreamSetting::tr("Set the image quality at the time of %1")
+              .arg(ClWidgetStreamSetting::tr("LiveView")),
+          SIZES, STANDARD, this)),
+      m_rates(new ClStreamChoices<unsigned int>(
+          ClWidgetStreamSetting::tr("Set the fps at the time of %1")
+              .arg(ClWidgetStreamSetting::tr("LiveView")),
+          RATES, SMOOTHEST, this)) {
+    auto* const column = new ClDialogColumn(this);
+    column->addWidget(m_sizes);
+    column->addWidget(m_rates);
     addButtons();
 }
 
 void ClDialogStreamSetting::setParam(const QVariantList& params) {
-    m_sizes.check(params.value(0).toSize());
-    m_rates.check(params.value(1).toUInt());
-    m_sizes.takeFocus();
+    m_sizes->check(params.value(0).toSize());
+    m_rates->check(params.value(1).toUInt());
 }
 
 QVariantList ClDialogStreamSetting::getParam() {
-    return {m_sizes.value(), m_rates.value()};
+    return {m_sizes->value(), m_rates->value()};
 }

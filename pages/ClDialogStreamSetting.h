@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "pages/ClStreamChoices.h"
 #include "ui/ClDialogBase.h"
 
-#include <QSize>
+class QSize;
+template <class Value>
+class ClStreamChoices;
 
 /// Asks for the picture size and the frame rate of the live view. Main thread.
 class ClDialogStreamSetting : public ClDialogBase {
@@ -20,6 +21,6 @@ public:
     [[nodiscard]] QVariantList getParam() override;
 
 private:
-    ClStreamChoices<QSize> m_sizes;
-    ClStreamChoices<unsigned int> m_rates;
+    ClStreamChoices<QSize>* m_sizes;
+    ClStreamChoices<unsigned int>* m_rates;
 };

@@ -3,7 +3,7 @@
 
 #include "pages/ClDialogCalendar.h"
 #include "pages/ClWidgetBasicSetting.h"
-#include "pages/DialogColumn.h"
+#include "ui/ClDialogColumn.h"
 #include "ui/ClMessageBox.h"
 
 #include <QCoreApplication>
@@ -87,7 +87,7 @@ ClDialogTime::ClDialogTime(QWidget* parent, Clock clock)
     auto* const buttons = new QHBoxLayout;
     buttons->addWidget(m_synchronize);
     buttons->addWidget(m_calendar);
-    auto* const column = createDialogColumn(this);
+    auto* const column = new ClDialogColumn(this);
     column->addLayout(fields);
     column->addLayout(buttons);
     addButtons();

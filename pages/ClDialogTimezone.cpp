@@ -2,7 +2,7 @@
 #include "pages/ClDialogTimezone.h"
 
 #include "pages/ClWidgetBasicSetting.h"
-#include "pages/DialogColumn.h"
+#include "ui/ClDialogColumn.h"
 
 #include <QComboBox>
 
@@ -62,7 +62,7 @@ ClDialogTimezone::ClDialogTimezone(QWidget* parent)
     }
     // The box expects a single line.
     m_zone->setMinimumHeight(m_zone->sizeHint().height() + m_zone->fontMetrics().lineSpacing());
-    createDialogColumn(this)->addWidget(m_zone);
+    (new ClDialogColumn(this))->addWidget(m_zone);
     addButtons();
     connect(m_zone, &QComboBox::currentIndexChanged, this,
             [this](int index) { setAcceptable(index >= 0); });

@@ -2,7 +2,7 @@
 #include "pages/ClDialogWifiCountry.h"
 
 #include "pages/ClWidgetBasicSetting.h"
-#include "pages/DialogColumn.h"
+#include "ui/ClDialogColumn.h"
 
 #include <QComboBox>
 
@@ -20,7 +20,7 @@ ClDialogWifiCountry::ClDialogWifiCountry(QWidget* parent)
     m_country->addItems({ClWidgetBasicSetting::tr("Japan"),
                          ClWidgetBasicSetting::tr("United States,Canada,Taiwan"),
                          ClWidgetBasicSetting::tr("EU"), ClWidgetBasicSetting::tr("Auto")});
-    createDialogColumn(this)->addWidget(m_country);
+    (new ClDialogColumn(this))->addWidget(m_country);
     addButtons();
     connect(m_country, &QComboBox::currentIndexChanged, this,
             [this](int index) { setAcceptable(index >= 0); });

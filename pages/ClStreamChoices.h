@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "pages/ClRadioGroup.h"
 #include "pages/ClWidgetStreamSetting.h"
 
-#include <QBoxLayout>
-#include <QButtonGroup>
-#include <QLabel>
+#include <QList>
 #include <QRadioButton>
 
 #include <algorithm>
@@ -19,32 +18,21 @@ struct stStreamChoice {
     Value value;
 };
 
-/// An exclusive group of radio buttons below a line of text. The widgets belong to the dialog.
+/// A radio group whose buttons stand for values. Main thread.
 template <class Value>
-class ClStreamChoices {
+class ClStreamChoices : public ClRadioGroup {
 public:
     using Choices = std::span<const stStreamChoice<Value>>;
 
-    /// Makes the widgets. @p choices outlives this object; @p fallback is the value of one of them.
-    ClStreamChoices(QWidget* dialog, const QString& caption, Choices choices, const Value& fallback)
-        : m_caption(new QLabel(caption, dialog)),
-          m_group(new QButtonGroup(dialog)),
+    /// @p choices outlives this object; @p fallback is the value of one of them.
+    ClStreamChoices(const QString& label, Choices choices, const Value& fallback, QWidget* parent)
+        : ClRadioGroup(label, parent),
           m_choices(choices),
           m_fallback(fallback) {
         for (const stStreamChoice<Value>& choice : m_choices) {
-            auto* button = new QRadioButton(ClWidgetStreamSetting::tr(choice.text), dialog);
-            button->setAccessibleDescription(caption);
-            m_group->addButton(button, static_cast<int>(m_group->buttons().size()));
+            m_buttons.append(addButton(ClWidgetStreamSetting::tr(choice.text)));
         }
         check(m_fallback);
-    }
-
-    /// Appends caption and buttons to @p column.
-    void addTo(QBoxLayout& column) const {
-        column.addWidget(m_caption);
-        for (QAbstractButton* button : m_group->buttons()) {
-            column.addWidget(button);
-        }
     }
 
     /// Checks the button that stands for @p value, or the fallback's when there is none.
@@ -53,24 +41,17 @@ public:
         if (found == m_choices.end()) {
             found = std::ranges::find(m_choices, m_fallback, &stStreamChoice<Value>::value);
         }
-        m_group->button(static_cast<int>(found - m_choices.begin()))->setChecked(true);
-        // As the buttons do by themselves, but only once one of them has had the focus.
-        for (QAbstractButton* button : m_group->buttons()) {
-            button->setFocusPolicy(button->isChecked() ? Qt::StrongFocus : Qt::ClickFocus);
-        }
+        m_buttons[found - m_choices.begin()]->setChecked(true);
     }
-
-    /// Lets the keyboard start here, at the checked button.
-    void takeFocus() { m_group->checkedButton()->setFocus(); }
 
     /// The value of the checked button.
     [[nodiscard]] Value value() const {
-        return m_choices[static_cast<std::size_t>(m_group->checkedId())].value;
+        const auto checked = std::ranges::find_if(m_buttons, &QRadioButton::isChecked);
+        return m_choices[static_cast<std::size_t>(checked - m_buttons.begin())].value;
     }
 
 private:
-    QLabel* m_caption;
-    QButtonGroup* m_group;
+    QList<QRadioButton*> m_buttons;  ///< in the order of the choices
     Choices m_choices;
     Value m_fallback;
 };

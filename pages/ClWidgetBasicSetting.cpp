@@ -114,9 +114,7 @@ void ClWidgetBasicSetting::showInit(bool /*isPolling*/) {
 
 void ClWidgetBasicSetting::hideEvent(QHideEvent* event) {
     ClWidgetBase::hideEvent(event);
-    // Minimising the window is not leaving the page.
     if (!event->spontaneous()) {
-        ++m_visit;
         m_isNameDialogPending = false;
         m_waiting.clear();
     }
@@ -195,10 +193,10 @@ void ClWidgetBasicSetting::goOn(const stBasicSettingRow& row, const stCameraSett
 }
 
 void ClWidgetBasicSetting::ask(const stBasicSettingRow& row) {
-    const int visit = m_visit;
+    const int before = visit();
     const std::optional<QVariantList> values = row.ask(this, readValues(row));
     // The camera that the values are of has left; the one that may have come is another matter.
-    if (visit != m_visit) {
+    if (before != visit()) {
         return;
     }
     // What a double click has read a second time is out of date by now.

@@ -56,5 +56,4 @@ private:
     QHash<QUuid, VX_CMD> m_answers;      ///< the latest answer of each setting
     bool m_isHandling = false;
     QList<VX_CMD> m_waiting;  ///< arrived while another message is being handled
-    int m_visit = 0;          ///< counts how often the page was left
 };

@@ -185,7 +185,8 @@ void ClWidgetCameraState::slotClicked() {
     const stAction& action = ACTIONS[static_cast<std::size_t>(index)];
     ClMessageBox box(this, tr(action.confirmation), QCoreApplication::applicationName(),
                      QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
-    if (box.exec() == QDialog::Accepted) {
+    const int before = visit();
+    if (box.exec() == QDialog::Accepted && before == visit()) {
         sendUsbCommand(action.command, {});
     }
 }

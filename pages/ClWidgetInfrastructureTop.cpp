@@ -88,7 +88,10 @@ void ClWidgetInfrastructureTop::slotReceiveCommand(const VX_CMD& clCommand) {
     const QUuid received = getCommand(clCommand);
     if (received == USB_RES_NUBO_CMD_GET_INFRA_SSID) {
         m_ssid = clCommand.value(Key::PARAM2).toString();
-        sendRead(USB_REQ_NUBO_CMD_GET_WIFI_INFO);
+        // Of refreshes that overlap, the link is read once: it uses up the SSID.
+        if (m_awaitedRead != USB_REQ_NUBO_CMD_GET_WIFI_INFO) {
+            sendRead(USB_REQ_NUBO_CMD_GET_WIFI_INFO);
+        }
     } else if (received == USB_RES_NUBO_CMD_GET_WIFI_INFO) {
         m_awaitedRead = {};
         showLink(clCommand);

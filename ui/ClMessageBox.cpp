@@ -2,9 +2,10 @@
 #include "ui/ClMessageBox.h"
 
 #include "ui/ClDialogBase.h"
+#include "ui/ClDialogColumn.h"
 
 #include <QLabel>
-#include <QVBoxLayout>
+#include <QPushButton>
 
 #include <array>
 
@@ -42,27 +43,30 @@ ClMessageBox::ClMessageBox(QWidget* parent, const QString& text, const QString& 
     auto* const label = new QLabel(text, this);
     label->setAlignment(Qt::AlignCenter);
 
-    auto* const column = new QVBoxLayout(this);
+    auto* const column = new ClDialogColumn(this);
     column->setSpacing(SPACING);
     column->addWidget(label, 0, Qt::AlignHCenter);
-    column->addWidget(createButtonBox(buttons).release(), 0, Qt::AlignHCenter);
+    column->addWidget(createButtonBox(buttons), 0, Qt::AlignHCenter);
 
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     setMinimumWidth(ClDialogBase::MINIMUM_WIDTH);
 }
 
-std::unique_ptr<QDialogButtonBox> ClMessageBox::createButtonBox(
-    QDialogButtonBox::StandardButtons buttons) {
-    auto box = std::make_unique<QDialogButtonBox>();
+QDialogButtonBox* ClMessageBox::createButtonBox(QDialogButtonBox::StandardButtons buttons) {
+    auto* const box = new QDialogButtonBox(this);
     for (const stButtonChoice& choice : CHOICES) {
         for (const stButton& candidate : choice.candidates) {
             if (buttons.testFlag(candidate.flag)) {
-                box->addButton(tr(candidate.text), choice.role);
+                QPushButton* const button = box->addButton(tr(candidate.text), choice.role);
+                // The keyboard would start at the first button, which some desktops have decline.
+                if (choice.role == QDialogButtonBox::AcceptRole) {
+                    button->setFocus();
+                }
                 break;
             }
         }
     }
-    connect(box.get(), &QDialogButtonBox::accepted, this, &QDialog::accept);
-    connect(box.get(), &QDialogButtonBox::rejected, this, &QDialog::reject);
+    connect(box, &QDialogButtonBox::accepted, this, &QDialog::accept);
+    connect(box, &QDialogButtonBox::rejected, this, &QDialog::reject);
     return box;
 }

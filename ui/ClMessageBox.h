@@ -4,8 +4,6 @@
 #include <QDialog>
 #include <QDialogButtonBox>
 
-#include <memory>
-
 /// The tool's own small modal box for errors and confirmations. Run it by exec(): QDialog::Accepted
 /// for OK and Yes, QDialog::Rejected for Cancel, No and the close button. Main thread.
 class ClMessageBox : public QDialog {
@@ -18,5 +16,5 @@ public:
                  QDialogButtonBox::StandardButtons buttons);
 
 private:
-    std::unique_ptr<QDialogButtonBox> createButtonBox(QDialogButtonBox::StandardButtons buttons);
+    QDialogButtonBox* createButtonBox(QDialogButtonBox::StandardButtons buttons);
 };

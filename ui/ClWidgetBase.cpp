@@ -5,6 +5,7 @@
 #include "ui/ClMessageBox.h"
 
 #include <QApplication>
+#include <QHideEvent>
 #include <QMouseEvent>
 
 #include <algorithm>
@@ -94,6 +95,14 @@ void ClWidgetBase::slotReceiveCommand(const VX_CMD& /*clCommand*/) {}
 void ClWidgetBase::slotPollingFired() {
     if (isPollable()) {
         showInit(true);
+    }
+}
+
+void ClWidgetBase::hideEvent(QHideEvent* event) {
+    QWidget::hideEvent(event);
+    // Minimising the window is not leaving the page.
+    if (!event->spontaneous()) {
+        ++m_visit;
     }
 }
 

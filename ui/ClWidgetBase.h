@@ -53,7 +53,14 @@ protected:
     /// Whether polling refreshes the page now: it is visible and no modal box is open.
     [[nodiscard]] bool isPollable() const;
 
+    /// How often the page has been left. Who asks the user something compares it before and after:
+    /// the answer is for the camera that the question was about, not for one that has been plugged
+    /// in in its place.
+    [[nodiscard]] int visit() const { return m_visit; }
+    void hideEvent(QHideEvent* event) override;
+
 private:
     QTimer m_pollingTimer;
+    int m_visit = 0;
     QList<unsigned short> m_errors;  ///< of the box that is open, and of those to follow
 };

@@ -4,12 +4,14 @@
 #include "tests/app/CameraNotices.h"
 #include "tests/pages/BasicSettingMessages.h"
 #include "tests/support/BoxUser.h"
+#include "tests/support/DialogControls.h"
 #include "ui/ClButtonMode.h"
 #include "ui/ClDialogBase.h"
 
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QStackedLayout>
+#include <QTableView>
 #include <QTest>
 
 #include <memory>
@@ -35,6 +37,7 @@ private Q_SLOTS:
 
     void whatIsAcceptedAfterTheCameraHasLeftIsSentToNobody_data();
     void whatIsAcceptedAfterTheCameraHasLeftIsSentToNobody();
+    void theCalendarOutlivesTheCamera();
     void aCameraThatHasLeftBeforeItsAnswerOpensNoDialog_data();
     void aCameraThatHasLeftBeforeItsAnswerOpensNoDialog();
 
@@ -115,6 +118,32 @@ void BasicSettingLeavingTest::whatIsAcceptedAfterTheCameraHasLeftIsSentToNobody(
                  USB_REQ_NUBO_CMD_GET_CAMERANAME);
     }
     QCOMPARE(modeOnShow(), comes == Comes::Nobody ? 0 : MODE);
+}
+
+void BasicSettingLeavingTest::theCalendarOutlivesTheCamera() {
+    const QSignalSpy sent(m_window.get(), &ClMainWidget::sigSendCommand);
+    qsizetype calendars = 0;
+    const BoxUser user([&](QWidget& dialog) {
+        const BoxUser calendarUser([&](QWidget& calendar) {
+            m_window->slotReceiveCommand(closed(FIRST));
+            m_window->slotReceiveCommand(opened(SECOND));
+            QTest::keyClick(calendar.findChild<QTableView*>(), Qt::Key_Right);
+            acceptBox(calendar);
+        });
+        DialogControls(dialog).click(u"Calendar"_s);
+        calendars = calendarUser.boxes().size();
+        QCOMPARE(DialogControls(dialog).values().first(3),
+                 (QStringList{u"2014"_s, u"3"_s, u"10"_s}));
+        acceptBox(dialog);
+    });
+    click(u"Setting time"_s);
+    receive(
+        valuesMessage(USB_RES_NUBO_CMD_GET_TIME, {QDateTime(QDate(2014, 3, 9), QTime(7, 5, 1))}));
+    QCOMPARE(calendars, 1);
+    QCOMPARE(user.boxes().size(), 1);
+    // The time is read from one camera, the name from the other; nothing is written.
+    QCOMPARE(sent.size(), 2);
+    QCOMPARE(sent.last().first().toMap().value(u"CMD"_s).toUuid(), USB_REQ_NUBO_CMD_GET_CAMERANAME);
 }
 
 void BasicSettingLeavingTest::aCameraThatHasLeftBeforeItsAnswerOpensNoDialog_data() {

@@ -41,6 +41,7 @@ private Q_SLOTS:
     void initializingResetsTheSettings();
     void restartingMakesTheCameraLeaveAndComeBack();
     void aCameraUnpluggedDuringAQuestionIsLeftAlone();
+    void aCameraPluggedInDuringAQuestionIsLeftAlone();
 
 private:
     VirtualUsbBus& m_bus;
@@ -165,6 +166,21 @@ void CameraStateOnBusTest::aCameraUnpluggedDuringAQuestionIsLeftAlone() {
     QVERIFY(m_bench->waitForMode(1));
     QTRY_COMPARE(m_bench->shown().freeSpace(), CARD_AT_START);
     QVERIFY(!m_bench->camera->codes().contains(FORMAT));
+}
+
+void CameraStateOnBusTest::aCameraPluggedInDuringAQuestionIsLeftAlone() {
+    m_bench->user.setAction([this](QWidget& box) {
+        m_bus.unplug(m_bench->id);
+        QVERIFY(m_bench->waitForMode(0, SEARCH_MS));
+        m_bench->camera->forgetCodes();
+        QVERIFY(m_bench->replug());
+        QVERIFY(m_bench->waitForMode(1));
+        acceptBox(box);
+    });
+    m_bench->shown().click(u"SD card format"_s);
+    QTRY_COMPARE(m_bench->shown().freeSpace(), CARD_AT_START);
+    QCOMPARE(m_bench->camera->codes(), REFRESH);
+    QCOMPARE(m_bench->user.texts(), QStringList{u"All data delete on SD card"_s});
 }
 
 int main(int argc, char** argv) {

@@ -41,6 +41,7 @@ private Q_SLOTS:
     void withoutAuthorizationNothingIsChecked_data();
     void withoutAuthorizationNothingIsChecked();
     void aMessageLeavesTheDialogOpenToGoOn();
+    void tabGoesThroughThePasswords();
 
 private:
     [[nodiscard]] DialogControls controls() const { return DialogControls(*m_dialog); }
@@ -156,6 +157,10 @@ void AuthorizationDialogTest::checksThePasswords_data() {
     QTest::newRow("unequal, the new one unchanged")
         << old << QStringList{old, old, u"n"_s} << UNEQUAL;
     QTest::newRow("unchanged") << old << QStringList{old, old, old} << UNCHANGED;
+    QTest::newRow("the camera has none")
+        << QString() << QStringList{{}, u"new"_s, u"new"_s} << EMPTY;
+    QTest::newRow("the camera has none, one is typed")
+        << QString() << QStringList{old, u"new"_s, u"new"_s} << WRONG;
     QTest::newRow("right") << old << QStringList{old, u"new"_s, u"new"_s} << QString();
     QTest::newRow("right, only the case is new")
         << old << QStringList{old, u"SECRET"_s, u"SECRET"_s} << QString();
@@ -213,6 +218,17 @@ void AuthorizationDialogTest::aMessageLeavesTheDialogOpenToGoOn() {
     QCOMPARE(user.boxes().size(), 1);
     QVERIFY(m_dialog->isHidden());
     QCOMPARE(m_dialog->getParam(), (QVariantList{true, u"new"_s}));
+}
+
+void AuthorizationDialogTest::tabGoesThroughThePasswords() {
+    m_dialog->setParam({true, u"secret"_s});
+    for (QLineEdit* const field : fields()) {
+        QTest::keyClick(m_dialog->focusWidget(), Qt::Key_Tab);
+        QCOMPARE(m_dialog->focusWidget(), field);
+    }
+    QTest::keyClick(m_dialog->focusWidget(), Qt::Key_Escape);
+    QVERIFY(m_dialog->isHidden());
+    QCOMPARE(m_dialog->result(), int(QDialog::Rejected));
 }
 
 QTEST_MAIN(AuthorizationDialogTest)

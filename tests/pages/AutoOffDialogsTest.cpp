@@ -163,6 +163,8 @@ void AutoOffDialogsTest::wifiOffCannotLeaveItsRange() {
     QTest::keyClick(box, Qt::Key_PageDown);
     QTest::keyClick(box, Qt::Key_Down);
     QCOMPARE(box->text(), u"1"_s);
+    DialogControls(dialog).spin(0, u"x4-,."_s);
+    QCOMPARE(box->text(), u"4"_s);
     DialogControls(dialog).spin(0, u"11"_s);
     QCOMPARE(box->text(), u"1"_s);
     DialogControls(dialog).spin(0, u"0"_s);

@@ -4,6 +4,7 @@
 #include "tests/support/BoxUser.h"
 #include "tests/support/CameraStateReader.h"
 
+#include <QtTest/qtestspontaneevent.h>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -63,6 +64,9 @@ private Q_SLOTS:
     void aDeclinedActionSendsNothing();
     void aConfirmedActionSendsItsCommand_data();
     void aConfirmedActionSendsItsCommand();
+    void anAnswerThatComesAfterThePageWasLeftSendsNothing_data();
+    void anAnswerThatComesAfterThePageWasLeftSendsNothing();
+    void aMinimisedWindowIsNoPageThatWasLeft();
     void onlyTheFormatReportsItsCompletion_data();
     void onlyTheFormatReportsItsCompletion();
     void aCameraErrorIsShownAndPollingGoesOn_data();
@@ -158,6 +162,39 @@ void CameraStateActionsTest::aConfirmedActionSendsItsCommand() {
                                {u"Sender"_s, QVariant::fromValue<QObject*>(m_page.get())}};
     QCOMPARE(m_sent->first().first().toMap(), expected);
     QVERIFY(m_page->notes.isEmpty());
+}
+
+void CameraStateActionsTest::anAnswerThatComesAfterThePageWasLeftSendsNothing_data() {
+    anActionAsksFirst_data();
+}
+
+void CameraStateActionsTest::anAnswerThatComesAfterThePageWasLeftSendsNothing() {
+    QFETCH(QString, button);
+    QFETCH(QString, question);
+    // One camera is unplugged, another one plugged in.
+    m_user->setAction([this](QWidget& box) {
+        m_page->hide();
+        m_page->show();
+        acceptBox(box);
+    });
+    click(button);
+    QCOMPARE(m_user->texts(), QStringList{question});
+    QVERIFY(m_sent->isEmpty());
+
+    m_user->setAction(acceptBox);
+    click(button);
+    QCOMPARE(m_sent->size(), 1);
+}
+
+void CameraStateActionsTest::aMinimisedWindowIsNoPageThatWasLeft() {
+    m_user->setAction([this](QWidget& box) {
+        QHideEvent minimised;
+        QSpontaneKeyEvent::setSpontaneous(&minimised);
+        qApp->notify(m_page.get(), &minimised);
+        acceptBox(box);
+    });
+    click(u"Reset NuBo"_s);
+    QCOMPARE(m_sent->size(), 1);
 }
 
 void CameraStateActionsTest::onlyTheFormatReportsItsCompletion_data() {

@@ -65,6 +65,7 @@ private Q_SLOTS:
     void showsTheAccessPoint_data();
     void showsTheAccessPoint();
     void forgetsTheSsidAfterEachRefresh();
+    void overlappingRefreshesKeepTheAccessPoint();
 
     void aFailedReadStopsThePollingAndIsShown_data();
     void aFailedReadStopsThePollingAndIsShown();
@@ -305,6 +306,19 @@ void InfrastructureTopTest::forgetsTheSsidAfterEachRefresh() {
         page().slotReceiveCommand(linkAnswer(2, u"Harbour"_s, {}));
         QCOMPARE(shown(), (stShown{{}, false, {}, false}));
     }
+}
+
+void InfrastructureTopTest::overlappingRefreshesKeepTheAccessPoint() {
+    // The tab and the mode are clicked close together. The camera answers all that it is asked.
+    page().showInit(false);
+    page().showInit(false);
+    for (QStringList asked = m_bench->takeSent(); !asked.isEmpty(); asked = m_bench->takeSent()) {
+        for (const QString& request : std::as_const(asked)) {
+            page().slotReceiveCommand(request == GET_SSID ? ssidAnswer(u"Harbour"_s)
+                                                          : linkAnswer(2, u"Harbour"_s, {}));
+        }
+    }
+    QCOMPARE(shown(), (stShown{u"Harbour"_s, true, u"AES"_s, true}));
 }
 
 void InfrastructureTopTest::aFailedReadStopsThePollingAndIsShown_data() {

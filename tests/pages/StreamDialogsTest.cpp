@@ -36,14 +36,18 @@ const QStringList STREAM_TEXTS{
     u"1 sheets(1fps)"_s,
 };
 
+int topOf(const QWidget& widget, const QWidget& dialog) {
+    return widget.mapTo(&dialog, QPoint()).y();
+}
+
 /// The texts of labels and radio buttons from top to bottom, without those of the last row.
 QStringList textsFromTop(const QWidget& dialog) {
     QMap<int, QString> texts;
     for (const QLabel* label : dialog.findChildren<QLabel*>()) {
-        texts.insert(label->y(), label->text());
+        texts.insert(topOf(*label, dialog), label->text());
     }
     for (const QRadioButton* button : dialog.findChildren<QRadioButton*>()) {
-        texts.insert(button->y(), button->text());
+        texts.insert(topOf(*button, dialog), button->text());
     }
     return texts.values();
 }
@@ -98,7 +102,7 @@ void StreamDialogsTest::theButtonsAreTheLastRow() {
     const auto* buttons = dialog.findChild<QDialogButtonBox*>();
     QCOMPARE(buttons->buttons().size(), 2);
     for (const QRadioButton* radio : dialog.findChildren<QRadioButton*>()) {
-        QVERIFY(radio->geometry().bottom() < buttons->y());
+        QVERIFY(topOf(*radio, dialog) + radio->height() <= buttons->y());
     }
 }
 

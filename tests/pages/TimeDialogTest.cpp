@@ -128,6 +128,12 @@ void TimeDialogTest::returnsWhatIsTyped_data() {
     row("2026 1 1 24 0 0", {});
     row("2026 0 1 12 0 0", {});
     row("2026 1 0 12 0 0", {});
+    // The fields take every number of as many digits as their greatest one has.
+    row("2026 13 1 12 0 0", {});
+    row("2026 1 32 12 0 0", {});
+    row("2026 1 1 25 0 0", {});
+    row("2026 1 1 12 60 0", {});
+    row("2026 1 1 12 0 60", {});
 }
 
 void TimeDialogTest::returnsWhatIsTyped() {

@@ -2,6 +2,7 @@
 #include "tests/ui/Modal.h"
 #include "tests/ui/TaggingTranslator.h"
 #include "ui/ClDialogBase.h"
+#include "ui/ClDialogColumn.h"
 
 #include <QDialogButtonBox>
 #include <QLineEdit>
@@ -16,8 +17,7 @@ namespace {
 class NameDialog : public ClDialogBase {
 public:
     NameDialog() : m_edit(new QLineEdit(this)) {
-        auto* const column = new QVBoxLayout(this);
-        column->addWidget(m_edit);
+        (new ClDialogColumn(this))->addWidget(m_edit);
         addButtons();
     }
     void setParam(const QVariantList& params) override { m_edit->setText(params[0].toString()); }
@@ -105,7 +105,7 @@ void DialogBaseTest::addsItsButtonsOnce() {
 
 void DialogBaseTest::putsItsButtonsIntoTheMiddleOfTheLastRow() {
     NameDialog dialog;
-    dialog.resize(400, 120);
+    dialog.m_edit->setMinimumWidth(400);
     dialog.show();
     const auto* const box = dialog.findChild<QDialogButtonBox*>();
     QCOMPARE(dialog.layout()->itemAt(1)->widget(), box);

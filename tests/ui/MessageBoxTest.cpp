@@ -6,6 +6,7 @@
 
 #include <QLabel>
 #include <QPushButton>
+#include <QScreen>
 #include <QTest>
 #include <QVBoxLayout>
 
@@ -48,6 +49,8 @@ private Q_SLOTS:
     void isAnsweredByItsButtons();
     void isRejectedWithoutAnAnswer();
     void centresTextAndButtons();
+    void isAsLargeAsItsTextNeeds();
+    void isNeverNarrowerThanADialog();
 };
 
 void MessageBoxTest::showsTextAndTitle() {
@@ -134,16 +137,35 @@ void MessageBoxTest::isRejectedWithoutAnAnswer() {
 
 void MessageBoxTest::centresTextAndButtons() {
     ClMessageBox box(nullptr, u"text"_s, u"title"_s, QDialogButtonBox::Ok);
-    box.resize(400, 120);
     box.show();
     QCOMPARE(box.findChild<QLabel*>()->alignment(), Qt::AlignCenter);
     for (const QWidget* const child : {static_cast<QWidget*>(box.findChild<QLabel*>()),
                                        static_cast<QWidget*>(box.findChild<QDialogButtonBox*>())}) {
-        QVERIFY(child->width() < 300);
+        QCOMPARE(child->width(), child->sizeHint().width());
         QVERIFY(qAbs(child->geometry().center().x() - box.rect().center().x()) <= 1);
     }
     QVERIFY(box.findChild<QLabel*>()->geometry().bottom() <
             box.findChild<QDialogButtonBox*>()->y());
+}
+
+void MessageBoxTest::isAsLargeAsItsTextNeeds() {
+    // Wider than the part of a small screen that the toolkit grants a new window.
+    QString text;
+    const QFontMetrics metrics((QFont()));
+    while (metrics.horizontalAdvance(text) < qApp->primaryScreen()->size().width() * 3 / 4) {
+        text += u"camera "_s;
+    }
+    ClMessageBox box(nullptr, text, u"title"_s, QDialogButtonBox::Ok);
+    box.show();
+    const auto* const label = box.findChild<QLabel*>();
+    QVERIFY(label->width() >= label->sizeHint().width());
+    QVERIFY(box.rect().contains(label->geometry()));
+}
+
+void MessageBoxTest::isNeverNarrowerThanADialog() {
+    ClMessageBox box(nullptr, u"i"_s, u"title"_s, {});
+    box.show();
+    QCOMPARE(box.width(), 170);
 }
 
 QTEST_MAIN(MessageBoxTest)
