@@ -6,17 +6,20 @@ set -euo pipefail
 XDG_RUNTIME_DIR=$(mktemp --directory)
 export XDG_RUNTIME_DIR
 end() {
-    [ -z "${server-}" ] || kill "$server"
+    [ -z "${server-}" ] || { kill "$server" && wait "$server"; } || true
     rm -rf "$XDG_RUNTIME_DIR"
 }
 trap end EXIT
 
-# The server chooses a free number itself and writes it when it is ready.
+# A number of its own, that no server which starts or ends at the same time takes as well. The
+# server writes it when it is ready.
+display=$((1000 + $$ % 50000))
 mkfifo "$XDG_RUNTIME_DIR/display"
-Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp 3>"$XDG_RUNTIME_DIR/display" 2>/dev/null &
+Xvfb ":$display" -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp \
+    3>"$XDG_RUNTIME_DIR/display" 2>/dev/null &
 server=$!
-read -r number <"$XDG_RUNTIME_DIR/display"
-export DISPLAY=:$number
+read -r _ <"$XDG_RUNTIME_DIR/display"
+export DISPLAY=:$display
 unset WAYLAND_DISPLAY
 
 dbus-run-session -- "$@"
