@@ -11,8 +11,8 @@ Installs what is missing (Debian 12, as root or with sudo), builds the tool and 
 
   (nothing)  on a simulated camera: no hardware is needed. In a terminal, type control lines to the
              camera while the tool runs: unplug, plug, set battery 9, help.
-             Without a display, the tool walks through all its modes under Xvfb and leaves a
-             picture of each page in build/tour/.
+             Without a display, the tool walks through all that it has under Xvfb and leaves a
+             picture of each page and dialog in build/tour/.
   --usb      on the real USB bus
   --help     this text
 TEXT

@@ -29,15 +29,19 @@ constexpr QRect PAGE_AREA{0, 115, 600, 505};
 constexpr QColor TEXT_COLOUR{0x2B, 0x30, 0x36};
 constexpr QColor DISABLED_TEXT_COLOUR{0x88, 0x8C, 0x91};
 constexpr QColor PAGE_COLOUR{0xEE, 0xF1, 0xF4};
+constexpr QColor CONTROL_COLOUR{0xEF, 0xEF, 0xEF};
 
 const QString WINDOW_PICTURE = QStringLiteral(":/img/window");
 
-// The surface is a light picture whatever the desktop looks like, so what is written on it is dark.
+// The surface is a light picture whatever the desktop looks like, so what is written on it is dark,
+// and so that they go with it, the controls are light.
 QPalette surfacePalette() {
-    QPalette palette;
-    palette.setColor(QPalette::WindowText, TEXT_COLOUR);
-    palette.setColor(QPalette::Disabled, QPalette::WindowText, DISABLED_TEXT_COLOUR);
+    QPalette palette(CONTROL_COLOUR);
     palette.setColor(QPalette::Window, PAGE_COLOUR);
+    palette.setColor(QPalette::WindowText, TEXT_COLOUR);
+    for (const auto role : {QPalette::WindowText, QPalette::ButtonText, QPalette::Text}) {
+        palette.setColor(QPalette::Disabled, role, DISABLED_TEXT_COLOUR);
+    }
     return palette;
 }
 

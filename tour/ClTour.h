@@ -1,48 +1,40 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QDir>
-#include <QObject>
+#include "tour/TourStops.h"
+
+#include <QString>
 
 #include <functional>
-#include <vector>
+#include <utility>
 
 class ClMainWidget;
-class QImage;
-class QPushButton;
+class QWidget;
 
-/// Walks through the tool as a user does, on whatever camera is on the bus, and leaves a picture of
-/// everything it comes by. Main thread.
-class ClTour : public QObject {
-    Q_OBJECT
-
+/// Walks through the tool as a user does, on whatever camera is on the bus, and calls on somebody
+/// at everything it comes by. Main thread.
+class ClTour {
 public:
-    /// A dialog on the way, and the one behind a button of it.
-    struct stDialog {
-        const char* name;
-        int innerButton = 0;
-        const char* innerName = nullptr;
-    };
+    /// Is handed the window or the dialog that is on show, and the name of the place. Returns
+    /// whether the tour goes on.
+    using Visitor = std::function<bool(QWidget& shown, const QString& name)>;
 
-    /// @p window is shown; pictures go to @p directory, which exists.
-    ClTour(ClMainWidget& window, const QDir& directory);
+    /// @p window is shown, and no camera has been found yet.
+    ClTour(ClMainWidget& window, Visitor visitor)
+        : m_window(window),
+          m_visitor(std::move(visitor)) {}
 
-    /// @return whether every stop was reached. Prints the path of each picture, or what was
-    /// missing.
+    /// @return whether every place was reached. Warns of what was missing.
     [[nodiscard]] bool run();
 
 private:
-    [[nodiscard]] bool visitPage(int mode);
-    [[nodiscard]] bool visitDialogs(const QWidget& parent, const QString& name,
-                                    const std::vector<stDialog>& dialogs);
-    /// Clicks @p button, takes a picture of the dialog that opens, and presses Escape.
-    [[nodiscard]] bool visitDialog(QPushButton& button, const QString& page,
-                                   const stDialog& visited);
-    [[nodiscard]] bool waitFor(const QString& what, const std::function<bool()>& condition);
-    [[nodiscard]] bool takePicture(QWidget* widget, const QString& name);
-    [[nodiscard]] bool takeWindowPicture(const QString& name);
-    [[nodiscard]] bool save(const QImage& picture, const QString& name);
+    /// The stops behind @p shown, one after the other.
+    [[nodiscard]] bool visitAll(const std::vector<stStop>& stops, QWidget& shown);
+    [[nodiscard]] bool visitPage(const stStop& stop);
+    [[nodiscard]] bool visitDialog(const stStop& stop, const QWidget& from);
+    /// Waits until all is there in @p shown, calls on the visitor, and goes on to the inner stops.
+    [[nodiscard]] bool visit(const stStop& stop, QWidget& shown);
 
     ClMainWidget& m_window;
-    QDir m_directory;
+    Visitor m_visitor;
 };

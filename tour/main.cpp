@@ -2,9 +2,11 @@
 #include "app/ClMainWidget.h"
 #include "app/Startup.h"
 #include "tour/ClTour.h"
+#include "tour/Pictures.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QDir>
 #include <QStyleFactory>
 
 #include <cstdlib>
@@ -51,5 +53,8 @@ int main(int argc, char** argv) {
     }
     ClMainWidget window;
     window.show();
-    return ClTour(window, directory).run() ? EXIT_SUCCESS : EXIT_FAILURE;
+    ClTour tour(window, [&directory](QWidget& shown, const QString& name) {
+        return savePicture(shown, name, directory);
+    });
+    return tour.run() ? EXIT_SUCCESS : EXIT_FAILURE;
 }

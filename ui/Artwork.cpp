@@ -9,6 +9,7 @@
 #include <QPainter>
 #include <QtEndian>
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -16,7 +17,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-using Pictures = QHash<std::pair<QString, bool>, QPixmap>;
+constexpr qreal DOUBLED = 2.0;
+
+using Pictures = QHash<std::pair<QString, qreal>, QPixmap>;
 // Not QPixmapCache: it forgets what nobody holds for half a minute, by a timer that it keeps
 // running.
 Q_APPLICATION_STATIC(Pictures, pictures)
@@ -39,26 +42,30 @@ QPixmap decode(const QString& path) {
     return QPixmap::fromImage(std::move(image));
 }
 
-QPixmap decode(const QString& path, bool doubled) {
-    if (!doubled) {
+QPixmap pictureFor(const QString& path, qreal devicePixelRatio) {
+    if (devicePixelRatio == 1.0) {
         return decode(path);
     }
     QPixmap picture = decode(path + "@2x"_L1);
     if (picture.isNull()) {
         return artwork(path, 1.0);
     }
-    picture.setDevicePixelRatio(2.0);
+    if (devicePixelRatio != DOUBLED) {
+        const QSizeF size = QSizeF(picture.size()) / DOUBLED * devicePixelRatio;
+        picture = picture.scaled(size.toSize(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    }
+    picture.setDevicePixelRatio(devicePixelRatio);
     return picture;
 }
 
 }  // namespace
 
 QPixmap artwork(const QString& path, qreal devicePixelRatio) {
-    const std::pair key{path, devicePixelRatio > 1.0};
+    const std::pair key{path, std::max(devicePixelRatio, 1.0)};
     if (const auto known = pictures->constFind(key); known != pictures->cend()) {
         return *known;
     }
-    return *pictures->insert(key, decode(path, key.second));
+    return *pictures->insert(key, pictureFor(path, key.second));
 }
 
 QPixmap artwork(const QString& path) {

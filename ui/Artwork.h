@@ -8,10 +8,12 @@ class QPainter;
 class QRect;
 
 /// The picture at the resource path @p path (":/img/button1") for a surface of
-/// @p devicePixelRatio: the 1x picture up to 1.0, above that the one named @p path + "@2x", which
-/// says so itself by its device pixel ratio of 2. Without a 2x picture the 1x one serves both.
+/// @p devicePixelRatio: the 1x picture up to 1.0, at 2.0 the one named @p path + "@2x", at any
+/// other ratio that one smoothly brought to the surface's pixels, for a painter drops or doubles
+/// single pixels. Each says by its device pixel ratio what it is for. Without a 2x picture the 1x
+/// one serves all.
 ///
-/// Each picture is decoded once, when it is first asked for, and kept until the application object
+/// Each picture is made once, when it is first asked for, and kept until the application object
 /// goes. A path that holds no picture gives a null pixmap. Its size in device independent pixels is
 /// deviceIndependentSize(). Masks take the picture of ratio 1.0. Main thread.
 [[nodiscard]] QPixmap artwork(const QString& path, qreal devicePixelRatio);

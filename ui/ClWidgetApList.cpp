@@ -19,7 +19,10 @@ QWidget* createSeparator() {
     line->setFixedHeight(1);
     QPalette colours = line->palette();
     colours.setColor(QPalette::WindowText, AP_SEPARATOR_COLOUR);
+    // At 125 % a painted line misses the pixels at times; the background fills them.
+    colours.setColor(QPalette::Window, AP_SEPARATOR_COLOUR);
     line->setPalette(colours);
+    line->setAutoFillBackground(true);
     return line;
 }
 

@@ -8,6 +8,8 @@
 #include "ui/ClCaptionBar.h"
 #include "ui/ClRollOverToolBtn.h"
 
+#include <QApplication>
+#include <QDialog>
 #include <QImage>
 #include <QLabel>
 #include <QMetaType>
@@ -55,6 +57,7 @@ private Q_SLOTS:
     void theWindowPaintsItsPicture();
     void theRoundedCornersAreClear();
     void onlyTheRegionAskedForIsPainted();
+    void itsControlsAreLightOnADarkDesktop();
     void theCloseButtonClosesTheWindow();
     void theHelpPagesNoticesOfUpdatesArrive();
     void firmwareIsNotUpdated();
@@ -159,6 +162,25 @@ void MainWidgetTest::onlyTheRegionAskedForIsPainted() {
     expected.fill(Qt::transparent);
     QPainter(&expected).drawImage(region, windowPicture(), region);
     QCOMPARE(painted(*m_window, region), expected);
+}
+
+void MainWidgetTest::itsControlsAreLightOnADarkDesktop() {
+    const QPalette light = QApplication::palette();
+    QApplication::setPalette(QPalette(QColor(0x31, 0x36, 0x3B), QColor(0x23, 0x26, 0x29)));
+    const ClMainWidget window;
+    const QPalette shown = window.findChild<ClWidgetHelp*>()->palette();
+    const QPalette onDialogs = QDialog(window.findChild<ClWidgetHelp*>()).palette();
+    QApplication::setPalette(light);
+
+    for (const auto role : {QPalette::Window, QPalette::Base, QPalette::Button}) {
+        QVERIFY(shown.color(role).lightness() > 220);
+        QVERIFY(onDialogs.color(role).lightness() < 100);
+    }
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+        QVERIFY(shown.color(role).lightness() < 60);
+        QCOMPARE(shown.color(QPalette::Disabled, role), QColor(0x88, 0x8C, 0x91));
+        QVERIFY(onDialogs.color(role).lightness() > 200);
+    }
 }
 
 void MainWidgetTest::theCloseButtonClosesTheWindow() {

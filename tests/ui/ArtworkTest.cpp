@@ -51,6 +51,7 @@ class ArtworkTest : public QObject {
 private Q_SLOTS:
     void choosesThePictureForTheSurface_data();
     void choosesThePictureForTheSurface();
+    void smoothsThePictureBetweenTheRatios();
     void readsPackedPixels();
     void refusesWhatIsCutOff();
     void carriesEveryPictureAsItIsDrawn_data();
@@ -76,10 +77,10 @@ void ArtworkTest::choosesThePictureForTheSurface_data() {
     QTest::addColumn<qreal>("picture");
     QTest::newRow("half") << 0.5 << 1.0;
     QTest::newRow("plain") << 1.0 << 1.0;
-    QTest::newRow("a little sharper") << 1.25 << 2.0;
-    QTest::newRow("between") << 1.5 << 2.0;
+    QTest::newRow("a little sharper") << 1.25 << 1.25;
+    QTest::newRow("between") << 1.5 << 1.5;
     QTest::newRow("double") << 2.0 << 2.0;
-    QTest::newRow("triple") << 3.0 << 2.0;
+    QTest::newRow("triple") << 3.0 << 3.0;
 }
 
 void ArtworkTest::choosesThePictureForTheSurface() {
@@ -89,6 +90,17 @@ void ArtworkTest::choosesThePictureForTheSurface() {
     QCOMPARE(found.devicePixelRatio(), picture);
     QCOMPARE(found.size(), QSize(112, 84) * picture);
     QCOMPARE(found.deviceIndependentSize(), QSizeF(112, 84));
+}
+
+void ArtworkTest::smoothsThePictureBetweenTheRatios() {
+    const QImage doubled = artwork(u":/img/button_camera"_s, 2.0).toImage();
+    const QSize size = artwork(u":/img/button_camera"_s, 1.5).size();
+    const QImage smooth = doubled.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    const QImage rough = doubled.scaled(size, Qt::IgnoreAspectRatio, Qt::FastTransformation);
+    QVERIFY(smooth != rough);
+    QImage found = artwork(u":/img/button_camera"_s, 1.5).toImage();
+    found.setDevicePixelRatio(smooth.devicePixelRatio());
+    QCOMPARE(found, smooth);
 }
 
 void ArtworkTest::readsPackedPixels() {

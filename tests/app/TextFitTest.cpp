@@ -1,0 +1,110 @@
+// SPDX-License-Identifier: MIT
+#include "tests/support/TextFit.h"
+
+#include "app/Startup.h"
+#include "tests/app/BusBench.h"
+#include "tour/ClTour.h"
+
+#include <QLocale>
+#include <QTranslator>
+
+using namespace nubo::simulator;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// A camera whose values are the widest that a user meets.
+CameraState widestState() {
+    CameraState state;
+    const std::string widestSsid(32, 'W');
+    state.battery.charge = 100;
+    state.sdCard = {.total = 2'147'483'648, .used = 2'147'483'647};
+    state.settings.cameraName = std::string(8, 'W');
+    state.settings.wifi.ssid = widestSsid;
+    state.settings.wifi.secondSsid = widestSsid;
+    state.settings.wifi.channel = 165;
+    state.settings.wifi.encryption = 2;
+    state.settings.wifi.rssi = 100;
+    state.settings.infraSsid = widestSsid;
+    state.settings.infraAddress = 0xDFFFFFFE;
+    state.settings.infraGateway = 0xDFFFFFFE;
+    state.settings.infraSubnetMask = 0xFFFFFFFC;
+    state.settings.adhocAddress = 0xDFFFFFFE;
+    state.settings.adhocSubnetMask = 0xFFFFFFFC;
+    state.settings.autoPowerOff = 72 * 3600;
+    state.settings.autoWifiOff = 600;
+    state.settings.timeZone = 0;
+    state.identity.serialNumber = std::string(32, 'W');
+    state.identity.ssid = widestSsid;
+    state.identity.adhocKey = std::string(63, 'W');
+    state.identity.firmwareVersion = std::string(16, '8');
+    state.accessPoints.assign(20, {widestSsid, 165, 2, 100});
+    return state;
+}
+
+}  // namespace
+
+/// Everything that the tool shows, in each of its languages, with a camera's values in it.
+class TextFitTest : public QObject {
+    Q_OBJECT
+
+public:
+    explicit TextFitTest(VirtualUsbBus& bus) : m_bus(bus) {}
+
+private Q_SLOTS:
+    static void initTestCase() { installFonts(); }
+    static void everyTextHasItsPlace_data();
+    void everyTextHasItsPlace();
+
+private:
+    VirtualUsbBus& m_bus;
+};
+
+void TextFitTest::everyTextHasItsPlace_data() {
+    QTest::addColumn<QString>("catalogue");
+    QTest::addColumn<QLocale>("locale");
+    QTest::addColumn<CameraState>("state");
+    const QLocale english(QLocale::English);
+    const QLocale japanese(QLocale::Japanese);
+    const CameraState usual;
+    const CameraState widest = widestState();
+    QTest::newRow("English") << u":/lang/en"_s << english << usual;
+    QTest::newRow("English, widest values") << u":/lang/en"_s << english << widest;
+    QTest::newRow("Japanese") << u":/lang/ja"_s << japanese << usual;
+    QTest::newRow("Japanese, widest values") << u":/lang/ja"_s << japanese << widest;
+}
+
+void TextFitTest::everyTextHasItsPlace() {
+    QFETCH(QString, catalogue);
+    QFETCH(QLocale, locale);
+    QFETCH(CameraState, state);
+    QTranslator translator;
+    QVERIFY(translator.load(catalogue));
+    QCoreApplication::installTranslator(&translator);
+    QLocale::setDefault(locale);
+    const auto camera = std::make_shared<VirtualCamera>();
+    camera->setState(state);
+    const DeviceId id = m_bus.plug(camera);
+
+    QStringList complaints;
+    {
+        ClMainWidget window;
+        window.show();
+        ClTour tour(window, [&complaints](const QWidget& shown, const QString& name) {
+            for (const QString& complaint : misplacedTexts(shown)) {
+                complaints << u"%1: %2"_s.arg(name, complaint);
+            }
+            return true;
+        });
+        QVERIFY(tour.run());
+    }
+    m_bus.settle();
+    m_bus.unplug(id);
+    QVERIFY2(complaints.isEmpty(), qPrintable(u'\n' + complaints.join(u'\n')));
+}
+
+int main(int argc, char** argv) {
+    return runOnBus<TextFitTest>(argc, argv);
+}
+
+#include "TextFitTest.moc"

@@ -1,0 +1,129 @@
+// SPDX-License-Identifier: MIT
+#include "tour/TourStops.h"
+
+#include "ui/ClButtonMode.h"
+#include "ui/ClButtonNetworkTab.h"
+#include "ui/ClLabelSsid.h"
+#include "ui/ClWidgetApInfo.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTest>
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+template <class Widget>
+QList<Widget*> visible(const QWidget& shown) {
+    QList<Widget*> widgets = shown.findChildren<Widget*>();
+    widgets.removeIf([](const Widget* widget) { return !widget->isVisible(); });
+    return widgets;
+}
+
+template <class Button, int INDEX>
+bool click(const QWidget& shown) {
+    Button* button = visible<Button>(shown).value(INDEX);
+    if (button != nullptr) {
+        QTest::mouseClick(button, Qt::LeftButton);
+    }
+    return button != nullptr;
+}
+
+bool chooseFirstAccesspoint(const QWidget& shown) {
+    ClWidgetApInfo* row = visible<ClWidgetApInfo>(shown).value(0);
+    if (row != nullptr) {
+        QTest::mouseDClick(row, Qt::LeftButton);
+    }
+    return row != nullptr;
+}
+
+bool decideOnNoAddress(const QWidget& shown) {
+    QLineEdit* address = visible<QLineEdit>(shown).value(0);
+    if (address != nullptr) {
+        address->clear();
+    }
+    return address != nullptr && click<QPushButton, 0>(shown);
+}
+
+bool showsEverything(const QWidget& /*shown*/) {
+    return true;
+}
+
+bool showsValues(const QWidget& shown) {
+    const auto isUnknown = [](const auto* widget) { return widget->text().contains(u"--"); };
+    return std::ranges::none_of(visible<QLabel>(shown), isUnknown) &&
+           std::ranges::none_of(visible<QPushButton>(shown), isUnknown) &&
+           std::ranges::none_of(visible<QLineEdit>(shown), &QString::isEmpty, &QLineEdit::text);
+}
+
+bool showsAccesspoint(const QWidget& shown) {
+    return std::ranges::any_of(visible<ClLabelSsid>(shown),
+                               [](const QLabel* ssid) { return !ssid->text().isEmpty(); });
+}
+
+template <int INDEX>
+stStop dialog(const char* name, std::vector<stStop> inner = {}) {
+    return {eStop::Dialog, name, click<QPushButton, INDEX>, showsEverything, std::move(inner)};
+}
+
+template <int INDEX>
+stStop subPage(const char* name, bool (*isReady)(const QWidget&), std::vector<stStop> inner = {}) {
+    return {eStop::SubPage, name, click<QPushButton, INDEX>, isReady, std::move(inner)};
+}
+
+std::vector<stStop> networkStops() {
+    return {
+        subPage<1>("network-search", showsAccesspoint,
+                   {{eStop::Dialog, "network-key", chooseFirstAccesspoint, showsEverything, {}}}),
+        subPage<2>("network-manual", showsEverything),
+        subPage<0>("network-dhcp", showsValues),
+        {eStop::SubPage,
+         "network-adhoc",
+         click<ClButtonNetworkTab, 1>,
+         showsValues,
+         {{eStop::Dialog, "network-refused", decideOnNoAddress, showsEverything, {}}}},
+    };
+}
+
+std::vector<stStop> basicSettingStops() {
+    return {
+        dialog<0>("basic-setting-camera-name"),
+        dialog<1>("basic-setting-time-zone"),
+        dialog<2>("basic-setting-time", {dialog<1>("basic-setting-calendar")}),
+        dialog<3>("basic-setting-auto-wifi-off"),
+        dialog<4>("basic-setting-wifi-country"),
+        dialog<5>("basic-setting-auto-power-off"),
+        dialog<6>("basic-setting-led"),
+        dialog<7>("basic-setting-gps"),
+        dialog<8>("basic-setting-authorization"),
+        dialog<9>("basic-setting-interval"),
+        dialog<10>("basic-setting-image-quality"),
+    };
+}
+
+}  // namespace
+
+std::vector<stStop> tourStops() {
+    return {
+        {eStop::Page,
+         "camera-state",
+         click<ClButtonMode, 0>,
+         showsValues,
+         {
+             dialog<0>("camera-state-format"),
+             dialog<1>("camera-state-initialize"),
+             dialog<2>("camera-state-reset"),
+         }},
+        {eStop::Page, "network", click<ClButtonMode, 1>, showsAccesspoint, networkStops()},
+        {eStop::Page, "basic-setting", click<ClButtonMode, 2>, showsValues, basicSettingStops()},
+        {eStop::Page,
+         "stream",
+         click<ClButtonMode, 3>,
+         showsEverything,
+         {dialog<0>("stream-recording"), dialog<1>("stream-live-view")}},
+        {eStop::Page, "help", click<ClButtonMode, 4>, showsValues, {}},
+    };
+}
