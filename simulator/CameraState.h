@@ -135,9 +135,7 @@ struct CameraState {
         {"Old radio", 3, 1, 35},
         {"", 9, 4, 41},
         {"Lighthouse-Keeper-Upper-Deck-2G4", 13, 4, 64},
-        {"Caf\xC3\xA9 am Gro\xC3\x9F"
-         "markt",
-         4, 4, 30},
+        {"Caf\xE9 am Gro\xDFmarkt", 4, 4, 30},
     };
 };
 

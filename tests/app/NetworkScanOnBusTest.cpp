@@ -76,7 +76,7 @@ void NetworkScanOnBusTest::showsWhatTheCameraTells() {
                         u"Guest, Signal strength 23"_s,
                         u"Old radio, WEP, Signal strength 35"_s,
                         u"Lighthouse-Keeper-Upper-Deck-2G4, AES, Signal strength 64"_s,
-                        u"Caf\u00C3\u00A9 am Gro\u00C3\u009Fmarkt, AES, Signal strength 30"_s,
+                        u"Caf\u00E9 am Gro\u00DFmarkt, AES, Signal strength 30"_s,
                     }));
 }
 
