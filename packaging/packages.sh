@@ -9,7 +9,7 @@ BUILD_PACKAGES=(
 # A computer without a display has no fonts either.
 HEADLESS_PACKAGES=(xvfb xauth fonts-dejavu-core fonts-noto-cjk)
 TEST_PACKAGES=(
-    clang libclang-rt-14-dev clang-format fonts-dejavu-core fonts-noto-cjk
+    clang libclang-rt-14-dev lld clang-format fonts-dejavu-core fonts-noto-cjk
     xvfb xauth dbus-daemon at-spi2-core python3-pyatspi weston qt6-wayland xdotool
 )
 

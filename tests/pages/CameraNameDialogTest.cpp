@@ -52,7 +52,7 @@ void CameraNameDialogTest::carriesTheNameInAndOut_data() {
     QTest::newRow("no name") << QVariantList{QString()} << QString();
     QTest::newRow("nothing") << QVariantList{} << QString();
     QTest::newRow("an invalid value") << QVariantList{QVariant()} << QString();
-    QTest::newRow("another type") << QVariantList{QVariantList{1, 2}} << QString();
+    QTest::newRow("another type") << QVariantList{QVariant(QVariantList{1, 2})} << QString();
 }
 
 void CameraNameDialogTest::carriesTheNameInAndOut() {
