@@ -40,11 +40,10 @@ if [ $bus = real ] && ! $has_display; then
 fi
 
 source packaging/packages.sh
-if $has_display; then
-    install_missing "${BUILD_PACKAGES[@]}"
-else
-    install_missing "${BUILD_PACKAGES[@]}" "${HEADLESS_PACKAGES[@]}"
-fi
+needed=("${BUILD_PACKAGES[@]}")
+$has_display || needed+=("${HEADLESS_PACKAGES[@]}")
+[ -z "${WAYLAND_DISPLAY-}" ] || needed+=("${WAYLAND_PACKAGES[@]}")
+install_missing "${needed[@]}"
 build release
 
 tool=build/release/app/nubo-setting-tool

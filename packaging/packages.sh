@@ -8,9 +8,10 @@ BUILD_PACKAGES=(
 )
 # A computer without a display has no fonts either.
 HEADLESS_PACKAGES=(xvfb xauth fonts-dejavu-core fonts-noto-cjk)
+WAYLAND_PACKAGES=(qt6-wayland)
 TEST_PACKAGES=(
     clang libclang-rt-14-dev lld clang-format fonts-dejavu-core fonts-noto-cjk
-    xvfb xauth dbus-daemon at-spi2-core python3-pyatspi weston qt6-wayland xdotool
+    xvfb xauth dbus-daemon at-spi2-core python3-pyatspi weston "${WAYLAND_PACKAGES[@]}" xdotool
 )
 
 # install_missing PACKAGE...: installs those that are not there yet, and asks no package registry
