@@ -29,8 +29,15 @@ int BusBench::modeOnShow() const {
     return window.findChild<QStackedLayout*>()->currentIndex();
 }
 
-bool BusBench::waitForMode(int mode, int patienceMs) const {
-    return QTest::qWaitFor([&] { return modeOnShow() == mode; }, patienceMs);
+bool BusBench::waitForMode(int mode) const {
+    return QTest::qWaitFor([&] { return modeOnShow() == mode; }, PATIENCE_MS);
+}
+
+bool BusBench::settle() const {
+    bus.clearFaults(id);
+    clickMode(1);
+    // Entering the page has emptied it; the card comes last.
+    return QTest::qWaitFor([this] { return !shown().freeSpace().startsWith(u"--"); }, PATIENCE_MS);
 }
 
 void BusBench::clickMode(int mode) const {

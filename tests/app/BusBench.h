@@ -7,17 +7,13 @@
 #include "tests/app/RecordingCamera.h"
 #include "tests/support/BoxUser.h"
 #include "tests/support/CameraStateReader.h"
+#include "tests/support/Patience.h"
 
 #include <QApplication>
 #include <QList>
 #include <QTest>
 
 #include <memory>
-
-/// Long enough for whatever ends by itself.
-inline constexpr int PATIENCE_MS = 10'000;
-/// Until the next search pass, with some slack for a busy machine.
-inline constexpr int SEARCH_MS = 1800;
 
 /// The commands of one refresh of the camera state page: battery, Wi-Fi, SD card.
 inline const QList<int> REFRESH{0x5037, 0x5001, 0x5039};
@@ -39,7 +35,11 @@ public:
     [[nodiscard]] bool replug() const;
 
     [[nodiscard]] int modeOnShow() const;
-    [[nodiscard]] bool waitForMode(int mode, int patienceMs = PATIENCE_MS) const;
+    [[nodiscard]] bool waitForMode(int mode) const;
+    /// Goes to the camera state page, and waits until nothing that was asked for before is still
+    /// under way: the camera serves one command after another, and to a page that has been left no
+    /// answer comes that would have it ask for more.
+    [[nodiscard]] bool settle() const;
     void clickMode(int mode) const;
     [[nodiscard]] CameraStateReader shown() const {
         return CameraStateReader(*window.findChild<ClWidgetCameraState*>());

@@ -31,7 +31,7 @@ public:
     /// Has camera and program as at their first meeting, so that what shows has just been read, and
     /// shows the network page.
     [[nodiscard]] bool enter() {
-        if (!leave()) {
+        if (!settle()) {
             return false;
         }
         camera->setState({});
@@ -49,16 +49,6 @@ public:
         return QTest::qWaitFor([] { return g_ulWifiMode == WIFI_MODE_INFRASTRUCTURE; },
                                PATIENCE_MS) &&
                waitForLink("Harbour") && forget();
-    }
-
-    /// Leaves the network page, and waits until nothing that was asked for is still under way.
-    [[nodiscard]] bool leave() {
-        bus.clearFaults(id);
-        forget();
-        clickMode(1);
-        // One command after another: what the page here asks for last comes last.
-        return QTest::qWaitFor([this] { return camera->codes().contains(REFRESH.last()); },
-                               PATIENCE_MS);
     }
 
     /// Shows the network page as a user does. It asks for nothing by itself until its top sub-page
@@ -86,7 +76,7 @@ public:
         const QWidget* former = area().widget();
         network.click(QStringLiteral("AP search and setting"));
         return QTest::qWaitFor([&] { return area().widget() != former; }, PATIENCE_MS) &&
-               camera->codes() == QList<int>{0x5001, 0x5002};
+               camera->commands() == plainCommands({0x5001, 0x5002});
     }
     /// The access points of the list, and what they say.
     [[nodiscard]] QList<ClWidgetApInfo*> rows() const {

@@ -62,17 +62,16 @@ void NetworkRefusalsOnBusTest::init() {
 
 void NetworkRefusalsOnBusTest::aRefusedWriteIsTold() {
     m_bench->openDhcp();
-    QTRY_COMPARE_WITH_TIMEOUT(m_bench->network.edit(u"Default Gateway"_s).text(), u"192.168.0.1"_s,
-                              PATIENCE_MS);
+    TRY_COMPARE(m_bench->network.edit(u"Default Gateway"_s).text(), u"192.168.0.1"_s);
     m_bench->network.click(u"OFF"_s);
     refuse(0xFFFB);
     m_bench->network.click(u"Decision"_s);
-    QTRY_COMPARE_WITH_TIMEOUT(m_bench->user.boxes().size(), 1, PATIENCE_MS);
+    TRY_COMPARE(m_bench->user.boxes().size(), 1);
     QCOMPARE(m_bench->user.texts().last(), u"Parameter setting failed"_s);
     QVERIFY(m_bench->network.shows(u"DHCP"_s));
     m_bench->forget();
     m_bench->network.click(u"Decision"_s);
-    QTRY_VERIFY_WITH_TIMEOUT(m_bench->network.shows(u"AP of selecting"_s), PATIENCE_MS);
+    TRY_VERIFY(m_bench->network.shows(u"AP of selecting"_s));
     QCOMPARE(m_bench->written(), QList<QByteArray>{plain("0858", "01000000")});
 }
 
@@ -80,7 +79,7 @@ void NetworkRefusalsOnBusTest::aRefusedSsidStaysOnTheList() {
     QVERIFY(m_bench->openSearch());
     refuse(0xFFFB);
     m_bench->select(u"Guest"_s);
-    QTRY_COMPARE_WITH_TIMEOUT(m_bench->user.boxes().size(), 1, PATIENCE_MS);
+    TRY_COMPARE(m_bench->user.boxes().size(), 1);
     QCOMPARE(m_bench->user.texts().last(), u"Parameter setting failed"_s);
     QVERIFY(m_bench->network.shows(u"Research"_s));
 }
@@ -96,7 +95,7 @@ void NetworkRefusalsOnBusTest::aRefusedKeyIsToldOnTheTopPage() {
         acceptBox(box);
     });
     m_bench->select(u"Workshop"_s);
-    QTRY_COMPARE_WITH_TIMEOUT(m_bench->user.boxes().size(), 2, PATIENCE_MS);
+    TRY_COMPARE(m_bench->user.boxes().size(), 2);
     QCOMPARE(m_bench->user.texts().last(), u"Parameter setting failed"_s);
     QVERIFY(m_bench->waitForAccesspoint(u"Workshop"_s));
     QVERIFY(m_bench->network.shows(u"AP of selecting"_s));
@@ -105,31 +104,29 @@ void NetworkRefusalsOnBusTest::aRefusedKeyIsToldOnTheTopPage() {
 void NetworkRefusalsOnBusTest::aRefusedSwitchIsToldAndPutRight() {
     refuse(0xFFF9);
     m_bench->network.clickBox(INFRASTRUCTURE);
-    QTRY_COMPARE_WITH_TIMEOUT(m_bench->user.boxes().size(), 1, PATIENCE_MS);
+    TRY_COMPARE(m_bench->user.boxes().size(), 1);
     QCOMPARE(m_bench->user.texts().last(), u"Exec failed, unknown error"_s);
     QVERIFY(!m_bench->network.box(INFRASTRUCTURE).isChecked());
     // The fault has turned the answer only: a camera that refuses stays as it is.
     m_bench->camera->set("wifi", "on");
     m_bench->show();
-    QTRY_VERIFY_WITH_TIMEOUT(m_bench->network.box(INFRASTRUCTURE).isChecked(), PATIENCE_MS);
+    TRY_VERIFY(m_bench->network.box(INFRASTRUCTURE).isChecked());
     QCOMPARE(m_bench->user.boxes().size(), 1);
 }
 
 void NetworkRefusalsOnBusTest::twoRefusalsAreToldOnce() {
     m_bench->camera->set("wifi", "off");
     m_bench->show();
-    QTRY_VERIFY_WITH_TIMEOUT(!g_bIsWifiON, PATIENCE_MS);
-    QTRY_VERIFY_WITH_TIMEOUT(!m_bench->isLinked(), PATIENCE_MS);
+    TRY_VERIFY(!g_bIsWifiON);
+    TRY_VERIFY(!m_bench->isLinked());
     m_bench->forget();
     refuse(0xFFFB, 1, 2);
     m_bench->network.clickBox(INFRASTRUCTURE);
-    QTRY_COMPARE_WITH_TIMEOUT(
-        m_bench->written(),
-        (QList<QByteArray>{plain("4758", "02000000"), plain("0358", "01000000")}), PATIENCE_MS);
+    TRY_COMPARE(m_bench->written(),
+                (QList<QByteArray>{plain("4758", "02000000"), plain("0358", "01000000")}));
     // What comes after the second refusal has come.
     m_bench->openDhcp();
-    QTRY_COMPARE_WITH_TIMEOUT(m_bench->network.edit(u"Default Gateway"_s).text(), u"192.168.0.1"_s,
-                              PATIENCE_MS);
+    TRY_COMPARE(m_bench->network.edit(u"Default Gateway"_s).text(), u"192.168.0.1"_s);
     QCOMPARE(m_bench->user.boxes().size(), 1);
     QCOMPARE(m_bench->user.texts().last(), u"Parameter setting failed"_s);
 }

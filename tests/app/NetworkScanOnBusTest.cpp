@@ -120,7 +120,7 @@ void NetworkScanOnBusTest::aScanThatFailsHalfWayLeavesTheList() {
     m_bus.addFault(m_bench->id, {.kind = FaultKind::Stall, .nth = packet + 1, .count = 3});
     const qsizetype boxes = m_bench->user.boxes().size();
     research();
-    QTRY_COMPARE_WITH_TIMEOUT(m_bench->user.boxes().size(), boxes + 1, PATIENCE_MS);
+    TRY_COMPARE(m_bench->user.boxes().size(), boxes + 1);
     QCOMPARE(m_bench->user.texts().last(), u"Exec failed, unknown error"_s);
     QCOMPARE(m_bench->area().widget(), list);
     QCOMPARE(m_bench->listed(), (QStringList{u"Harbour"_s, u"Workshop"_s}));
@@ -128,8 +128,7 @@ void NetworkScanOnBusTest::aScanThatFailsHalfWayLeavesTheList() {
 
     // What is left of the answer does not get in the way of the next one.
     research();
-    QTRY_COMPARE_WITH_TIMEOUT(m_bench->listed(), (QStringList{u"Quay"_s, u"Pier"_s, u"Mole"_s}),
-                              PATIENCE_MS);
+    TRY_COMPARE(m_bench->listed(), (QStringList{u"Quay"_s, u"Pier"_s, u"Mole"_s}));
     QCOMPARE(m_bench->user.boxes().size(), boxes + 1);
 }
 

@@ -42,13 +42,11 @@ void NetworkUnplugTest::openSubPage(const QString& name) {
         m_bench->network.type(u"SSID"_s, u"Harbour"_s);
     } else if (name == "DHCP"_L1) {
         m_bench->openDhcp();
-        QTRY_COMPARE_WITH_TIMEOUT(m_bench->network.edit(u"Default Gateway"_s).text(),
-                                  u"192.168.0.1"_s, PATIENCE_MS);
+        TRY_COMPARE(m_bench->network.edit(u"Default Gateway"_s).text(), u"192.168.0.1"_s);
         m_bench->network.click(u"OFF"_s);
     } else if (name == "ad hoc"_L1) {
         m_bench->network.clickTab(ADHOC);
-        QTRY_COMPARE_WITH_TIMEOUT(m_bench->network.edit(u"Subnetmask"_s).text(), u"255.255.255.0"_s,
-                                  PATIENCE_MS);
+        TRY_COMPARE(m_bench->network.edit(u"Subnetmask"_s).text(), u"255.255.255.0"_s);
         m_bench->network.type(u"IP Address"_s, u"10.1.2.3"_s);
     }
 }
@@ -62,7 +60,7 @@ void NetworkUnplugTest::decide(const QString& name) {
         state.accessPoints.resize(500, {"Harbour", 6, 4, 72});
         m_bench->camera->setState(state);
         m_bench->network.click(u"Research"_s);
-        QTRY_VERIFY_WITH_TIMEOUT(m_bench->camera->codes().contains(0x5002), PATIENCE_MS);
+        TRY_VERIFY(m_bench->camera->codes().contains(0x5002));
     } else {
         m_bench->network.click(u"Decision"_s);
     }
@@ -97,7 +95,7 @@ void NetworkUnplugTest::nothingIsSentUntilItIsBack() {
         m_bench->user.setAction([&](QWidget& box) {
             QTest::keyClicks(box.findChild<QLineEdit*>(), u"key"_s);
             unplug();
-            QTRY_VERIFY_WITH_TIMEOUT(!box.isVisible(), PATIENCE_MS);
+            TRY_VERIFY(!box.isVisible());
         });
         decide(name);
         QCOMPARE(m_bench->user.boxes().size(), boxes + 1);

@@ -17,6 +17,16 @@ struct stReceivedCommand {
     bool operator==(const stReceivedCommand&) const = default;
 };
 
+/// The commands with these codes, whose five parameters are 0.
+inline QList<stReceivedCommand> plainCommands(const QList<int>& codes) {
+    constexpr qsizetype PARAMETERS_SIZE = 20;
+    QList<stReceivedCommand> commands;
+    for (const int code : codes) {
+        commands.append({code, QByteArray(PARAMETERS_SIZE, '\0')});
+    }
+    return commands;
+}
+
 /// The simulated camera, noting the commands that it receives. Any thread.
 class RecordingCamera : public nubo::simulator::VirtualCamera {
 public:

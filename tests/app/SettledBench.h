@@ -19,12 +19,13 @@ public:
     using BusBench::BusBench;
 
     /// Starts a row: all is forgotten that the rows before have left.
-    void startRow(int mode) {
-        bus.clearFaults(id);
+    [[nodiscard]] bool startRow(int mode) {
         user.setAction(acceptBox);
+        const bool isSettled = settle();
         m_boxesBefore = user.boxes().size();
         clickMode(mode);
         camera->forgetCodes();
+        return isSettled;
     }
 
     /// The texts of the row's boxes.

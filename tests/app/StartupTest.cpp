@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include "tests/support/Patience.h"
+
 #include <QDir>
 #include <QMap>
 #include <QProcess>
@@ -11,7 +13,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int PATIENCE_MS = 30000;
 constexpr int REFUSED = 255;  // -1, as the operating system passes it on
 
 const QString KEY = u"NuBo_USB_Communication"_s;

@@ -107,7 +107,7 @@ void StreamFailuresOnBusTest::aFailureIsShownOnceAndTheToolGoesOn() {
     QFETCH(const Fault, fault);
     QFETCH(const QString, text);
     const stConversation& expected = CONVERSATIONS[conversation];
-    m_bench->startRow(STREAM_MODE);
+    QVERIFY(m_bench->startRow(STREAM_MODE));
     CameraState state = m_bench->camera->state();
     state.settings = CameraSettings();
     m_bench->camera->setState(state);
@@ -124,17 +124,17 @@ void StreamFailuresOnBusTest::aFailureIsShownOnceAndTheToolGoesOn() {
 
     const bool isRead = step < READS;
     const QStringList texts = isRead ? QStringList{text} : QStringList{expected.dialog, text};
-    QTRY_COMPARE_WITH_TIMEOUT(m_bench->texts(), texts, PATIENCE_MS);
+    TRY_COMPARE(m_bench->texts(), texts);
     QCOMPARE(codes(), isRead ? expected.codes.first(step + 1) : expected.codes);
     QCOMPARE(m_bench->texts(), texts);
 }
 
 void StreamFailuresOnBusTest::aRequestWithoutAnswerIsReported() {
-    m_bench->startRow(STREAM_MODE);
+    QVERIFY(m_bench->startRow(STREAM_MODE));
     m_bus.addFault(m_bench->id, {.kind = FaultKind::Timeout, .unit = FaultUnit::Command, .nth = 2});
     click(0);
     const QStringList texts{u"Exec failed, unknown error"_s};
-    QTRY_COMPARE_WITH_TIMEOUT(m_bench->texts(), texts, PATIENCE_MS);
+    TRY_COMPARE(m_bench->texts(), texts);
     QCOMPARE(codes(), QList<int>{0x5012});
     QCOMPARE(m_bench->texts(), texts);
 }

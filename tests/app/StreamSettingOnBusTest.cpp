@@ -39,7 +39,7 @@ public:
 private Q_SLOTS:
     void initTestCase();
     void cleanupTestCase() { m_bench.reset(); }
-    void init() { m_bench->startRow(STREAM_MODE); }
+    void init() { QVERIFY(m_bench->startRow(STREAM_MODE)); }
 
     void aRecordingSizeIsChosen_data();
     void aRecordingSizeIsChosen();
@@ -121,7 +121,7 @@ void StreamSettingOnBusTest::aRecordingSizeIsChosen() {
     });
     chooseAndAccept(choices);
     click(0);
-    QTRY_COMPARE(m_bench->texts(), QStringList{REC_DIALOG});
+    TRY_COMPARE(m_bench->texts(), QStringList{REC_DIALOG});
     QCOMPARE(m_bench->finishRow(), READ_REC + written);
     QCOMPARE(m_bench->camera->state().settings.recordingSize, after);
     QCOMPARE(m_bench->camera->state().settings.recordingRate, 5U);
@@ -169,7 +169,7 @@ void StreamSettingOnBusTest::liveViewIsChosen() {
     });
     chooseAndAccept(choices);
     click(1);
-    QTRY_COMPARE(m_bench->texts(), QStringList{LIVE_DIALOG});
+    TRY_COMPARE(m_bench->texts(), QStringList{LIVE_DIALOG});
     QCOMPARE(m_bench->finishRow(), READ_LIVE + written);
     QCOMPARE(m_bench->texts(), QStringList{LIVE_DIALOG});
 }
@@ -180,7 +180,7 @@ void StreamSettingOnBusTest::aCancelledDialogLeavesTheCameraAlone() {
         rejectBox(box);
     });
     click(0);
-    QTRY_COMPARE(m_bench->texts(), QStringList{REC_DIALOG});
+    TRY_COMPARE(m_bench->texts(), QStringList{REC_DIALOG});
     QCOMPARE(m_bench->finishRow(), READ_REC);
 }
 
@@ -191,7 +191,7 @@ void StreamSettingOnBusTest::aSlowCameraIsAskedOnce() {
     for (int times = 0; times < 5; ++times) {
         click(1);
     }
-    QTRY_COMPARE(m_bench->texts(), QStringList{LIVE_DIALOG});
+    TRY_COMPARE(m_bench->texts(), QStringList{LIVE_DIALOG});
     QCOMPARE(m_bench->finishRow(), READ_LIVE);
     QCOMPARE(m_bench->texts(), QStringList{LIVE_DIALOG});
 }
@@ -207,10 +207,10 @@ void StreamSettingOnBusTest::leavingThePageForgetsWhatItAsked() {
     QVERIFY(!received.contains(command(0x5013)));
     QVERIFY(m_bench->texts().isEmpty());
 
-    m_bench->startRow(STREAM_MODE);
+    QVERIFY(m_bench->startRow(STREAM_MODE));
     m_bench->user.setAction(rejectBox);
     click(0);
-    QTRY_COMPARE(m_bench->texts(), QStringList{REC_DIALOG});
+    TRY_COMPARE(m_bench->texts(), QStringList{REC_DIALOG});
     QCOMPARE(m_bench->finishRow(), READ_REC);
 }
 
@@ -224,9 +224,9 @@ void StreamSettingOnBusTest::aCameraUnpluggedUnderAnOpenDialogIsLeftAlone() {
         acceptBox(box);
     });
     click(1);
-    QTRY_COMPARE(m_bench->texts(), QStringList{LIVE_DIALOG});
+    TRY_COMPARE(m_bench->texts(), QStringList{LIVE_DIALOG});
     QVERIFY(isStillOpen);
-    QTRY_VERIFY(QApplication::activeModalWidget() == nullptr);
+    TRY_VERIFY(QApplication::activeModalWidget() == nullptr);
     QCOMPARE(m_bench->modeOnShow(), 0);
     comeBack();
     QCOMPARE(m_bench->finishRow(), READ_LIVE);
@@ -243,7 +243,7 @@ void StreamSettingOnBusTest::aDialogDoesNotOutliveItsCamera() {
         isStillOpen = box.isVisible();
     });
     click(0);
-    QTRY_VERIFY_WITH_TIMEOUT(!isStillOpen, PATIENCE_MS);
+    TRY_VERIFY(!isStillOpen);
     QCOMPARE(m_bench->finishRow(), READ_REC);
     QCOMPARE(m_bench->texts(), QStringList{REC_DIALOG});
 }

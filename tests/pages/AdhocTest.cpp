@@ -15,7 +15,6 @@ const QString USE = u"Connect Adhoc on startup"_s;
 const QString ADDRESS = u"IP Address"_s;
 const QString SUBNETMASK = u"Subnetmask"_s;
 const QString NOT_VALID = u"Not valid settings of network"_s;
-const QString UNKNOWN_ERROR = u"Exec failed, unknown error"_s;
 
 const QList<QUuid> OWN_COMMANDS{
     USB_REQ_NUBO_CMD_GET_SSID,          USB_REQ_NUBO_CMD_GET_ADHOCKEY,
@@ -349,13 +348,8 @@ void AdhocTest::aFailureIsShownEachTime_data() {
 
 void AdhocTest::aFailureIsShownEachTime() {
     QFETCH(const QUuid, command);
-    m_bench->respond(command, 0xFFFB);
-    m_bench->fail(command, 0xEF01);
-    m_bench->fail(command, 0xEF05);
-    m_bench->respond(command, 0xFFFF);
-    m_bench->fail(command, 0xEF00);  // the camera has gone: that shows by itself
-    QCOMPARE(m_bench->boxes.texts(), (QStringList{u"Parameter setting failed"_s, UNKNOWN_ERROR,
-                                                  UNKNOWN_ERROR, UNKNOWN_ERROR}));
+    m_bench->failInManyWays(command);
+    QCOMPARE(m_bench->boxes.texts(), FAILURE_TEXTS);
     QVERIFY(!g_bIsShowError);
     QVERIFY(m_left.isEmpty());
     QCOMPARE(m_bench->takeSent(), QStringList());

@@ -1,13 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "pages/ClWidgetBasicSetting.h"
 #include "tests/pages/BasicSettingMessages.h"
-#include "tests/pages/CameraMessages.h"
-#include "tests/support/BoxUser.h"
+#include "tests/pages/PageBench.h"
 #include "tests/support/DialogControls.h"
 
 #include <QPushButton>
-#include <QSignalSpy>
-#include <QTest>
 
 #include <memory>
 
@@ -54,8 +51,8 @@ class BasicSettingPageTest : public QObject {
 
 private Q_SLOTS:
     void initTestCase() { QCoreApplication::setApplicationName(u"Test program"_s); }
-    void init();
-    void cleanup();
+    void init() { m_bench = std::make_unique<PageBench<PollingNotes>>(QSize(600, 505)); }
+    void cleanup() { m_bench.reset(); }
 
     void showingThePageAsksForTheName_data();
     void showingThePageAsksForTheName();
@@ -78,37 +75,14 @@ private Q_SLOTS:
     void thePageNeverPolls();
 
 private:
-    [[nodiscard]] QPushButton* nameButton() const { return m_page->findChild<QPushButton*>(); }
-    void clickName() const { QTest::mouseClick(nameButton(), Qt::LeftButton); }
-    [[nodiscard]] QList<QUuid> sent() const;
-
-    std::unique_ptr<PollingNotes> m_page;
-    std::unique_ptr<QSignalSpy> m_sent;
-    std::unique_ptr<BoxUser> m_user;
-};
-
-void BasicSettingPageTest::init() {
-    m_page = std::make_unique<PollingNotes>(nullptr);
-    m_sent = std::make_unique<QSignalSpy>(m_page.get(), &ClWidgetBase::sigSendCommand);
-    m_user = std::make_unique<BoxUser>();
-    m_page->resize(600, 505);
-    m_page->show();
-    QVERIFY(QTest::qWaitForWindowExposed(m_page.get()));
-}
-
-void BasicSettingPageTest::cleanup() {
-    m_user.reset();
-    m_sent.reset();
-    m_page.reset();
-}
-
-QList<QUuid> BasicSettingPageTest::sent() const {
-    QList<QUuid> commands;
-    for (const QVariantList& arguments : std::as_const(*m_sent)) {
-        commands.append(arguments.first().toMap().value(u"CMD"_s).toUuid());
+    [[nodiscard]] QPushButton* nameButton() const {
+        return m_bench->page.findChild<QPushButton*>();
     }
-    return commands;
-}
+    void clickName() const { QTest::mouseClick(nameButton(), Qt::LeftButton); }
+    [[nodiscard]] QList<QUuid> sent() const { return m_bench->sentCommands(); }
+
+    std::unique_ptr<PageBench<PollingNotes>> m_bench;
+};
 
 void BasicSettingPageTest::showingThePageAsksForTheName_data() {
     QTest::addColumn<bool>("isPolling");
@@ -118,71 +92,72 @@ void BasicSettingPageTest::showingThePageAsksForTheName_data() {
 
 void BasicSettingPageTest::showingThePageAsksForTheName() {
     QFETCH(bool, isPolling);
-    m_page->slotReceiveCommand(nameAnswer(u"Gull"_s));
-    m_page->showInit(isPolling);
+    m_bench->page.slotReceiveCommand(nameAnswer(u"Gull"_s));
+    m_bench->page.showInit(isPolling);
     QCOMPARE(nameButton()->text(), u"--"_s);
-    QCOMPARE(m_sent->size(), 1);
+    QCOMPARE(m_bench->sent.size(), 1);
     const QVariantMap expected{{u"CMD"_s, USB_REQ_NUBO_CMD_GET_CAMERANAME},
-                               {u"Sender"_s, QVariant::fromValue<QObject*>(m_page.get())}};
-    QCOMPARE(m_sent->first().first().toMap(), expected);
+                               {u"Sender"_s, QVariant::fromValue<QObject*>(&m_bench->page)}};
+    QCOMPARE(m_bench->sent.first().first().toMap(), expected);
 }
 
 void BasicSettingPageTest::theNameIsUnknownUntilTheCameraAnswers() {
     QCOMPARE(nameButton()->text(), u"--"_s);
-    m_page->showInit(false);
+    m_bench->page.showInit(false);
     QCOMPARE(nameButton()->text(), u"--"_s);
-    m_page->slotReceiveCommand(nameAnswer(u"Gull"_s));
+    m_bench->page.slotReceiveCommand(nameAnswer(u"Gull"_s));
     QCOMPARE(nameButton()->text(), u"Gull"_s);
 }
 
 void BasicSettingPageTest::aNameWithoutAClickOpensNoDialog() {
-    m_page->showInit(false);
-    m_page->slotReceiveCommand(nameAnswer(u"Gull"_s));
-    m_page->slotReceiveCommand(nameAnswer(u"Tern"_s));
+    m_bench->page.showInit(false);
+    m_bench->page.slotReceiveCommand(nameAnswer(u"Gull"_s));
+    m_bench->page.slotReceiveCommand(nameAnswer(u"Tern"_s));
     QCOMPARE(nameButton()->text(), u"Tern"_s);
-    QVERIFY(m_user->boxes().isEmpty());
+    QVERIFY(m_bench->boxes.boxes().isEmpty());
 }
 
 void BasicSettingPageTest::aClickedNameOpensTheDialogOnce() {
-    m_user->setAction(rejectBox);
+    m_bench->boxes.setAction(rejectBox);
     clickName();
-    m_page->slotReceiveCommand(nameAnswer(u"Gull"_s));
-    QCOMPARE(m_user->boxes().size(), 1);
+    m_bench->page.slotReceiveCommand(nameAnswer(u"Gull"_s));
+    QCOMPARE(m_bench->boxes.boxes().size(), 1);
     QCOMPARE(nameButton()->text(), u"Gull"_s);
-    m_page->slotReceiveCommand(nameAnswer(u"Tern"_s));
-    QCOMPARE(m_user->boxes().size(), 1);
+    m_bench->page.slotReceiveCommand(nameAnswer(u"Tern"_s));
+    QCOMPARE(m_bench->boxes.boxes().size(), 1);
 }
 
 void BasicSettingPageTest::anAmpersandInTheNameIsShown() {
-    m_page->slotReceiveCommand(nameAnswer(u"A&B"_s));
+    m_bench->page.slotReceiveCommand(nameAnswer(u"A&B"_s));
     QCOMPARE(nameButton()->text(), u"A&&B"_s);  // as a button shows one ampersand
     QVERIFY(nameButton()->shortcut().isEmpty());
     QCOMPARE(nameButton()->accessibleDescription(), u"A&B"_s);
 }
 
 void BasicSettingPageTest::theNewNameIsShownWhenTheCameraConfirmsIt() {
-    m_user->setAction([](QWidget& box) {
+    m_bench->boxes.setAction([](QWidget& box) {
         DialogControls(box).fill(0, u"Tern42"_s);
         acceptBox(box);
     });
     clickName();
-    m_page->slotReceiveCommand(nameAnswer(u"Gull"_s));
+    m_bench->page.slotReceiveCommand(nameAnswer(u"Gull"_s));
     QCOMPARE(sent().last(), USB_NUBO_CMD_SET_CAMERANAME);
     QCOMPARE(nameButton()->text(), u"Gull"_s);
 
-    m_page->slotReceiveCommand(plainResult(USB_NUBO_CMD_RESPONSE, USB_NUBO_CMD_SET_CAMERANAME, 0));
+    m_bench->page.slotReceiveCommand(
+        plainResult(USB_NUBO_CMD_RESPONSE, USB_NUBO_CMD_SET_CAMERANAME, 0));
     QCOMPARE(nameButton()->text(), u"Tern42"_s);
 }
 
 void BasicSettingPageTest::aRefusedNameKeepsTheOldOne() {
-    m_page->slotReceiveCommand(nameAnswer(u"Gull"_s));
+    m_bench->page.slotReceiveCommand(nameAnswer(u"Gull"_s));
     clickName();
-    m_page->slotReceiveCommand(nameAnswer(u"Gull"_s));
-    m_page->slotReceiveCommand(
+    m_bench->page.slotReceiveCommand(nameAnswer(u"Gull"_s));
+    m_bench->page.slotReceiveCommand(
         plainResult(USB_NUBO_CMD_RESPONSE, USB_NUBO_CMD_SET_CAMERANAME, 0xFFFB));
     QCOMPARE(nameButton()->text(), u"Gull"_s);
-    QCOMPARE(m_user->texts().last(), u"Parameter setting failed"_s);
-    QCOMPARE(m_user->boxes().size(), 2);
+    QCOMPARE(m_bench->boxes.texts().last(), u"Parameter setting failed"_s);
+    QCOMPARE(m_bench->boxes.boxes().size(), 2);
 }
 
 void BasicSettingPageTest::anErrorForgetsTheClickOnTheName_data() {
@@ -198,20 +173,20 @@ void BasicSettingPageTest::anErrorForgetsTheClickOnTheName_data() {
 void BasicSettingPageTest::anErrorForgetsTheClickOnTheName() {
     QFETCH(VX_CMD, error);
     clickName();
-    m_page->slotReceiveCommand(error);
-    const qsizetype boxes = m_user->boxes().size();
-    m_page->slotReceiveCommand(nameAnswer(u"Gull"_s));
-    QCOMPARE(m_user->boxes().size(), boxes);
+    m_bench->page.slotReceiveCommand(error);
+    const qsizetype boxes = m_bench->boxes.boxes().size();
+    m_bench->page.slotReceiveCommand(nameAnswer(u"Gull"_s));
+    QCOMPARE(m_bench->boxes.boxes().size(), boxes);
     QCOMPARE(nameButton()->text(), u"Gull"_s);
 }
 
 void BasicSettingPageTest::leavingThePageForgetsTheClickOnTheName() {
     clickName();
-    m_page->hide();
-    m_page->show();
-    m_page->showInit(false);
-    m_page->slotReceiveCommand(nameAnswer(u"Gull"_s));
-    QVERIFY(m_user->boxes().isEmpty());
+    m_bench->page.hide();
+    m_bench->page.show();
+    m_bench->page.showInit(false);
+    m_bench->page.slotReceiveCommand(nameAnswer(u"Gull"_s));
+    QVERIFY(m_bench->boxes.boxes().isEmpty());
 }
 
 void BasicSettingPageTest::aFailureIsShownForThePagesOwnCommands_data() {
@@ -239,14 +214,14 @@ void BasicSettingPageTest::aFailureIsShownForThePagesOwnCommands() {
     const QList<QUuid> commands = ownCommands();
     QCOMPARE(commands.size(), 25);  // 13 requests; 12 of them have a command that sets
     for (const QUuid& command : commands) {
-        m_page->slotReceiveCommand(plainResult(kind, command, code));
+        m_bench->page.slotReceiveCommand(plainResult(kind, command, code));
     }
-    QCOMPARE(m_user->texts(), QStringList(commands.size(), text));
-    const stModalBox& box = m_user->boxes().first();
+    QCOMPARE(m_bench->boxes.texts(), QStringList(commands.size(), text));
+    const stModalBox& box = m_bench->boxes.boxes().first();
     QCOMPARE(box.title, u"Test program"_s);
     QCOMPARE(box.buttons, QStringList{u"OK"_s});
-    QCOMPARE(box.parent, m_page.get());
-    QVERIFY(m_sent->isEmpty());
+    QCOMPARE(box.parent, &m_bench->page);
+    QVERIFY(m_bench->sent.isEmpty());
 }
 
 void BasicSettingPageTest::othersFailuresAreIgnored_data() {
@@ -264,17 +239,17 @@ void BasicSettingPageTest::othersFailuresAreIgnored_data() {
 void BasicSettingPageTest::othersFailuresAreIgnored() {
     QFETCH(QUuid, kind);
     QFETCH(QUuid, command);
-    m_page->slotReceiveCommand(plainResult(kind, command, 0xEF03));
-    QVERIFY(m_user->boxes().isEmpty());
-    QVERIFY(m_sent->isEmpty());
+    m_bench->page.slotReceiveCommand(plainResult(kind, command, 0xEF03));
+    QVERIFY(m_bench->boxes.boxes().isEmpty());
+    QVERIFY(m_bench->sent.isEmpty());
 }
 
 void BasicSettingPageTest::aSuccessIsSilent() {
     for (const QUuid& command : ownCommands()) {
-        m_page->slotReceiveCommand(plainResult(USB_NUBO_CMD_RESPONSE, command, 0));
+        m_bench->page.slotReceiveCommand(plainResult(USB_NUBO_CMD_RESPONSE, command, 0));
     }
-    QVERIFY(m_user->boxes().isEmpty());
-    QVERIFY(m_sent->isEmpty());
+    QVERIFY(m_bench->boxes.boxes().isEmpty());
+    QVERIFY(m_bench->sent.isEmpty());
 }
 
 void BasicSettingPageTest::otherMessagesAreIgnored_data() {
@@ -289,18 +264,18 @@ void BasicSettingPageTest::otherMessagesAreIgnored_data() {
 
 void BasicSettingPageTest::otherMessagesAreIgnored() {
     QFETCH(VX_CMD, message);
-    m_page->slotReceiveCommand(nameAnswer(u"Gull"_s));
-    m_page->slotReceiveCommand(message);
-    QVERIFY(m_user->boxes().isEmpty());
-    QVERIFY(m_sent->isEmpty());
+    m_bench->page.slotReceiveCommand(nameAnswer(u"Gull"_s));
+    m_bench->page.slotReceiveCommand(message);
+    QVERIFY(m_bench->boxes.boxes().isEmpty());
+    QVERIFY(m_bench->sent.isEmpty());
     QCOMPARE(nameButton()->text(), u"Gull"_s);
 }
 
 void BasicSettingPageTest::thePageNeverPolls() {
-    m_page->showInit(false);
+    m_bench->page.showInit(false);
     clickName();
-    m_page->slotReceiveCommand(nameAnswer(u"Gull"_s));
-    QCOMPARE(m_page->pollingStarts, 0);
+    m_bench->page.slotReceiveCommand(nameAnswer(u"Gull"_s));
+    QCOMPARE(m_bench->page.pollingStarts, 0);
 }
 
 QTEST_MAIN(BasicSettingPageTest)

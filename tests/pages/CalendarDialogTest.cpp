@@ -3,6 +3,7 @@
 #include "pages/ClDialogTime.h"
 #include "tests/support/BoxUser.h"
 #include "tests/support/DialogControls.h"
+#include "tests/support/Patience.h"
 
 #include <QCalendarWidget>
 #include <QLineEdit>
@@ -143,7 +144,7 @@ void CalendarDialogTest::isAcceptedByEnterInTheDays() {
     dialog.setParam({QDateTime(QDate(2024, 2, 28), QTime(1, 2, 3))});
     QVERIFY(open(dialog));
     const BoxUser user([](QWidget& box) {
-        QTRY_COMPARE(box.focusWidget(), days(box));
+        TRY_COMPARE(box.focusWidget(), days(box));
         QTest::keyClick(box.focusWidget(), Qt::Key_Right);
         QTest::keyClick(box.focusWidget(), Qt::Key_Return);
         QVERIFY(box.isHidden());

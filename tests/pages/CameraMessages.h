@@ -4,7 +4,7 @@
 #include "protocol/CommandIdentifiers.h"
 #include "protocol/CommandMessage.h"
 
-/// The messages that the camera state page receives, written out as the USB side sends them.
+// The messages that pages receive, written out as the USB side sends them.
 
 inline VX_CMD batteryAnswer(unsigned int charge) {
     return {{QStringLiteral("CMD"), USB_RES_NUBO_CMD_GET_BATTERY},
@@ -29,6 +29,13 @@ inline VX_CMD sdAnswer(quint64 total, quint64 used, unsigned int fileSystem) {
             {QStringLiteral("PARAM2"), total},
             {QStringLiteral("PARAM3"), used},
             {QStringLiteral("PARAM4"), fileSystem}};
+}
+
+/// The camera's answer @p command with its value, to the page @p sender.
+inline VX_CMD valueAnswer(const QUuid& command, const QVariant& value, QObject* sender = nullptr) {
+    return {{QStringLiteral("CMD"), command},
+            {QStringLiteral("Sender"), QVariant::fromValue(sender)},
+            {QStringLiteral("PARAM2"), value}};
 }
 
 /// The result @p code of @p command: @p kind is USB_NUBO_CMD_RESPONSE or USB_CMD_ERROR.

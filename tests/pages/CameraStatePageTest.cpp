@@ -1,25 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "pages/ClWidgetCameraState.h"
-#include "tests/pages/CameraMessages.h"
-#include "tests/support/BoxUser.h"
+#include "tests/pages/PageBench.h"
 #include "tests/support/CameraStateReader.h"
 
-#include <QElapsedTimer>
 #include <QLabel>
 #include <QProgressBar>
-#include <QSignalSpy>
-#include <QTest>
 
 #include <limits>
 #include <memory>
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-constexpr int PATIENCE_MS = 10'000;
-
-}  // namespace
 
 /// The values on the camera state page, and the chain of requests that brings them. The page stands
 /// alone; the camera's answers are fed in by hand.
@@ -27,8 +17,8 @@ class CameraStatePageTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void cleanup();
+    void init() { m_bench = std::make_unique<PageBench<ClWidgetCameraState>>(QSize(600, 505)); }
+    void cleanup() { m_bench.reset(); }
 
     void anAnswerSendsTheNextRequest();
     void requestsHaveNoArguments();
@@ -45,77 +35,43 @@ private Q_SLOTS:
     void valuesThatAreMissingCountAsNothing();
     void showingThePageClearsWhatTheLastCameraLeft();
     void aPollingRefreshLeavesWhatIsShown();
-    void thePageIsRefreshedEveryFiveSecondsWhileVisible();
-    void aHiddenPageIsNotRefreshed();
-    void aRefreshUnderWayIsNotStartedAgain();
-    void aRefreshThatFailedIsStartedAgain_data();
-    void aRefreshThatFailedIsStartedAgain();
 
 private:
-    void answerRefresh();
-    [[nodiscard]] QList<QUuid> sent() const;
-    [[nodiscard]] CameraStateReader shown() const { return CameraStateReader(*m_page); }
+    [[nodiscard]] QList<QUuid> sent() const { return m_bench->sentCommands(); }
+    [[nodiscard]] CameraStateReader shown() const { return CameraStateReader(m_bench->page); }
 
-    std::unique_ptr<ClWidgetCameraState> m_page;
-    std::unique_ptr<QSignalSpy> m_sent;
+    std::unique_ptr<PageBench<ClWidgetCameraState>> m_bench;
 };
-
-void CameraStatePageTest::init() {
-    m_page = std::make_unique<ClWidgetCameraState>(nullptr);
-    m_sent = std::make_unique<QSignalSpy>(m_page.get(), &ClWidgetBase::sigSendCommand);
-    m_page->resize(600, 505);
-    m_page->show();
-    QVERIFY(QTest::qWaitForWindowExposed(m_page.get()));
-}
-
-void CameraStatePageTest::cleanup() {
-    m_sent.reset();
-    m_page.reset();
-}
-
-QList<QUuid> CameraStatePageTest::sent() const {
-    QList<QUuid> commands;
-    for (const QVariantList& arguments : std::as_const(*m_sent)) {
-        commands.append(arguments.first().toMap().value(u"CMD"_s).toUuid());
-    }
-    return commands;
-}
-
-void CameraStatePageTest::answerRefresh() {
-    m_page->slotReceiveCommand(batteryAnswer(50));
-    m_page->slotReceiveCommand(wifiAnswer(1, 0, 0));
-    m_page->slotReceiveCommand(sdAnswer(2, 1, 1));
-}
 
 void CameraStatePageTest::anAnswerSendsTheNextRequest() {
     QVERIFY(sent().isEmpty());
-    m_page->showInit(false);
+    m_bench->page.showInit(false);
     QList<QUuid> expected{USB_REQ_NUBO_CMD_GET_BATTERY};
     QCOMPARE(sent(), expected);
-    m_page->slotReceiveCommand(batteryAnswer(50));
+    m_bench->page.slotReceiveCommand(batteryAnswer(50));
     expected.append(USB_REQ_NUBO_CMD_GET_WIFI_INFO);
     QCOMPARE(sent(), expected);
-    m_page->slotReceiveCommand(wifiAnswer(1, 0, 0));
+    m_bench->page.slotReceiveCommand(wifiAnswer(1, 0, 0));
     expected.append(USB_REQ_NUBO_CMD_GET_SDINFO);
     QCOMPARE(sent(), expected);
-    m_page->slotReceiveCommand(sdAnswer(2, 1, 1));
+    m_bench->page.slotReceiveCommand(sdAnswer(2, 1, 1));
     QCOMPARE(sent(), expected);
 }
 
 void CameraStatePageTest::requestsHaveNoArguments() {
-    m_page->showInit(true);
-    m_page->slotReceiveCommand(batteryAnswer(50));
-    m_page->slotReceiveCommand(wifiAnswer(1, 0, 0));
-    QCOMPARE(m_sent->size(), 3);
-    for (const QVariantList& arguments : std::as_const(*m_sent)) {
+    m_bench->page.showInit(true);
+    m_bench->page.slotReceiveCommand(batteryAnswer(50));
+    m_bench->page.slotReceiveCommand(wifiAnswer(1, 0, 0));
+    QCOMPARE(m_bench->sent.size(), 3);
+    for (const QVariantList& arguments : std::as_const(m_bench->sent)) {
         const QVariantMap message = arguments.first().toMap();
         QCOMPARE(message.keys(), (QStringList{u"CMD"_s, u"Sender"_s}));
-        QCOMPARE(message.value(u"Sender"_s).value<QObject*>(), m_page.get());
+        QCOMPARE(message.value(u"Sender"_s).value<QObject*>(), &m_bench->page);
     }
 }
 
 void CameraStatePageTest::anAnswerOutOfTurnIsShown() {
-    m_page->slotReceiveCommand(wifiAnswer(2, 1, 1));
+    m_bench->page.slotReceiveCommand(wifiAnswer(2, 1, 1));
     QCOMPARE(sent(), QList<QUuid>{USB_REQ_NUBO_CMD_GET_SDINFO});
     QCOMPARE(shown().linkDetails(), (QStringList{u"1dBm"_s, u"1ch"_s}));
 }
@@ -131,12 +87,11 @@ void CameraStatePageTest::otherMessagesAreIgnored_data() {
 
 void CameraStatePageTest::otherMessagesAreIgnored() {
     QFETCH(QVariantMap, message);
-    const BoxUser user;
-    m_page->showInit(false);
-    m_page->slotReceiveCommand(message);
+    m_bench->page.showInit(false);
+    m_bench->page.slotReceiveCommand(message);
     QCOMPARE(sent(), QList<QUuid>{USB_REQ_NUBO_CMD_GET_BATTERY});
     QCOMPARE(shown().card(), (QStringList{u"-- Byte"_s, u"-- Byte"_s, u"--"_s}));
-    QVERIFY(user.boxes().isEmpty());
+    QVERIFY(m_bench->boxes.boxes().isEmpty());
 }
 
 void CameraStatePageTest::theChargeIsShown_data() {
@@ -156,8 +111,8 @@ void CameraStatePageTest::theChargeIsShown_data() {
 
 void CameraStatePageTest::theChargeIsShown() {
     QFETCH(unsigned int, charge);
-    m_page->slotReceiveCommand(batteryAnswer(charge));
-    const auto* battery = m_page->findChild<ClWidgetProgress*>();
+    m_bench->page.slotReceiveCommand(batteryAnswer(charge));
+    const auto* battery = m_bench->page.findChild<ClWidgetProgress*>();
     QCOMPARE(battery->findChild<QProgressBar*>()->value(), static_cast<int>(charge));
     const auto* text = battery->findChild<QLabel*>();
     QTEST(text->text(), "text");
@@ -191,17 +146,17 @@ void CameraStatePageTest::theLinkIsShown() {
     QFETCH(unsigned int, state);
     QFETCH(int, sensitivity);
     QFETCH(unsigned int, channel);
-    m_page->slotReceiveCommand(wifiAnswer(state, sensitivity, channel));
+    m_bench->page.slotReceiveCommand(wifiAnswer(state, sensitivity, channel));
     QTEST(shown().link(), "badge");
     QTEST(shown().linkDetails(), "details");
 }
 
 void CameraStatePageTest::aLostLinkHidesTheDetails() {
-    m_page->slotReceiveCommand(wifiAnswer(2, 72, 6));
+    m_bench->page.slotReceiveCommand(wifiAnswer(2, 72, 6));
     QCOMPARE(shown().linkDetails(), (QStringList{u"72dBm"_s, u"6ch"_s}));
-    m_page->slotReceiveCommand(wifiAnswer(1, 72, 6));
+    m_bench->page.slotReceiveCommand(wifiAnswer(1, 72, 6));
     QCOMPARE(shown().linkDetails(), QStringList());
-    m_page->slotReceiveCommand(wifiAnswer(2, 33, 7));
+    m_bench->page.slotReceiveCommand(wifiAnswer(2, 33, 7));
     QCOMPARE(shown().linkDetails(), (QStringList{u"33dBm"_s, u"7ch"_s}));
 }
 
@@ -240,15 +195,15 @@ void CameraStatePageTest::theCardIsShown() {
     QFETCH(quint64, total);
     QFETCH(quint64, used);
     QFETCH(unsigned int, fileSystem);
-    m_page->slotReceiveCommand(sdAnswer(total, used, fileSystem));
+    m_bench->page.slotReceiveCommand(sdAnswer(total, used, fileSystem));
     QTEST(shown().card(), "texts");
-    QVERIFY(m_sent->isEmpty());
+    QVERIFY(m_bench->sent.isEmpty());
 }
 
 void CameraStatePageTest::valuesThatAreMissingCountAsNothing() {
-    m_page->slotReceiveCommand({{u"CMD"_s, USB_RES_NUBO_CMD_GET_BATTERY}});
-    m_page->slotReceiveCommand({{u"CMD"_s, USB_RES_NUBO_CMD_GET_WIFI_INFO}});
-    m_page->slotReceiveCommand({{u"CMD"_s, USB_RES_NUBO_CMD_GET_SDINFO}});
+    m_bench->page.slotReceiveCommand({{u"CMD"_s, USB_RES_NUBO_CMD_GET_BATTERY}});
+    m_bench->page.slotReceiveCommand({{u"CMD"_s, USB_RES_NUBO_CMD_GET_WIFI_INFO}});
+    m_bench->page.slotReceiveCommand({{u"CMD"_s, USB_RES_NUBO_CMD_GET_SDINFO}});
     QCOMPARE(shown().battery(), u"0%"_s);
     QCOMPARE(shown().linkDetails(), QStringList());
     QCOMPARE(shown().card(), (QStringList{u"0 Byte"_s, u"0 Byte (0% used)"_s, QString()}));
@@ -256,10 +211,10 @@ void CameraStatePageTest::valuesThatAreMissingCountAsNothing() {
 }
 
 void CameraStatePageTest::showingThePageClearsWhatTheLastCameraLeft() {
-    m_page->slotReceiveCommand(batteryAnswer(85));
-    m_page->slotReceiveCommand(wifiAnswer(2, 72, 6));
-    m_page->slotReceiveCommand(sdAnswer(7744512, 1548902, 3));
-    m_page->showInit(false);
+    m_bench->page.slotReceiveCommand(batteryAnswer(85));
+    m_bench->page.slotReceiveCommand(wifiAnswer(2, 72, 6));
+    m_bench->page.slotReceiveCommand(sdAnswer(7744512, 1548902, 3));
+    m_bench->page.showInit(false);
     QCOMPARE(shown().card(), (QStringList{u"-- Byte"_s, u"-- Byte"_s, u"--"_s}));
     QCOMPARE(shown().linkDetails(), QStringList());
     QCOMPARE(shown().link(), u"Link"_s);
@@ -267,74 +222,12 @@ void CameraStatePageTest::showingThePageClearsWhatTheLastCameraLeft() {
 }
 
 void CameraStatePageTest::aPollingRefreshLeavesWhatIsShown() {
-    m_page->slotReceiveCommand(wifiAnswer(2, 72, 6));
-    m_page->slotReceiveCommand(sdAnswer(4, 1, 2));
-    m_sent->clear();
-    m_page->showInit(true);
+    m_bench->page.slotReceiveCommand(wifiAnswer(2, 72, 6));
+    m_bench->page.slotReceiveCommand(sdAnswer(4, 1, 2));
+    m_bench->sent.clear();
+    m_bench->page.showInit(true);
     QCOMPARE(shown().card(), (QStringList{u"4096 Byte"_s, u"3072 Byte (25% used)"_s, u"FAT16"_s}));
     QCOMPARE(shown().linkDetails(), (QStringList{u"72dBm"_s, u"6ch"_s}));
-    QCOMPARE(sent(), QList<QUuid>{USB_REQ_NUBO_CMD_GET_BATTERY});
-}
-
-void CameraStatePageTest::thePageIsRefreshedEveryFiveSecondsWhileVisible() {
-    m_page->showInit(false);
-    QElapsedTimer time;
-    time.start();
-    QTest::qWait(2500);
-    // Showing the page again does not put off the next refresh.
-    m_page->showInit(false);
-    answerRefresh();
-    m_sent->clear();
-    for (const int expected : {5000, 10'000}) {
-        QVERIFY(m_sent->wait(PATIENCE_MS));
-        QCOMPARE(sent(), QList<QUuid>{USB_REQ_NUBO_CMD_GET_BATTERY});
-        answerRefresh();
-        m_sent->clear();
-        // A busy machine may be late, but the timer is never early by more than its coarseness.
-        QVERIFY2(time.elapsed() > expected * 94 / 100 && time.elapsed() < expected + 2000,
-                 qPrintable(u"%1 ms"_s.arg(time.elapsed())));
-    }
-}
-
-void CameraStatePageTest::aHiddenPageIsNotRefreshed() {
-    m_page->hide();
-    m_page->showInit(false);
-    answerRefresh();
-    m_sent->clear();
-    m_page->slotPollingFired();
-    QVERIFY(m_sent->isEmpty());
-    m_page->show();
-    m_page->slotPollingFired();
-    QCOMPARE(sent(), QList<QUuid>{USB_REQ_NUBO_CMD_GET_BATTERY});
-}
-
-void CameraStatePageTest::aRefreshUnderWayIsNotStartedAgain() {
-    m_page->showInit(false);
-    m_page->slotPollingFired();
-    m_page->slotReceiveCommand(batteryAnswer(50));
-    m_page->slotPollingFired();
-    QCOMPARE(sent(), (QList<QUuid>{USB_REQ_NUBO_CMD_GET_BATTERY, USB_REQ_NUBO_CMD_GET_WIFI_INFO}));
-    // Whoever has the page shown anew wants fresh values at once.
-    m_page->showInit(false);
-    QCOMPARE(sent().last(), USB_REQ_NUBO_CMD_GET_BATTERY);
-}
-
-void CameraStatePageTest::aRefreshThatFailedIsStartedAgain_data() {
-    QTest::addColumn<QUuid>("kind");
-    QTest::addColumn<unsigned short>("code");
-    QTest::newRow("the camera refuses")
-        << USB_NUBO_CMD_RESPONSE << static_cast<unsigned short>(0xFFF9);
-    QTest::newRow("the transport fails") << USB_CMD_ERROR << static_cast<unsigned short>(0xEF03);
-}
-
-void CameraStatePageTest::aRefreshThatFailedIsStartedAgain() {
-    QFETCH(QUuid, kind);
-    QFETCH(unsigned short, code);
-    const BoxUser user;
-    m_page->showInit(false);
-    m_page->slotReceiveCommand(plainResult(kind, USB_REQ_NUBO_CMD_GET_BATTERY, code));
-    m_sent->clear();
-    m_page->slotPollingFired();
     QCOMPARE(sent(), QList<QUuid>{USB_REQ_NUBO_CMD_GET_BATTERY});
 }
 

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "pages/ClWidgetHelp.h"
 #include "pages/ClWidgetLogo.h"
-#include "tests/pages/CameraMessages.h"
-#include "tests/support/BoxUser.h"
+#include "tests/pages/PageBench.h"
 #include "tests/support/HelpReader.h"
 #include "tests/ui/TaggingTranslator.h"
 #include "ui/Artwork.h"
@@ -12,8 +11,6 @@
 #include <QDateTime>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QSignalSpy>
-#include <QTest>
 
 #include <memory>
 
@@ -42,10 +39,6 @@ const QList<stRead> CHAIN{
     {"country", USB_REQ_NUBO_CMD_GET_COUNTRY, USB_RES_NUBO_CMD_GET_COUNTRY, u"EU"_s, u"Europe"_s},
 };
 
-VX_CMD told(const QUuid& answer, const QVariant& value) {
-    return {{u"CMD"_s, answer}, {u"PARAM2"_s, value}};
-}
-
 }  // namespace
 
 /// The help page alone: where everything stands, and what it makes of what a camera tells. The
@@ -55,8 +48,8 @@ class HelpPageTest : public QObject {
 
 private Q_SLOTS:
     void initTestCase();
-    void init();
-    void cleanup();
+    void init() { m_bench = std::make_unique<PageBench<ClWidgetHelp>>(QSize(600, 505)); }
+    void cleanup() { m_bench.reset(); }
 
     void theRowsStandAtTheirPlaces_data();
     void theRowsStandAtTheirPlaces();
@@ -75,15 +68,13 @@ private Q_SLOTS:
     void theKeyboardReachesTheValues();
 
 private:
-    [[nodiscard]] QList<QUuid> sent() const;
+    [[nodiscard]] QList<QUuid> sent() const { return m_bench->sentCommands(); }
     void answer(qsizetype number) const {
-        m_page->slotReceiveCommand(told(CHAIN[number].answer, CHAIN[number].value));
+        m_bench->page.slotReceiveCommand(valueAnswer(CHAIN[number].answer, CHAIN[number].value));
     }
-    [[nodiscard]] HelpReader shown() const { return HelpReader(*m_page); }
+    [[nodiscard]] HelpReader shown() const { return HelpReader(m_bench->page); }
 
-    std::unique_ptr<ClWidgetHelp> m_page;
-    std::unique_ptr<QSignalSpy> m_sent;
-    std::unique_ptr<BoxUser> m_user;
+    std::unique_ptr<PageBench<ClWidgetHelp>> m_bench;
 };
 
 void HelpPageTest::initTestCase() {
@@ -92,29 +83,6 @@ void HelpPageTest::initTestCase() {
     QFont font;
     font.setPixelSize(13);
     QApplication::setFont(font);
-}
-
-void HelpPageTest::init() {
-    m_page = std::make_unique<ClWidgetHelp>(nullptr);
-    m_sent = std::make_unique<QSignalSpy>(m_page.get(), &ClWidgetBase::sigSendCommand);
-    m_user = std::make_unique<BoxUser>();
-    m_page->resize(600, 505);
-    m_page->show();
-    QVERIFY(QTest::qWaitForWindowExposed(m_page.get()));
-}
-
-void HelpPageTest::cleanup() {
-    m_user.reset();
-    m_sent.reset();
-    m_page.reset();
-}
-
-QList<QUuid> HelpPageTest::sent() const {
-    QList<QUuid> commands;
-    for (const QVariantList& arguments : std::as_const(*m_sent)) {
-        commands.append(arguments.first().toMap().value(u"CMD"_s).toUuid());
-    }
-    return commands;
 }
 
 void HelpPageTest::theRowsStandAtTheirPlaces_data() {
@@ -143,11 +111,11 @@ void HelpPageTest::theRowsStandAtTheirPlaces() {
     QCOMPARE(value->font().pixelSize(), 13);
     QCOMPARE(value->size(), value->sizeHint());
     QVERIFY(caption->geometry().right() < value->x());
-    QCOMPARE(m_page->findChild<ClLabelSepalator*>()->pos(), QPoint(0, 291));
+    QCOMPARE(m_bench->page.findChild<ClLabelSepalator*>()->pos(), QPoint(0, 291));
 }
 
 void HelpPageTest::theBannerStandsInTheMiddle() {
-    const auto* banner = m_page->findChild<ClWidgetLogo*>();
+    const auto* banner = m_bench->page.findChild<ClWidgetLogo*>();
     QCOMPARE(banner->size(), banner->sizeHint());
     QCOMPARE(banner->pos(), QPoint((600 - banner->width()) / 2, 37));
     const auto* row = qobject_cast<QHBoxLayout*>(banner->layout());
@@ -170,7 +138,7 @@ void HelpPageTest::theBannerStandsInTheMiddle() {
 void HelpPageTest::theTextsAreThePages() {
     const TaggingTranslator translator;
     ClWidgetHelp page(nullptr);
-    page.slotReceiveCommand(told(CHAIN[3].answer, CHAIN[3].value));
+    page.slotReceiveCommand(valueAnswer(CHAIN[3].answer, CHAIN[3].value));
     for (const QLabel* label : page.findChildren<QLabel*>()) {
         const bool isValue = label->x() == 236 || label->text().isEmpty();
         QVERIFY2(isValue || label->text().startsWith(u"ClWidgetHelp|"_s),
@@ -181,7 +149,7 @@ void HelpPageTest::theTextsAreThePages() {
 }
 
 void HelpPageTest::showingThePageAsksTheCamera() {
-    m_page->showInit(false);
+    m_bench->page.showInit(false);
     QCOMPARE(shown().values(), QStringList(5, u"--"_s));
     QCOMPARE(shown().labelAt({236, 100})->text(), u"01.00.020"_s);
     QList<QUuid> expected;
@@ -194,12 +162,12 @@ void HelpPageTest::showingThePageAsksTheCamera() {
         QCOMPARE(shown().values(), values);
     }
     QCOMPARE(sent(), expected);
-    for (const QVariantList& arguments : std::as_const(*m_sent)) {
+    for (const QVariantList& arguments : std::as_const(m_bench->sent)) {
         const QVariantMap message = arguments.first().toMap();
         QCOMPARE(message.keys(), (QStringList{u"CMD"_s, u"Sender"_s}));
-        QCOMPARE(message.value(u"Sender"_s).value<QObject*>(), m_page.get());
+        QCOMPARE(message.value(u"Sender"_s).value<QObject*>(), &m_bench->page);
     }
-    QVERIFY(m_user->boxes().isEmpty());
+    QVERIFY(m_bench->boxes.boxes().isEmpty());
 }
 
 void HelpPageTest::showingThePageClearsWhatTheLastCameraLeft() {
@@ -207,7 +175,7 @@ void HelpPageTest::showingThePageClearsWhatTheLastCameraLeft() {
         answer(number);
     }
     QVERIFY(!shown().values().contains(u"--"_s));
-    m_page->showInit(false);
+    m_bench->page.showInit(false);
     QCOMPARE(shown().values(), QStringList(5, u"--"_s));
     QCOMPARE(shown().labelAt({236, 100})->text(), u"01.00.020"_s);
 }
@@ -236,7 +204,7 @@ void HelpPageTest::aValueIsShown() {
     QFETCH(int, number);
     QFETCH(QVariant, value);
     QFETCH(QString, text);
-    m_page->slotReceiveCommand(told(CHAIN[number].answer, value));
+    m_bench->page.slotReceiveCommand(valueAnswer(CHAIN[number].answer, value));
     QStringList expected(5, u"--"_s);
     expected[number] = text;
     QCOMPARE(shown().values(), expected);
@@ -258,7 +226,7 @@ void HelpPageTest::aStrangeValueStaysInItsRow() {
     QFETCH(QString, toolTip);
     const QLabel* const value = shown().labelAt({236, 322});
     const int height = value->height();
-    m_page->slotReceiveCommand(told(CHAIN[1].answer, text));
+    m_bench->page.slotReceiveCommand(valueAnswer(CHAIN[1].answer, text));
     QCOMPARE(value->height(), height);
     QVERIFY(value->geometry().right() <= 600 - 32);
     QCOMPARE(value->textFormat(), Qt::PlainText);
@@ -308,32 +276,34 @@ void HelpPageTest::aFailureEndsTheChain() {
     QFETCH(int, step);
     QFETCH(QUuid, kind);
     QFETCH(unsigned short, code);
-    m_page->showInit(false);
+    m_bench->page.showInit(false);
     QStringList expected(5, u"--"_s);
     for (int number = 0; number < step; ++number) {
         answer(number);
         expected[number] = CHAIN[number].text;
     }
-    m_page->slotReceiveCommand(plainResult(kind, CHAIN[step].request, code));
-    QTEST(m_user->texts(), "texts");
+    m_bench->page.slotReceiveCommand(plainResult(kind, CHAIN[step].request, code));
+    QTEST(m_bench->boxes.texts(), "texts");
     QCOMPARE(shown().values(), expected);
-    QCOMPARE(m_sent->size(), step + 1);
-    for (const stModalBox& box : m_user->boxes()) {
+    QCOMPARE(m_bench->sent.size(), step + 1);
+    for (const stModalBox& box : m_bench->boxes.boxes()) {
         QCOMPARE(box.title, u"Test program"_s);
         QCOMPARE(box.buttons, QStringList{u"OK"_s});
-        QCOMPARE(box.parent, m_page.get());
+        QCOMPARE(box.parent, &m_bench->page);
     }
 }
 
 void HelpPageTest::otherResultsAreIgnored() {
     const unsigned short busy = 0xFFF9;
-    m_page->slotReceiveCommand(plainResult(USB_NUBO_CMD_RESPONSE, USB_NUBO_CMD_POWEROFF, busy));
-    m_page->slotReceiveCommand(plainResult(USB_CMD_ERROR, USB_REQ_NUBO_CMD_GET_BATTERY, 0xEF03));
-    m_page->slotReceiveCommand(plainResult(USB_NUBO_CMD_RESPONSE, QUuid(), busy));
-    m_page->slotReceiveCommand(told(USB_RES_NUBO_CMD_GET_CAMERANAME, u"Gull"_s));
-    m_page->slotReceiveCommand({});
-    QVERIFY(m_user->boxes().isEmpty());
-    QVERIFY(m_sent->isEmpty());
+    m_bench->page.slotReceiveCommand(
+        plainResult(USB_NUBO_CMD_RESPONSE, USB_NUBO_CMD_POWEROFF, busy));
+    m_bench->page.slotReceiveCommand(
+        plainResult(USB_CMD_ERROR, USB_REQ_NUBO_CMD_GET_BATTERY, 0xEF03));
+    m_bench->page.slotReceiveCommand(plainResult(USB_NUBO_CMD_RESPONSE, QUuid(), busy));
+    m_bench->page.slotReceiveCommand(valueAnswer(USB_RES_NUBO_CMD_GET_CAMERANAME, u"Gull"_s));
+    m_bench->page.slotReceiveCommand({});
+    QVERIFY(m_bench->boxes.boxes().isEmpty());
+    QVERIFY(m_bench->sent.isEmpty());
     QCOMPARE(shown().values(), QStringList(5, u"--"_s));
 }
 
@@ -347,14 +317,14 @@ void HelpPageTest::aValueCanBeCopied() {
 }
 
 void HelpPageTest::theKeyboardReachesTheValues() {
-    m_page->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(m_page.get()));
-    m_page->showInit(false);
+    m_bench->page.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&m_bench->page));
+    m_bench->page.showInit(false);
     QCOMPARE(QApplication::focusWidget(), nullptr);
     for (qsizetype number = 0; number < CHAIN.size(); ++number) {
         answer(number);
     }
-    QTest::keyClick(m_page.get(), Qt::Key_Tab);
+    QTest::keyClick(&m_bench->page, Qt::Key_Tab);
     for (const int y : {100, 195, 322, 352, 382, 412}) {
         QLabel* const value = shown().labelAt({236, y});
         QCOMPARE(QApplication::focusWidget(), value);

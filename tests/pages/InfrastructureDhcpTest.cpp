@@ -277,13 +277,8 @@ void InfrastructureDhcpTest::aFailureIsShownEachTime_data() {
 
 void InfrastructureDhcpTest::aFailureIsShownEachTime() {
     QFETCH(const QUuid, command);
-    m_bench->respond(command, 0xFFFB);
-    m_bench->fail(command, 0xEF01);
-    m_bench->fail(command, 0xEF05);
-    m_bench->respond(command, 0xFFFF);
-    m_bench->fail(command, 0xEF00);  // the camera has gone: that shows by itself
-    QCOMPARE(m_bench->boxes.texts(), (QStringList{u"Parameter setting failed"_s, UNKNOWN_ERROR,
-                                                  UNKNOWN_ERROR, UNKNOWN_ERROR}));
+    m_bench->failInManyWays(command);
+    QCOMPARE(m_bench->boxes.texts(), FAILURE_TEXTS);
     QVERIFY(!g_bIsShowError);
     QVERIFY(m_left.isEmpty());
     QCOMPARE(m_bench->takeSent(), QStringList());

@@ -10,7 +10,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString UNKNOWN_ERROR = u"Exec failed, unknown error"_s;
 const QString LONGEST_SSID = u"!\"#$%&'()*+,-./0123456789:;<=>?@"_s;
 
 }  // namespace
@@ -230,12 +229,8 @@ void InfrastructureManualTest::aFailureIsShownEachTime_data() {
 
 void InfrastructureManualTest::aFailureIsShownEachTime() {
     QFETCH(const QUuid, command);
-    m_bench->respond(command, 0xFFFB);
-    m_bench->fail(command, 0xEF01);
-    m_bench->fail(command, 0xEF05);
-    m_bench->fail(command, 0xEF00);  // the camera has gone: that shows by itself
-    QCOMPARE(m_bench->boxes.texts(),
-             (QStringList{u"Parameter setting failed"_s, UNKNOWN_ERROR, UNKNOWN_ERROR}));
+    m_bench->failInManyWays(command);
+    QCOMPARE(m_bench->boxes.texts(), FAILURE_TEXTS);
     QVERIFY(!g_bIsShowError);
     QVERIFY(m_left.isEmpty());
 }

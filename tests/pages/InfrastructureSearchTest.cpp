@@ -2,6 +2,7 @@
 #include "pages/ClWidgetInfrastructureSearch.h"
 #include "tests/pages/AccesspointMessages.h"
 #include "tests/pages/PageBench.h"
+#include "tests/support/Patience.h"
 #include "tests/ui/TaggingTranslator.h"
 #include "ui/ClLabelSsid.h"
 #include "ui/ClLinkCheck.h"
@@ -173,7 +174,7 @@ void InfrastructureSearchTest::listsWhatWasFoundInItsOrder() {
     QCOMPARE(list->height(), 50 * count);
     // Everything can be reached without scrolling sideways.
     QVERIFY(!area().horizontalScrollBar()->isVisible());
-    QTRY_COMPARE(area().verticalScrollBar()->isVisible(), 50 * count > 364);
+    TRY_COMPARE(area().verticalScrollBar()->isVisible(), 50 * count > 364);
 }
 
 void InfrastructureSearchTest::aRowShowsItsAccessPoint() {
@@ -229,7 +230,7 @@ void InfrastructureSearchTest::aNewScanReplacesTheList() {
     page().slotReceiveCommand(scanAnswer(THREE));
     QCOMPARE(ssids(), (QStringList{u"Harbour"_s, u"Quay"_s, u"Lighthouse"_s}));
     QCOMPARE(area().widget()->y(), 0);
-    QTRY_VERIFY(former.isNull());
+    TRY_VERIFY(former.isNull());
     QCOMPARE(page().findChildren<ClWidgetApList*>().size(), 1);
 }
 
@@ -266,10 +267,10 @@ void InfrastructureSearchTest::theListIsPaintedOnTheScreen() {
     };
     for (const int count : {3, 0, 64}) {
         page().slotReceiveCommand(scanAnswer(many(count)));
-        QTRY_COMPARE(onScreen(), expected());
+        TRY_COMPARE(onScreen(), expected());
     }
     area().verticalScrollBar()->setValue(1000);
-    QTRY_COMPARE(onScreen(), expected());
+    TRY_COMPARE(onScreen(), expected());
 }
 
 void InfrastructureSearchTest::theKeyboardScrollsTheList() {
@@ -301,7 +302,7 @@ void InfrastructureSearchTest::scrollingLaysNothingOutAgain() {
         int moves = 0;
     } counter;
     page().slotReceiveCommand(scanAnswer(many(64)));
-    QTRY_VERIFY(area().verticalScrollBar()->isVisible());
+    TRY_VERIFY(area().verticalScrollBar()->isVisible());
     QCoreApplication::processEvents();
     area().widget()->installEventFilter(&counter);
     rows()[5]->installEventFilter(&counter);

@@ -2,18 +2,13 @@
 #include "pages/ClWidgetInfrastructureTop.h"
 #include "tests/pages/AccesspointMessages.h"
 #include "tests/pages/PageBench.h"
-#include "tests/ui/TaggingTranslator.h"
 #include "ui/ClButtonApInfo.h"
 #include "ui/ClLabelSsid.h"
 #include "ui/ClLinkCheck.h"
 #include "ui/ClWidgetEncryption.h"
 #include "ui/ClWidgetRssi.h"
 
-#include <QAccessible>
 #include <QCheckBox>
-#include <QLabel>
-#include <QLayout>
-#include <QPushButton>
 
 #include <optional>
 
@@ -42,14 +37,8 @@ class InfrastructureTopTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
     void init();
     void cleanup() { m_bench.reset(); }
-
-    void everythingStandsAtItsPlace();
-    void itsTextsAreTheNetworkPages();
-    void theTabKeyFollowsTheEye();
-    void theButtonHasANameWhileItIsEmpty();
 
     void theBoxTellsWhatTheUserWants();
     void theBoxFollowsTheCamera();
@@ -62,6 +51,7 @@ private Q_SLOTS:
     void readsTheSsidThenTheLink();
     void aSlowCameraIsNotAskedTwice();
 
+    void showsNoAccessPointAtFirst();
     void showsTheAccessPoint_data();
     void showsTheAccessPoint();
     void forgetsTheSsidAfterEachRefresh();
@@ -82,13 +72,6 @@ private:
     QStringList m_notes;  ///< of the signals to the network page, and of what is sent
 };
 
-void InfrastructureTopTest::initTestCase() {
-    // The program's own text size.
-    QFont font;
-    font.setPixelSize(13);
-    QApplication::setFont(font);
-}
-
 void InfrastructureTopTest::init() {
     m_bench.emplace();
     g_bIsWifiON = true;
@@ -106,74 +89,6 @@ stShown InfrastructureTopTest::shown() {
             !selected->findChild<ClLinkCheck*>()->pixmap().isNull(),
             selected->findChild<ClWidgetEncryption*>()->text(),
             !selected->findChild<ClWidgetRssi*>()->pixmap().isNull()};
-}
-
-void InfrastructureTopTest::everythingStandsAtItsPlace() {
-    const auto* box = page().findChild<QCheckBox*>();
-    QCOMPARE(box->text(), u"Connect Infrastructure on startup"_s);
-    QCOMPARE(box->pos(), QPoint(27, 28));
-    QCOMPARE(box->size(), box->sizeHint());
-
-    const auto* caption = page().findChild<QLabel*>({}, Qt::FindDirectChildrenOnly);
-    QCOMPARE(caption->text(), u"AP of selecting"_s);
-    QCOMPARE(caption->pos(), QPoint(27, 72));
-
-    QCOMPARE(page().findChild<ClButtonApInfo*>()->geometry(), QRect(17, 97, 568, 44));
-    QCOMPARE(shown(), (stShown{{}, false, {}, false}));
-
-    const QAbstractButton* search = &m_bench->user.button(u"AP search and setting"_s);
-    const QAbstractButton* manual = &m_bench->user.button(u"AP manual setting"_s);
-    const QWidget* bar = search->parentWidget();
-    QCOMPARE(manual->parentWidget(), bar);
-    QCOMPARE(bar->pos(), QPoint(0, 154));
-    QCOMPARE(bar->width(), 600);
-    QCOMPARE(bar->minimumWidth(), 600);
-    QCOMPARE(bar->maximumWidth(), 600);
-    QCOMPARE(bar->layout()->contentsMargins(), QMargins(0, 0, 15, 0));
-    QCOMPARE(search->minimumSize(), QSize(133, 30));
-    QCOMPARE(manual->minimumSize(), QSize(133, 30));
-    QCOMPARE(manual->geometry().right() + 1, 585);
-    QCOMPARE(manual->x() - search->geometry().right() - 1, 10);
-    QCOMPARE(search->mapTo(&page(), QPoint()).y(), 154);
-}
-
-void InfrastructureTopTest::itsTextsAreTheNetworkPages() {
-    const TaggingTranslator translator;
-    const ClWidgetInfrastructureTop page;
-    QCOMPARE(page.findChild<QCheckBox*>()->text(),
-             u"ClWidgetNetworkSetting|Connect ClWidgetNetworkSetting|Infrastructure on startup"_s);
-    QStringList texts;
-    for (const QPushButton* button : page.findChildren<QPushButton*>()) {
-        texts.append(button->text());
-    }
-    texts.append(page.findChild<QLabel*>({}, Qt::FindDirectChildrenOnly)->text());
-    QCOMPARE(texts, (QStringList{QString(), u"ClWidgetNetworkSetting|AP search and setting"_s,
-                                 u"ClWidgetNetworkSetting|AP manual setting"_s,
-                                 u"ClWidgetNetworkSetting|AP of selecting"_s}));
-}
-
-void InfrastructureTopTest::theTabKeyFollowsTheEye() {
-    page().activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&page()));
-    page().findChild<QCheckBox*>()->setFocus();
-    for (QWidget* stop :
-         QList<QWidget*>{page().findChild<QCheckBox*>(), page().findChild<ClButtonApInfo*>(),
-                         &m_bench->user.button(u"AP search and setting"_s),
-                         &m_bench->user.button(u"AP manual setting"_s)}) {
-        QCOMPARE(QApplication::focusWidget(), stop);
-        QTest::keyClick(stop, Qt::Key_Tab);
-    }
-}
-
-void InfrastructureTopTest::theButtonHasANameWhileItIsEmpty() {
-    const auto name = [this] {
-        return QAccessible::queryAccessibleInterface(page().findChild<ClButtonApInfo*>())
-            ->text(QAccessible::Name);
-    };
-    QCOMPARE(name(), u"AP of selecting"_s);
-    page().slotReceiveCommand(ssidAnswer(u"Harbour"_s));
-    page().slotReceiveCommand(linkAnswer(2, u"Harbour"_s, {}));
-    QCOMPARE(name(), u"Harbour, Linked, AES, Signal strength 72"_s);
 }
 
 void InfrastructureTopTest::theBoxTellsWhatTheUserWants() {
@@ -257,6 +172,10 @@ void InfrastructureTopTest::aSlowCameraIsNotAskedTwice() {
     // Whoever comes back to the page has it asked anew, whatever became of the answer.
     page().showInit(false);
     QCOMPARE(m_bench->takeSent(), QStringList{GET_SSID});
+}
+
+void InfrastructureTopTest::showsNoAccessPointAtFirst() {
+    QCOMPARE(shown(), (stShown{{}, false, {}, false}));
 }
 
 void InfrastructureTopTest::showsTheAccessPoint_data() {

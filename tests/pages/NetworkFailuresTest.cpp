@@ -2,7 +2,7 @@
 #include "pages/ClWidgetInfrastructureTop.h"
 #include "tests/pages/AccesspointMessages.h"
 #include "tests/pages/NetworkBench.h"
-#include "tests/ui/ManualClock.h"
+#include "tests/support/ManualClock.h"
 #include "ui/ClWidgetApInfo.h"
 
 #include <QApplication>
@@ -282,13 +282,7 @@ void NetworkFailuresTest::lateResultsOfOthersAreLeftAlone() {
 }
 
 int main(int argc, char** argv) {
-    auto* const clock = new ManualClock;  // the application object takes it over
-    QCoreApplication::setEventDispatcher(clock);
-    const QApplication application(argc, argv);
-    QCoreApplication::setApplicationName(u"Test program"_s);
-    NetworkFailuresTest test(*clock);
-    QTEST_SET_MAIN_SOURCE_PATH
-    return QTest::qExec(&test, argc, argv);
+    return runOnManualClock<NetworkFailuresTest>(argc, argv);
 }
 
 #include "NetworkFailuresTest.moc"

@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tests/pages/NetworkBench.h"
-#include "tests/ui/ManualClock.h"
+#include "tests/support/ManualClock.h"
 #include "ui/ClButtonApInfo.h"
-
-#include <QApplication>
 
 #include <optional>
 
@@ -163,12 +161,7 @@ void NetworkPollingTest::theTopSubPageStopsAndStartsThePolling() {
 }
 
 int main(int argc, char** argv) {
-    auto* const clock = new ManualClock;  // the application object takes it over
-    QCoreApplication::setEventDispatcher(clock);
-    const QApplication application(argc, argv);
-    NetworkPollingTest test(*clock);
-    QTEST_SET_MAIN_SOURCE_PATH
-    return QTest::qExec(&test, argc, argv);
+    return runOnManualClock<NetworkPollingTest>(argc, argv);
 }
 
 #include "NetworkPollingTest.moc"

@@ -20,13 +20,6 @@ inline QWidget* startAnew() {
     return nullptr;
 }
 
-/// The camera's answer @p command with its value, to the page @p sender.
-inline VX_CMD valueAnswer(const QUuid& command, const QVariant& value, QObject* sender = nullptr) {
-    return {{QStringLiteral("CMD"), command},
-            {QStringLiteral("Sender"), QVariant::fromValue(sender)},
-            {QStringLiteral("PARAM2"), value}};
-}
-
 /// A sent message as a text: the name of the command, and its arguments with their types.
 inline QString asText(const QVariantMap& message) {
     QStringList words{getUsbCommand(message.value(QStringLiteral("CMD")).toUuid())};
@@ -38,6 +31,11 @@ inline QString asText(const QVariantMap& message) {
     }
     return words.join(u' ');
 }
+
+/// What the user reads after PageBench::failInManyWays().
+inline const QStringList FAILURE_TEXTS{
+    QStringLiteral("Parameter setting failed"), QStringLiteral("Exec failed, unknown error"),
+    QStringLiteral("Exec failed, unknown error"), QStringLiteral("Exec failed, unknown error")};
 
 /// A page on its own, with a user before it, in a program that has just started; what would go to
 /// the camera ends in a spy.
@@ -62,6 +60,15 @@ public:
         return texts;
     }
 
+    /// The commands of all messages since takeSent().
+    [[nodiscard]] QList<QUuid> sentCommands() const {
+        QList<QUuid> commands;
+        for (const QVariantList& arguments : sent) {
+            commands.append(getCommand(arguments.first().toMap()));
+        }
+        return commands;
+    }
+
     /// A value that another page of the program has asked for.
     void answer(const QUuid& command, const QVariant& value) {
         page.slotReceiveCommand(valueAnswer(command, value));
@@ -72,6 +79,14 @@ public:
     }
     void fail(const QUuid& command, unsigned short code) {
         page.slotReceiveCommand(plainResult(USB_CMD_ERROR, command, code));
+    }
+    /// Has @p command refused and lost, in ways of which the user reads FAILURE_TEXTS.
+    void failInManyWays(const QUuid& command) {
+        respond(command, 0xFFFB);
+        fail(command, 0xEF01);
+        fail(command, 0xEF05);
+        respond(command, 0xFFFF);
+        fail(command, 0xEF00);  // the camera has gone: that shows by itself
     }
 
     BoxUser boxes;

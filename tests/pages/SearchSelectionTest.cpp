@@ -3,6 +3,7 @@
 #include "pages/ClWidgetInfrastructureSearch.h"
 #include "tests/pages/AccesspointMessages.h"
 #include "tests/pages/PageBench.h"
+#include "tests/support/Patience.h"
 #include "tests/ui/Modal.h"
 #include "tests/ui/Mouse.h"
 #include "ui/ClWidgetApInfo.h"
@@ -211,7 +212,7 @@ void SearchSelectionTest::keyboardAndScreenReaderSelectToo() {
 
     willTypeKey(u"Key9"_s);
     pressByScreenReader(ENCRYPTED);
-    QTRY_COMPARE(m_bench->sent.size(), 2);
+    TRY_COMPARE(m_bench->sent.size(), 2);
     QCOMPARE(m_bench->takeSent(),
              (QStringList{SET_SSID.arg(u"Harbour"_s), SET_KEY.arg(u"Key9"_s)}));
 }
@@ -220,7 +221,7 @@ void SearchSelectionTest::aScreenReaderOpensOneDialogAtATime() {
     willTypeKey(u"Key9"_s);
     pressByScreenReader(ENCRYPTED);
     pressByScreenReader(ODD);
-    QTRY_COMPARE(m_bench->sent.size(), 2);
+    TRY_COMPARE(m_bench->sent.size(), 2);
     QCoreApplication::processEvents();
     QCOMPARE(m_bench->takeSent(),
              (QStringList{SET_SSID.arg(u"Harbour"_s), SET_KEY.arg(u"Key9"_s)}));
@@ -270,7 +271,7 @@ void SearchSelectionTest::aNewScanWhileTheKeyIsTyped() {
     const QPointer<ClWidgetApInfo> selected = &row(ENCRYPTED);
     m_bench->boxes.setAction([&](QWidget& dialog) {
         page().slotReceiveCommand(scanAnswer({}));
-        QTRY_VERIFY(selected.isNull());
+        TRY_VERIFY(selected.isNull());
         typeKey(dialog, u"Key9"_s);
         acceptBox(dialog);
     });

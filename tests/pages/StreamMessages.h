@@ -37,8 +37,3 @@ inline const stStreamUse LIVE{
     USB_RES_NUBO_CMD_GET_LIVE_FRAMERATE,
     USB_NUBO_CMD_SET_LIVE_FRAMERATE,
 };
-
-/// The answer @p identifier with its value, as the USB side sends it.
-inline VX_CMD valueAnswer(const QUuid& identifier, const QVariant& value) {
-    return {{QStringLiteral("CMD"), identifier}, {QStringLiteral("PARAM2"), value}};
-}

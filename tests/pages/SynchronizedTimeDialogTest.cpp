@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "pages/ClDialogTime.h"
 #include "tests/support/DialogControls.h"
-#include "tests/ui/ManualClock.h"
+#include "tests/support/ManualClock.h"
 
-#include <QApplication>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
@@ -225,12 +224,7 @@ void SynchronizedTimeDialogTest::followsTheComputersClockUnlessToldAnother() {
 }
 
 int main(int argc, char** argv) {
-    auto* const timers = new ManualClock;  // the application object takes it over
-    QCoreApplication::setEventDispatcher(timers);
-    const QApplication application(argc, argv);
-    SynchronizedTimeDialogTest test(*timers);
-    QTEST_SET_MAIN_SOURCE_PATH
-    return QTest::qExec(&test, argc, argv);
+    return runOnManualClock<SynchronizedTimeDialogTest>(argc, argv);
 }
 
 #include "SynchronizedTimeDialogTest.moc"

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "pages/ClLabelWifiState.h"
+#include "tests/support/Patience.h"
 #include "ui/Artwork.h"
 
 #include <QCoreApplication>
@@ -160,7 +161,7 @@ void WifiStateLabelTest::aChangeOfPictureAloneRepaints() {
     PaintCounter counter;
     m_badge->installEventFilter(&counter);
     m_badge->setState(9);
-    QTRY_COMPARE(counter.count, 1);
+    TRY_COMPARE(counter.count, 1);
 }
 
 QTEST_MAIN(WifiStateLabelTest)

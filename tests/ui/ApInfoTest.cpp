@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "tests/support/Patience.h"
 #include "tests/ui/Mouse.h"
 #include "tests/ui/Painting.h"
 #include "ui/Artwork.h"
@@ -187,12 +188,12 @@ void ApInfoTest::handsItsValuesToTheParts() {
 void ApInfoTest::aRowIsLighterUnderTheMouse() {
     const auto background = [this] { return m_row->grab().toImage().pixelColor(5, 5); };
     moveMouse(*m_row);
-    QTRY_COMPARE(background(), QColor(206, 212, 218));
+    TRY_COMPARE(background(), QColor(206, 212, 218));
     for (const auto group : GROUPS) {
         QCOMPARE(m_row->palette().color(group, QPalette::Window), QColor(206, 212, 218));
     }
     moveMouse(*m_window, {300, 180});
-    QTRY_COMPARE(background(), QColor(185, 193, 202));
+    TRY_COMPARE(background(), QColor(185, 193, 202));
 }
 
 void ApInfoTest::aDoubleClickSelects_data() {

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "tests/support/Patience.h"
 #include "tests/ui/Mouse.h"
 #include "tests/ui/Painting.h"
 #include "tests/ui/TaggingTranslator.h"
@@ -65,7 +66,7 @@ void CaptionBarTest::init() {
     m_window->show();
     QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
     moveMouse(*m_window, {300, 90});
-    QTRY_VERIFY(!m_close->mask().isEmpty());
+    TRY_VERIFY(!m_close->mask().isEmpty());
 }
 
 void CaptionBarTest::cleanup() {

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "tests/support/Patience.h"
 #include "ui/ClDialogBase.h"
 #include "ui/ClDialogColumn.h"
 
@@ -67,7 +68,7 @@ void DialogColumnTest::theDialogFollowsItsControls() {
     dialog->show();
     const int before = dialog->height();
     dialog->findChild<QLabel*>()->setText(u"text"_s);
-    QTRY_VERIFY(dialog->height() < before);
+    TRY_VERIFY(dialog->height() < before);
     QCOMPARE(dialog->size(), dialog->layout()->sizeHint());
 }
 

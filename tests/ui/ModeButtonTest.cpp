@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "tests/support/Patience.h"
 #include "tests/ui/Mouse.h"
 #include "tests/ui/Painting.h"
 #include "ui/Artwork.h"
@@ -249,7 +250,7 @@ void ModeButtonTest::isPressedByAnAccessibilityClient() {
 
     QSignalSpy clicked(m_button, &QAbstractButton::clicked);
     interface->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
-    QTRY_COMPARE(clicked.size(), 1);
+    TRY_COMPARE(clicked.size(), 1);
     QVERIFY(m_button->isChecked());
     QVERIFY(interface->state().checked);
 

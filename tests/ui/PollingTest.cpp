@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "tests/ui/ManualClock.h"
+#include "tests/support/ManualClock.h"
 #include "ui/ClWidgetBase.h"
 
-#include <QApplication>
 #include <QDialog>
 #include <QSignalSpy>
 #include <QTest>
@@ -138,12 +137,7 @@ void PollingTest::stopsWithThePage() {
 }
 
 int main(int argc, char** argv) {
-    auto* const clock = new ManualClock;  // the application object takes it over
-    QCoreApplication::setEventDispatcher(clock);
-    const QApplication application(argc, argv);
-    PollingTest test(*clock);
-    QTEST_SET_MAIN_SOURCE_PATH
-    return QTest::qExec(&test, argc, argv);
+    return runOnManualClock<PollingTest>(argc, argv);
 }
 
 #include "PollingTest.moc"

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "tests/support/Patience.h"
 #include "tests/ui/Mouse.h"
 #include "tests/ui/Painting.h"
 #include "ui/ClRollOverToolBtn.h"
@@ -115,12 +116,12 @@ void RollOverButtonTest::startsPlain() {
 void RollOverButtonTest::showsHoverAndPress() {
     m_button->setImgShow(colouredIcon());
     QCOMPARE(colour(), QColor(Qt::green));
-    QTRY_VERIFY(m_button->m_paints > 0);
+    TRY_VERIFY(m_button->m_paints > 0);
     QCoreApplication::processEvents();
 
     const int before = m_button->m_paints;
     moveMouse(*m_button);
-    QTRY_VERIFY2(m_button->m_paints > before, "entering repaints");
+    QTRY_VERIFY2_WITH_TIMEOUT(m_button->m_paints > before, "entering repaints", PATIENCE_MS);
     QCOMPARE(colour(), QColor(Qt::yellow));
     pressMouse(*m_button, m_button->rect().center());
     QCOMPARE(colour(), QColor(Qt::blue));
@@ -169,7 +170,7 @@ void RollOverButtonTest::repaintsWhenASetterIsCalled() {
         QCoreApplication::processEvents();
         const int before = m_button->m_paints;
         set();
-        QTRY_VERIFY2(m_button->m_paints > before, name);
+        QTRY_VERIFY2_WITH_TIMEOUT(m_button->m_paints > before, name, PATIENCE_MS);
     }
 }
 
@@ -231,24 +232,25 @@ void RollOverButtonTest::followsAChangeOfShape() {
     icon.addPixmap(disc(SIZE, Qt::red));
     icon.addPixmap(plain(SIZE, Qt::blue), QIcon::Selected);
     m_button->setImgShow(icon);
-    QTRY_VERIFY(!m_button->mask().contains(QPoint(0, 0)));
+    TRY_VERIFY(!m_button->mask().contains(QPoint(0, 0)));
 
     pressMouse(*m_button, m_button->rect().center());
-    QTRY_VERIFY2(m_button->mask().isEmpty(), "an opaque picture is the whole button");
+    QTRY_VERIFY2_WITH_TIMEOUT(m_button->mask().isEmpty(), "an opaque picture is the whole button",
+                              PATIENCE_MS);
     QCOMPARE(painted(*m_button), blankWith(*m_button, plain(SIZE, Qt::blue)));
     releaseMouse(*m_button, m_button->rect().center());
-    QTRY_VERIFY(!m_button->mask().contains(QPoint(0, 0)));
+    TRY_VERIFY(!m_button->mask().contains(QPoint(0, 0)));
 }
 
 void RollOverButtonTest::looksLikeAnyToolButtonWithoutAPicture() {
     QIcon icon;
     icon.addPixmap(disc(SIZE, Qt::red));
     m_button->setImgShow(icon);
-    QTRY_VERIFY(!m_button->mask().isEmpty());
+    TRY_VERIFY(!m_button->mask().isEmpty());
 
     m_button->setImgShow(QIcon());
     m_button->setText(u"text"_s);
-    QTRY_VERIFY(m_button->mask().isEmpty());
+    TRY_VERIFY(m_button->mask().isEmpty());
     QToolButton usual(m_window.get());
     usual.setGeometry(m_button->geometry());
     usual.setText(u"text"_s);
@@ -268,7 +270,7 @@ void RollOverButtonTest::clicksOnlyInsideItsShape() {
     QIcon icon;
     icon.addPixmap(disc(SIZE, Qt::red));
     m_button->setImgShow(icon);
-    QTRY_VERIFY(!m_button->mask().isEmpty());
+    TRY_VERIFY(!m_button->mask().isEmpty());
     QSignalSpy clicked(m_button, &QAbstractButton::clicked);
     clickMouse(*m_button, {0, 0});
     QCOMPARE(clicked.size(), 0);

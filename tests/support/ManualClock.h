@@ -2,13 +2,14 @@
 #pragma once
 
 #include <QAbstractEventDispatcher>
+#include <QApplication>
+#include <QTest>
 
 #include <chrono>
 #include <vector>
 
 /// An event dispatcher whose time goes on only when told, or when somebody waits, as a modal dialog
-/// does: timers of seconds are tested to the millisecond and without waiting. Give it to
-/// QCoreApplication::setEventDispatcher() before the application object is made.
+/// does: timers of seconds are tested to the millisecond and without waiting.
 class ManualClock : public QAbstractEventDispatcher {
     Q_OBJECT
 
@@ -45,3 +46,15 @@ private:
     std::vector<stTimer> m_timers;
     qint64 m_now = 0;  // milliseconds
 };
+
+/// The main() of a test on a clock of its own: @p Test is made with the clock.
+template <class Test>
+int runOnManualClock(int argc, char** argv) {
+    auto* const clock = new ManualClock;  // the application object takes it over
+    QCoreApplication::setEventDispatcher(clock);
+    const QApplication application(argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("Test program"));
+    Test test(*clock);
+    QTEST_SET_MAIN_SOURCE_PATH
+    return QTest::qExec(&test, argc, argv);
+}

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "tests/ui/ManualClock.h"
+#include "tests/support/ManualClock.h"
 
 #include <QCoreApplication>
 #include <QTimer>
