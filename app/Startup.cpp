@@ -9,6 +9,7 @@
 #include <QApplication>
 #include <QFont>
 #include <QIcon>
+#include <QLibraryInfo>
 #include <QLocale>
 #include <QMessageBox>
 #include <QTranslator>
@@ -20,6 +21,15 @@ namespace {
 constexpr int TEXT_PIXELS = 13;
 constexpr int LINE_EDIT_PIXELS = 14;
 constexpr int START_REFUSED = -1;
+
+// A catalogue that is not there is left out.
+void installCatalogue(QApplication& application, const QString& name, const QString& directory) {
+    auto translator = std::make_unique<QTranslator>();
+    if (translator->load(name, directory)) {
+        translator->setParent(&application);
+        QCoreApplication::installTranslator(translator.release());
+    }
+}
 
 // The key is held only until the main window opens: it guards the start, not the whole run.
 bool mayStart() {
@@ -45,11 +55,13 @@ void installFonts() {
 
 void installLanguage(QApplication& application) {
     const bool isJapanese = QLocale::system().language() == QLocale::Japanese;
-    auto translator = std::make_unique<QTranslator>();
-    if (translator->load(isJapanese ? QStringLiteral(":/lang/ja") : QStringLiteral(":/lang/en"))) {
-        translator->setParent(&application);
-        QCoreApplication::installTranslator(translator.release());
+    if (isJapanese) {
+        // The toolkit's own texts, such as those of a line edit's menu.
+        installCatalogue(application, QStringLiteral("qtbase_ja"),
+                         QLibraryInfo::path(QLibraryInfo::TranslationsPath));
     }
+    installCatalogue(application, isJapanese ? QStringLiteral("ja") : QStringLiteral("en"),
+                     QStringLiteral(":/lang"));
     QLocale::setDefault(
         QLocale(isJapanese ? QLocale::Japanese : QLocale::English, QLocale::AnyTerritory));
 }

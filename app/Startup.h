@@ -7,7 +7,8 @@ class QApplication;
 void installFonts();
 
 /// Takes Japanese if that is the system's language and English otherwise: installs the catalogue
-/// and makes the language the default locale. Without a catalogue the source texts stand.
+/// and, where the toolkit has one for its own texts, that too, and makes the language the default
+/// locale. Without a catalogue the source texts stand.
 void installLanguage(QApplication& application);
 
 /// The program: starts up, refuses to start beside another copy that is starting, and runs until

@@ -4,14 +4,14 @@
 BUILD_PACKAGES=(
     g++ cmake ninja-build ccache pkg-config
     qt6-base-dev qt6-tools-dev qt6-tools-dev-tools qt6-l10n-tools linguist-qt6
-    libusb-1.0-0-dev libumockdev-dev umockdev librsvg2-bin
+    qt6-translations-l10n libusb-1.0-0-dev libumockdev-dev umockdev librsvg2-bin
 )
 # A computer without a display has no fonts either.
 HEADLESS_PACKAGES=(xvfb xauth fonts-dejavu-core fonts-noto-cjk)
 WAYLAND_PACKAGES=(qt6-wayland)
 TEST_PACKAGES=(
     clang libclang-rt-14-dev lld clang-format fonts-dejavu-core fonts-noto-cjk
-    xvfb xauth dbus-daemon at-spi2-core python3-pyatspi weston "${WAYLAND_PACKAGES[@]}" xdotool
+    xvfb xauth dbus-daemon at-spi2-core python3-pyatspi weston "${WAYLAND_PACKAGES[@]}" xdotool x11-utils
 )
 
 # install_missing PACKAGE...: installs those that are not there yet, and asks no package registry

@@ -2,6 +2,7 @@
 #include "pages/ClControlGroup.h"
 
 #include <QAccessibleWidget>
+#include <QVBoxLayout>
 
 namespace {
 
@@ -17,4 +18,12 @@ QAccessibleInterface* createGrouping(const QString& className, QObject* object) 
 ClControlGroup::ClControlGroup(QWidget* parent) : QWidget(parent) {
     // Installing it again does nothing.
     QAccessible::installFactory(createGrouping);
+}
+
+ClControlGroup::ClControlGroup(const QString& name, QWidget* control, QWidget* parent)
+    : ClControlGroup(parent) {
+    setAccessibleName(name);
+    auto* const column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->addWidget(control);
 }

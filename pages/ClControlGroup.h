@@ -10,4 +10,8 @@ class ClControlGroup : public QWidget {
 
 public:
     explicit ClControlGroup(QWidget* parent);
+
+    /// A group of @p control alone, which becomes its child: a combo box tells its value as its
+    /// name, and is known by the group's.
+    ClControlGroup(const QString& name, QWidget* control, QWidget* parent);
 };

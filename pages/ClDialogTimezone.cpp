@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "pages/ClDialogTimezone.h"
 
+#include "pages/ClControlGroup.h"
 #include "pages/ClWidgetBasicSetting.h"
 #include "ui/ClDialogColumn.h"
 
@@ -56,13 +57,14 @@ unsigned int indexOf(unsigned int zone) {
 ClDialogTimezone::ClDialogTimezone(QWidget* parent)
     : ClDialogBase(parent),
       m_zone(new QComboBox(this)) {
-    m_zone->setAccessibleName(ClWidgetBasicSetting::tr("Setting time zone"));
     for (const char* const zone : ZONES) {
         m_zone->addItem(tr(zone));
     }
     // The box expects a single line.
     m_zone->setMinimumHeight(m_zone->sizeHint().height() + m_zone->fontMetrics().lineSpacing());
-    (new ClDialogColumn(this))->addWidget(m_zone);
+    auto* const group =
+        new ClControlGroup(ClWidgetBasicSetting::tr("Setting time zone"), m_zone, this);
+    (new ClDialogColumn(this))->addWidget(group);
     addButtons();
     connect(m_zone, &QComboBox::currentIndexChanged, this,
             [this](int index) { setAcceptable(index >= 0); });

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "pages/ClDialogWifiCountry.h"
 
+#include "pages/ClControlGroup.h"
 #include "pages/ClWidgetBasicSetting.h"
 #include "ui/ClDialogColumn.h"
 
@@ -16,11 +17,12 @@ constexpr int AUTO_INDEX = AUTO - 1;
 ClDialogWifiCountry::ClDialogWifiCountry(QWidget* parent)
     : ClDialogBase(parent),
       m_country(new QComboBox(this)) {
-    m_country->setAccessibleName(ClWidgetBasicSetting::tr("Setting Wi-Fi country"));
     m_country->addItems({ClWidgetBasicSetting::tr("Japan"),
                          ClWidgetBasicSetting::tr("United States,Canada,Taiwan"),
                          ClWidgetBasicSetting::tr("EU"), ClWidgetBasicSetting::tr("Auto")});
-    (new ClDialogColumn(this))->addWidget(m_country);
+    auto* const group =
+        new ClControlGroup(ClWidgetBasicSetting::tr("Setting Wi-Fi country"), m_country, this);
+    (new ClDialogColumn(this))->addWidget(group);
     addButtons();
     connect(m_country, &QComboBox::currentIndexChanged, this,
             [this](int index) { setAcceptable(index >= 0); });

@@ -84,7 +84,6 @@ void ClWidgetBasicSetting::addCaption(const char* text, QVBoxLayout* column) {
 void ClWidgetBasicSetting::addButton(const stBasicSettingRow& row, QVBoxLayout* column) {
     auto* button = new QPushButton(this);
     button->setMinimumSize(BUTTON_MINIMUM);
-    button->setAutoDefault(true);  // the Enter key presses it, too
     connect(button, &QPushButton::clicked, this, &ClWidgetBasicSetting::slotClicked);
     m_buttons.append(button);
     if (showsName(row)) {

@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "ui/ClDialogBase.h"
 
+#include "ui/ClAccessibleButton.h"
+
 #include <QCoreApplication>
 #include <QDialogButtonBox>
 #include <QLayout>
 #include <QPushButton>
 
 ClDialogBase::ClDialogBase(QWidget* parent) : QDialog(parent) {
+    ClAccessibleButton::install();
     setWindowTitle(QCoreApplication::applicationName());
     setWindowFlags(WINDOW_FLAGS);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/ClRollOverToolBtn.h"
 
-#include "ui/ClAccessibleRollOver.h"
+#include "ui/ClAccessibleButton.h"
 
 #include <QBitmap>
 #include <QPaintEvent>
@@ -9,7 +9,7 @@
 
 ClRollOverToolBtn::ClRollOverToolBtn(QWidget* parent) : QToolButton(parent) {
     setAttribute(Qt::WA_Hover);
-    ClAccessibleRollOver::install();
+    ClAccessibleButton::install();
 }
 
 void ClRollOverToolBtn::setImgShow(const QIcon& imgShow) {

@@ -2,11 +2,14 @@
 #include "ui/ClWidgetBase.h"
 
 #include "protocol/ResultCodes.h"
+#include "ui/ClAccessibleButton.h"
 #include "ui/ClMessageBox.h"
 
 #include <QApplication>
 #include <QHideEvent>
+#include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPushButton>
 
 #include <algorithm>
 #include <array>
@@ -46,6 +49,7 @@ const char* errorText(unsigned short error) {
 }  // namespace
 
 ClWidgetBase::ClWidgetBase(QWidget* parent) : QWidget(parent) {
+    ClAccessibleButton::install();
     m_pollingTimer.setSingleShot(false);
     connect(&m_pollingTimer, &QTimer::timeout, this, &ClWidgetBase::slotPollingFired);
 }
@@ -103,6 +107,16 @@ void ClWidgetBase::hideEvent(QHideEvent* event) {
     // Minimising the window is not leaving the page.
     if (!event->spontaneous()) {
         ++m_visit;
+    }
+}
+
+void ClWidgetBase::keyPressEvent(QKeyEvent* event) {
+    const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    auto* const button = qobject_cast<QPushButton*>(focusWidget());
+    if (isEnter && !event->isAutoRepeat() && button != nullptr) {
+        button->click();
+    } else {
+        QWidget::keyPressEvent(event);
     }
 }
 

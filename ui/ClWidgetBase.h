@@ -58,6 +58,8 @@ protected:
     /// in in its place.
     [[nodiscard]] int visit() const { return m_visit; }
     void hideEvent(QHideEvent* event) override;
+    /// The Enter key presses the button that has the keyboard, as it does in a dialog.
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     QTimer m_pollingTimer;

@@ -77,6 +77,17 @@
     </message>
 </context>
 <context>
+    <name>ClDialogCalendar</name>
+    <message>
+        <source>Previous month</source>
+        <translation>Previous month</translation>
+    </message>
+    <message>
+        <source>Next month</source>
+        <translation>Next month</translation>
+    </message>
+</context>
+<context>
     <name>ClDialogGps</name>
     <message>
         <source>Set the GPS settings of NuBo</source>

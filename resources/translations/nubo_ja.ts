@@ -77,6 +77,17 @@
     </message>
 </context>
 <context>
+    <name>ClDialogCalendar</name>
+    <message>
+        <source>Previous month</source>
+        <translation>前の月</translation>
+    </message>
+    <message>
+        <source>Next month</source>
+        <translation>次の月</translation>
+    </message>
+</context>
+<context>
     <name>ClDialogGps</name>
     <message>
         <source>Set the GPS settings of NuBo</source>

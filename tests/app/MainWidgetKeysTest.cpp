@@ -3,6 +3,8 @@
 #include "protocol/CommandIdentifiers.h"
 #include "ui/ClButtonMode.h"
 
+#include <QAbstractButton>
+#include <QAccessible>
 #include <QApplication>
 #include <QStackedLayout>
 #include <QTest>
@@ -16,6 +18,16 @@ namespace {
 
 QRect placeInWindow(const QWidget& widget) {
     return {widget.mapTo(widget.window(), QPoint()), widget.size()};
+}
+
+/// By the Enter key, if @p button can have the keyboard.
+void open(QAbstractButton& button) {
+    if (button.focusPolicy() == Qt::NoFocus) {
+        QTest::mouseClick(&button, Qt::LeftButton);
+    } else {
+        button.setFocus();
+        QTest::keyClick(&button, Qt::Key_Return);
+    }
 }
 
 /// As the eye goes: row by row, and from left to right.
@@ -40,8 +52,10 @@ private Q_SLOTS:
     void escapeClosesNothing();
 
 private:
-    static void addModes();
-    void openPage(int mode) const;
+    static void addPages();
+    void openPage() const;
+    /// The visible button that a screen reader calls @p name, or null.
+    [[nodiscard]] QAbstractButton* button(const QString& name) const;
     /// What Tab can lead to, in the order of the eye.
     [[nodiscard]] QList<QWidget*> stops() const;
     [[nodiscard]] QImage pictureOf(const QWidget& widget) const {
@@ -60,18 +74,42 @@ void MainWidgetKeysTest::init() {
         {{u"CMD"_s, USB_CMD_DEVICE_OPEN}, {u"PARAM1"_s, QVariant::fromValue<void*>(this)}});
 }
 
-void MainWidgetKeysTest::addModes() {
+void MainWidgetKeysTest::addPages() {
     QTest::addColumn<int>("mode");
-    QTest::newRow("camera state") << 1;
-    QTest::newRow("network setting") << 2;
-    QTest::newRow("basic setting") << 3;
-    QTest::newRow("stream setting") << 4;
-    QTest::newRow("help") << 5;
+    QTest::addColumn<QString>("subPage");  // the name of the button that leads there
+    const QString none;
+    QTest::newRow("camera state") << 1 << none;
+    QTest::newRow("network setting") << 2 << none;
+    QTest::newRow("search") << 2 << u"AP search and setting"_s;
+    QTest::newRow("manual setting") << 2 << u"AP manual setting"_s;
+    QTest::newRow("DHCP") << 2 << u"AP of selecting"_s;
+    QTest::newRow("ad-hoc") << 2 << u"Adhoc"_s;
+    QTest::newRow("basic setting") << 3 << none;
+    QTest::newRow("stream setting") << 4 << none;
+    QTest::newRow("help") << 5 << none;
 }
 
-void MainWidgetKeysTest::openPage(int mode) const {
+void MainWidgetKeysTest::openPage() const {
+    QFETCH(int, mode);
+    QFETCH(QString, subPage);
     QTest::mouseClick(m_window->findChildren<ClButtonMode*>().at(mode - 1), Qt::LeftButton);
     QCOMPARE(m_window->findChild<QStackedLayout*>()->currentIndex(), mode);
+    if (!subPage.isEmpty()) {
+        QAbstractButton* const way = button(subPage);
+        QVERIFY(way != nullptr);
+        open(*way);
+        QVERIFY(button(subPage) == nullptr || way->isChecked());
+    }
+}
+
+QAbstractButton* MainWidgetKeysTest::button(const QString& name) const {
+    for (QAbstractButton* const button : m_window->findChildren<QAbstractButton*>()) {
+        if (button->isVisible() &&
+            QAccessible::queryAccessibleInterface(button)->text(QAccessible::Name) == name) {
+            return button;
+        }
+    }
+    return nullptr;
 }
 
 QList<QWidget*> MainWidgetKeysTest::stops() const {
@@ -85,12 +123,11 @@ QList<QWidget*> MainWidgetKeysTest::stops() const {
 }
 
 void MainWidgetKeysTest::tabFollowsTheEyeAndCanBeSeen_data() {
-    addModes();
+    addPages();
 }
 
 void MainWidgetKeysTest::tabFollowsTheEyeAndCanBeSeen() {
-    QFETCH(int, mode);
-    openPage(mode);
+    openPage();
     const QList<QWidget*> widgets = stops();
     QVERIFY(widgets.size() > 1);
 
@@ -99,22 +136,22 @@ void MainWidgetKeysTest::tabFollowsTheEyeAndCanBeSeen() {
         const QImage before = pictureOf(*widget);
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
         QCOMPARE(QApplication::focusWidget(), widget);
-        QVERIFY(pictureOf(*widget) != before);
+        QVERIFY2(pictureOf(*widget) != before, widget->metaObject()->className());
     }
 }
 
 void MainWidgetKeysTest::escapeClosesNothing_data() {
-    addModes();
+    addPages();
 }
 
 void MainWidgetKeysTest::escapeClosesNothing() {
-    QFETCH(int, mode);
-    openPage(mode);
+    openPage();
     QTest::keyClick(m_window.get(), Qt::Key_Escape);
     for (QWidget* const widget : stops()) {
         QTest::keyClick(widget, Qt::Key_Escape);
     }
     QVERIFY(m_window->isVisible());
+    QFETCH(int, mode);
     QCOMPARE(m_window->findChild<QStackedLayout*>()->currentIndex(), mode);
 }
 

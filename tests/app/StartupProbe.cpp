@@ -45,6 +45,7 @@ int fontPixels(QWidget&& widget) {
 void sayCommon() {
     say("locale", QLocale::languageToString(QLocale().language()));
     say("country", QCoreApplication::translate("QObject", "Japan"));
+    say("menu entry", QCoreApplication::translate("QWidgetTextControl", "Select All"));
     say("label pixels", QString::number(fontPixels(QLabel())));
     say("line edit pixels", QString::number(fontPixels(QLineEdit())));
 }

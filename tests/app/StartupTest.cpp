@@ -2,9 +2,11 @@
 #include "tests/support/Patience.h"
 
 #include <QDir>
+#include <QLibraryInfo>
 #include <QMap>
 #include <QProcess>
 #include <QProcessEnvironment>
+#include <QSettings>
 #include <QSharedMemory>
 #include <QTemporaryDir>
 #include <QTest>
@@ -31,7 +33,8 @@ Said parse(const QByteArray& output) {
 /// A program that ends when this object does.
 class Program : public QProcess {
 public:
-    Program(const char* path, const QStringList& arguments, const QString& language = u"en_US"_s) {
+    Program(const QString& path, const QStringList& arguments,
+            const QString& language = u"en_US"_s) {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         for (const QString& name : {u"LANG"_s, u"LANGUAGE"_s, u"LC_MESSAGES"_s}) {
             environment.remove(name);
@@ -39,7 +42,7 @@ public:
         environment.insert(u"LC_ALL"_s, language + u".UTF-8"_s);
         setProcessEnvironment(environment);
         setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        start(QString::fromLocal8Bit(path), arguments);
+        start(path, arguments);
     }
 
     ~Program() override {
@@ -78,13 +81,13 @@ private:
 class Probe : public Program {
 public:
     explicit Probe(const QStringList& arguments = {}, const QString& language = u"en_US"_s)
-        : Program(STARTUP_PROBE, arguments, language) {}
+        : Program(QStringLiteral(STARTUP_PROBE), arguments, language) {}
 };
 
 /// Another program that holds the key.
 class KeyHolder : public Program {
 public:
-    KeyHolder() : Program(KEY_HOLDER, {KEY}) {}
+    KeyHolder() : Program(QStringLiteral(KEY_HOLDER), {KEY}) {}
 };
 
 /// Whether there is a segment under the key, held or left behind. Changes nothing about it.
@@ -104,6 +107,8 @@ private Q_SLOTS:
     void cleanup();
     void theSystemLanguageChoosesCatalogueAndLocale_data();
     void theSystemLanguageChoosesCatalogueAndLocale();
+    void theToolkitSpeaksTheUsersLanguageToo_data();
+    void theToolkitSpeaksTheUsersLanguageToo();
     void theStartIsRefusedWhileAnotherProgramHoldsTheKey_data();
     void theStartIsRefusedWhileAnotherProgramHoldsTheKey();
     void aHolderKeepsTheKeyThroughARefusedStart();
@@ -152,6 +157,34 @@ void StartupTest::theSystemLanguageChoosesCatalogueAndLocale() {
     QTEST(probe.said().value(u"locale"_s), "locale");
     QTEST(probe.said().value(u"window title"_s), "title");
     QTEST(probe.said().value(u"country"_s), "country");
+}
+
+void StartupTest::theToolkitSpeaksTheUsersLanguageToo_data() {
+    QTest::addColumn<QString>("language");
+    QTest::addColumn<QString>("catalogues");
+    QTest::addColumn<QString>("menuEntry");
+    const QString installed = QStringLiteral(TOOLKIT_CATALOGUES);
+    QTest::newRow("Japanese") << u"ja_JP"_s << installed << u"すべて選択"_s;
+    QTest::newRow("Japanese, not installed") << u"ja_JP"_s << QString() << u"Select All"_s;
+    QTest::newRow("English") << u"en_US"_s << installed << u"Select All"_s;
+}
+
+void StartupTest::theToolkitSpeaksTheUsersLanguageToo() {
+    QFETCH(QString, language);
+    QFETCH(QString, catalogues);
+    // A program finds the toolkit's files by the qt.conf beside it.
+    const QTemporaryDir directory;
+    const QString program = directory.filePath(u"tool"_s);
+    QVERIFY(QFile::copy(QStringLiteral(STARTUP_PROBE), program));
+    {
+        QSettings paths(directory.filePath(u"qt.conf"_s), QSettings::IniFormat);
+        paths.setValue(u"Paths/Plugins"_s, QLibraryInfo::path(QLibraryInfo::PluginsPath));
+        paths.setValue(u"Paths/Translations"_s,
+                       catalogues.isEmpty() ? directory.path() : catalogues);
+    }
+    Program probe(program, {}, language);
+    QVERIFY(probe.finish());
+    QTEST(probe.said().value(u"menu entry"_s), "menuEntry");
 }
 
 void StartupTest::theStartIsRefusedWhileAnotherProgramHoldsTheKey_data() {

@@ -43,6 +43,12 @@ def controls_below(node):
                 yield from controls_below(child)
 
 
+def click(control):
+    action = control.node.queryAction()
+    names = [action.getName(i) for i in range(action.nActions)]
+    action.doAction(next(i for i, n in enumerate(names) if n in ("Press", "Toggle")))
+
+
 class Screen:
     """What the program of this name shows; waits until there is one."""
 
@@ -76,9 +82,21 @@ class Screen:
 
     def press(self, role, name):
         """Does what a click would do."""
-        action = self.find(role, name).node.queryAction()
-        names = [action.getName(i) for i in range(action.nActions)]
-        action.doAction(next(i for i, n in enumerate(names) if n in ("Press", "Toggle")))
+        click(self.find(role, name))
+
+    def press_last(self, role, name):
+        """The same in the uppermost of several dialogs."""
+        click([c for c in self.controls() if c.role == role and c.name == name][-1])
+
+    def set_value(self, role, name, value):
+        self.find(role, name).node.queryValue().currentValue = value
+
+    def text_of(self, name):
+        return self.find(pyatspi.ROLE_TEXT, name).node.queryText().getText(0, -1)
+
+    def type(self, name, text):
+        """Replaces what stands in a line edit."""
+        self.find(pyatspi.ROLE_TEXT, name).node.queryEditableText().setTextContents(text)
 
     def wait_for_text(self, text):
         wait_for(lambda: text in self.texts(), f"text '{text}'")

@@ -34,6 +34,10 @@ class SimulatedTool:
             stderr=errors,
         )
 
+    def wait(self):
+        """Waits until the tool has ended by itself; its exit code."""
+        return self._process.wait(PATIENCE_S)
+
     def end(self):
         self._process.terminate()
         self._process.wait(PATIENCE_S)

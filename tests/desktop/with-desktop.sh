@@ -12,10 +12,11 @@ end() {
 trap end EXIT
 
 # A number of its own, that no server which starts or ends at the same time takes as well. The
-# server writes it when it is ready.
+# server writes it when it is ready. A server that starts anew when its last client leaves would turn
+# away who comes just then.
 display=$((1000 + $$ % 50000))
 mkfifo "$XDG_RUNTIME_DIR/display"
-Xvfb ":$display" -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp \
+Xvfb ":$display" -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp -noreset \
     3>"$XDG_RUNTIME_DIR/display" 2>/dev/null &
 server=$!
 read -r _ <"$XDG_RUNTIME_DIR/display"

@@ -5,10 +5,12 @@
 #include "tests/support/DialogControls.h"
 #include "tests/support/Patience.h"
 
+#include <QAccessible>
 #include <QCalendarWidget>
 #include <QLineEdit>
 #include <QTableView>
 #include <QTest>
+#include <QToolButton>
 
 using namespace Qt::StringLiterals;
 
@@ -49,6 +51,7 @@ private Q_SLOTS:
     void leavesTheFieldsWhenItIsDeclined_data();
     void leavesTheFieldsWhenItIsDeclined();
     void opensFromTheKeyboard();
+    void theArrowsAreNamed();
 };
 
 void CalendarDialogTest::isLimitedToTheYearsOfTheCamera_data() {
@@ -188,6 +191,17 @@ void CalendarDialogTest::opensFromTheKeyboard() {
     QTest::keyClick(dialog.focusWidget(), Qt::Key_Return);
     QCOMPARE(user.boxes().size(), 1);
     QVERIFY(dialog.isVisible());
+}
+
+void CalendarDialogTest::theArrowsAreNamed() {
+    const ClDialogCalendar dialog;
+    QStringList names;
+    for (QToolButton* const button : dialog.findChildren<QToolButton*>()) {
+        if (button->text().isEmpty()) {
+            names.append(QAccessible::queryAccessibleInterface(button)->text(QAccessible::Name));
+        }
+    }
+    QCOMPARE(names, (QStringList{u"Previous month"_s, u"Next month"_s}));
 }
 
 QTEST_MAIN(CalendarDialogTest)

@@ -19,7 +19,6 @@
 #include "ui/ClMessageBox.h"
 
 #include <QAccessible>
-#include <QComboBox>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -116,12 +115,13 @@ std::unique_ptr<QDialog> openDialog(const stDialog& row) {
     return dialog;
 }
 
-// A combo box shows its text as the name and tells its own name by a relation.
+// A combo box tells its value as its name: what it is for, the group around it tells.
 QString nameOf(QWidget* control) {
-    if (qobject_cast<QComboBox*>(control) != nullptr) {
-        return control->accessibleName();
+    const QAccessibleInterface* told = QAccessible::queryAccessibleInterface(control);
+    if (told->role() == QAccessible::ComboBox) {
+        told = told->parent();
     }
-    return QAccessible::queryAccessibleInterface(control)->text(QAccessible::Name);
+    return told->text(QAccessible::Name);
 }
 
 QList<QWidget*> tabStops(QWidget& dialog) {

@@ -39,8 +39,8 @@ private Q_SLOTS:
     void bearsTheNameOfTheApplication();
     void everyControlHasAName_data() { addDialogs(); }
     void everyControlHasAName();
-    void radioButtonsAndTimesAreAnnouncedAsGroups_data() { addDialogs(); }
-    void radioButtonsAndTimesAreAnnouncedAsGroups();
+    void choicesAndTimesAreAnnouncedAsGroups_data() { addDialogs(); }
+    void choicesAndTimesAreAnnouncedAsGroups();
     void textsAreLookedUpInTheirContext_data() { addSettingDialogs(); }
     void textsAreLookedUpInTheirContext();
     void hasTheMarginsAndTheSpacingOfAllDialogs_data() { addSettingDialogs(); }
@@ -74,12 +74,15 @@ void SettingDialogsLayoutTest::everyControlHasAName() {
     QCOMPARE(names.last(m_row.buttons.size()), m_row.buttons);
 }
 
-void SettingDialogsLayoutTest::radioButtonsAndTimesAreAnnouncedAsGroups() {
+void SettingDialogsLayoutTest::choicesAndTimesAreAnnouncedAsGroups() {
     QWidgetList members;
     for (QRadioButton* const button : m_dialog->findChildren<QRadioButton*>()) {
         members.append(button);
     }
     for (QSpinBox* const box : m_dialog->findChildren<QSpinBox*>()) {
+        members.append(box);
+    }
+    for (QComboBox* const box : m_dialog->findChildren<QComboBox*>()) {
         members.append(box);
     }
     for (QWidget* const member : std::as_const(members)) {

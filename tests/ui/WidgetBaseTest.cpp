@@ -51,6 +51,10 @@ private Q_SLOTS:
     void tellsOneErrorAfterTheOther();
     void tellsNoMoreErrorsOfAPageThatWasLeft();
 
+    void enterPressesTheButtonThatHasTheKeyboard_data();
+    void enterPressesTheButtonThatHasTheKeyboard();
+    void enterElsewherePressesNothing();
+
     void takesTheMouseOfAChild();
     void leavesOtherEventsToTheChild();
     void filtersNothingUnasked();
@@ -232,6 +236,46 @@ void WidgetBaseTest::tellsNoMoreErrorsOfAPageThatWasLeft() {
     });
     page.showErrorMsgBox(NUBO_CMD_ERROR_COMMAND);
     QCOMPARE(told, u"Command error, version up"_s);
+}
+
+void WidgetBaseTest::enterPressesTheButtonThatHasTheKeyboard_data() {
+    QTest::addColumn<Qt::Key>("key");
+    QTest::newRow("Enter") << Qt::Key_Enter;
+    QTest::newRow("Return") << Qt::Key_Return;
+}
+
+void WidgetBaseTest::enterPressesTheButtonThatHasTheKeyboard() {
+    QFETCH(Qt::Key, key);
+    ClWidgetBase page;
+    QWidget bar(&page);
+    QPushButton other(&bar);
+    QPushButton button(&bar);
+    const QSignalSpy otherClicked(&other, &QPushButton::clicked);
+    const QSignalSpy clicked(&button, &QPushButton::clicked);
+    page.show();
+    QVERIFY(QTest::qWaitForWindowActive(&page));
+    button.setFocus();
+    QTest::keyClick(QApplication::focusWidget(), key);
+    QCOMPARE(clicked.size(), 1);
+    // Whoever holds the key down wants the button once.
+    QKeyEvent repeated(QEvent::KeyPress, key, Qt::NoModifier, {}, true);
+    QCoreApplication::sendEvent(&button, &repeated);
+    QCOMPARE(clicked.size(), 1);
+    QVERIFY(otherClicked.isEmpty());
+}
+
+void WidgetBaseTest::enterElsewherePressesNothing() {
+    ClWidgetBase page;
+    QPushButton button(&page);
+    QLineEdit edit(&page);
+    const QSignalSpy clicked(&button, &QPushButton::clicked);
+    page.show();
+    QVERIFY(QTest::qWaitForWindowActive(&page));
+    edit.setFocus();
+    QTest::keyClick(&edit, Qt::Key_Return);
+    page.setFocus();
+    QTest::keyClick(&page, Qt::Key_Return);
+    QVERIFY(clicked.isEmpty());
 }
 
 void WidgetBaseTest::takesTheMouseOfAChild() {

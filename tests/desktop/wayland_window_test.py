@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""Drags the tool's window on Wayland, by a mouse on the screen of a compositor."""
+"""The tool's window on Wayland, under a mouse on the screen of a compositor."""
 
 import os
 import re
@@ -9,6 +9,7 @@ import tempfile
 import unittest
 
 from simulated_tool import SimulatedTool, wait_for
+from xdotool import xdotool
 
 SIMULATOR, TOOL = sys.argv[1:3]
 DISPLAY_NAME = "nubo-wayland-test"
@@ -19,11 +20,7 @@ POINTER_PLACE = re.compile(
 )
 
 
-def point(*arguments):
-    subprocess.run(["xdotool", *map(str, arguments)], check=True)
-
-
-class WaylandDragTest(unittest.TestCase):
+class WaylandWindowTest(unittest.TestCase):
     def setUp(self):
         self.start_compositor()
         # What goes between the tool and the compositor is logged; the tool itself logs little.
@@ -74,19 +71,25 @@ class WaylandDragTest(unittest.TestCase):
         """Where the window is, found by a pointer at a known place above it."""
         # The window is told of a pointer that enters it, and may not be there yet.
         def search():
-            point("mousemove", 0, 0)
-            point("mousemove", *CENTRE)
+            xdotool("mousemove", 0, 0)
+            xdotool("mousemove", *CENTRE)
             return self.pointer_in_window()
 
         seen = wait_for(search, "the window under the pointer")
         return CENTRE[0] - seen[0], CENTRE[1] - seen[1]
 
+    def test_the_task_bar_finds_the_desktop_file(self):
+        wait_for(
+            lambda: self.logged(r'xdg_toplevel@\d+\.set_app_id\("nubo-setting-tool"\)'),
+            "the name of the desktop file",
+        )
+
     def test_the_compositor_drags_the_window(self):
         x, y = self.window_place()
         grip = x + 150, y + 10
-        point("mousemove", *map(int, grip))
+        xdotool("mousemove", *map(int, grip))
         wait_for(lambda: self.pointer_in_window() == (150, 10), "the pointer on the caption bar")
-        point("mousedown", 1)
+        xdotool("mousedown", 1)
         pressed = wait_for(
             lambda: self.logged(r"wl_pointer@\d+\.button\((\d+), \d+, 272, 1\)"), "the press"
         )
@@ -94,8 +97,8 @@ class WaylandDragTest(unittest.TestCase):
             lambda: self.logged(rf"xdg_toplevel@\d+\.move\(wl_seat@\d+, {pressed[1]}\)"),
             "the request to drag",
         )
-        point("mousemove", int(grip[0]) + 60, int(grip[1]) + 40)
-        point("mouseup", 1)
+        xdotool("mousemove", int(grip[0]) + 60, int(grip[1]) + 40)
+        xdotool("mouseup", 1)
         wait_for(lambda: self.window_place() == (x + 60, y + 40), "the window at its new place")
 
 
