@@ -216,7 +216,7 @@ void BasicSettingOnBusTest::aFailedLinkIsReported() {
     useDialogs([&](QWidget& dialog) {
         use.change(DialogControls(dialog));
         // The command goes out; its answer does not come in.
-        m_bus.addFault(m_bench->id, {.kind = FaultKind::Stall, .nth = 2, .count = Fault::kForever});
+        m_bus.addFault(m_bench->id, {.kind = FaultKind::Stall, .nth = 2, .count = Fault::FOREVER});
         acceptBox(dialog);
     });
     click(use);

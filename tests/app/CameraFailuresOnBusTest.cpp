@@ -93,7 +93,7 @@ void CameraFailuresOnBusTest::aCameraErrorLeavesThePollingOn() {
 }
 
 void CameraFailuresOnBusTest::aLinkErrorStopsThePolling() {
-    m_bus.addFault(m_bench->id, {.kind = FaultKind::Stall, .count = Fault::kForever});
+    m_bus.addFault(m_bench->id, {.kind = FaultKind::Stall, .count = Fault::FOREVER});
     QTRY_COMPARE_WITH_TIMEOUT(m_bench->user.texts(), QStringList{UNKNOWN_ERROR}, PATIENCE_MS);
     m_bus.clearFaults(m_bench->id);
     m_bench->camera->forgetCodes();
