@@ -141,8 +141,8 @@ void ClMainWidget::slotReceiveCommand(const VX_CMD& clCommand) {
     void* controller = clCommand.value(Key::PARAM1).value<void*>();
     const QUuid command = getCommand(clCommand);
     if (command == USB_CMD_DEVICE_OPEN) {
-        // A second camera is never used.
-        if (m_controller == nullptr) {
+        // A second camera is never used, nor is an announcement of none.
+        if (m_controller == nullptr && controller != nullptr) {
             m_controller = controller;
             m_selectMode->setActiveMode(m_mode);
         }

@@ -14,8 +14,8 @@ public:
     virtual int write(const QByteArray& data, int timeoutMs, unsigned char endpoint) = 0;
 
     /// One bulk read of at most 1024 bytes with a time-out in milliseconds.
-    /// @param status may be null. It is left alone on success, so the caller sets it beforehand; a
-    /// failure stores a transport code, or a negative value when nothing could be tried.
+    /// @param status is left alone on success, so the caller sets it beforehand; a failure stores a
+    /// transport code, or a negative value when nothing could be tried.
     /// @return what arrived; empty on failure
     virtual QByteArray read(int timeoutMs, unsigned char endpoint, int* status) = 0;
 };

@@ -5,6 +5,8 @@
 #include <QDataStream>
 #include <QIODevice>
 
+#include <algorithm>
+
 /// Writes packets in the form of the wire: little-endian, independent of the version of Qt.
 class ClWireWriter : public QDataStream {
 public:

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <QList>
-#include <QMetaType>
 #include <QString>
 
 /// What the camera tells of its wireless link, in the order of the wire.

@@ -12,7 +12,7 @@ namespace nubo::simulator {
 
 namespace {
 
-constexpr int kLastDeviceNumber = 127;
+constexpr int LAST_DEVICE_NUMBER = 127;
 
 void applyAccess(const std::filesystem::path& node, NodeAccess access) {
     using std::filesystem::perms;
@@ -153,12 +153,12 @@ std::optional<BusAddress> BusState::freeAddress() const {
             numbers.insert(device.address.number);
         }
     }
-    if (numbers.size() == kLastDeviceNumber) {
+    if (numbers.size() == LAST_DEVICE_NUMBER) {
         return std::nullopt;
     }
     BusAddress address{1, m_lastNumber};
     do {
-        address.number = address.number % kLastDeviceNumber + 1;
+        address.number = address.number % LAST_DEVICE_NUMBER + 1;
     } while (numbers.contains(address.number));
     while (ports.contains(address.port)) {
         ++address.port;

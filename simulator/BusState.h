@@ -34,8 +34,8 @@ public:
     std::optional<int> number(DeviceId id) const;
     void setAccess(DeviceId id, NodeAccess access);
 
-    /// Runs `use` on the record of the device under the mutex, if there is such a device.
-    template <typename Use>
+    /// Runs @p use on the record of the device under the mutex, if there is such a device.
+    template <class Use>
     void withRecord(DeviceId id, Use use) const {
         const std::lock_guard lock(m_mutex);
         if (const auto device = m_devices.find(id.value); device != m_devices.end()) {
@@ -43,8 +43,8 @@ public:
         }
     }
 
-    /// Waits until `condition` holds for the device, which it is given under the mutex.
-    template <typename Condition>
+    /// Waits until @p condition holds for the device, which it is given under the mutex.
+    template <class Condition>
     bool waitFor(DeviceId id, std::chrono::milliseconds timeout, Condition condition) const {
         std::unique_lock lock(m_mutex);
         const auto device = m_devices.find(id.value);

@@ -11,11 +11,11 @@ namespace nubo::simulator {
 namespace {
 
 // Two decimal digits a field; the year has what is left.
-constexpr std::uint32_t kField = 100;
-constexpr std::string_view kPattern = "yyyy/MM/dd hh:mm:ss";
+constexpr std::uint32_t FIELD = 100;
+constexpr std::string_view PATTERN = "yyyy/MM/dd hh:mm:ss";
 
 std::uint32_t pack(std::uint32_t first, std::uint32_t second, std::uint32_t third) {
-    return (first * kField + second) * kField + third;
+    return (first * FIELD + second) * FIELD + third;
 }
 
 }  // namespace
@@ -41,19 +41,19 @@ PackedTime packTime(CameraClock::Time time) {
 }
 
 std::optional<CameraClock::Time> unpackTime(const PackedTime& packed) {
-    constexpr std::uint32_t kLastYear = 9999;
-    constexpr std::uint32_t kHours = 24;
-    constexpr std::uint32_t kSixty = 60;
-    const std::uint32_t year = packed.date / kField / kField;
-    const std::uint32_t hour = packed.time / kField / kField;
-    const std::uint32_t minute = packed.time / kField % kField;
-    const std::uint32_t second = packed.time % kField;
-    if (year > kLastYear || hour >= kHours || minute >= kSixty || second >= kSixty) {
+    constexpr std::uint32_t LAST_YEAR = 9999;
+    constexpr std::uint32_t HOURS = 24;
+    constexpr std::uint32_t SIXTY = 60;
+    const std::uint32_t year = packed.date / FIELD / FIELD;
+    const std::uint32_t hour = packed.time / FIELD / FIELD;
+    const std::uint32_t minute = packed.time / FIELD % FIELD;
+    const std::uint32_t second = packed.time % FIELD;
+    if (year > LAST_YEAR || hour >= HOURS || minute >= SIXTY || second >= SIXTY) {
         return std::nullopt;
     }
     const std::chrono::year_month_day date{std::chrono::year(static_cast<int>(year)),
-                                           std::chrono::month(packed.date / kField % kField),
-                                           std::chrono::day(packed.date % kField)};
+                                           std::chrono::month(packed.date / FIELD % FIELD),
+                                           std::chrono::day(packed.date % FIELD)};
     if (!date.ok()) {
         return std::nullopt;
     }
@@ -63,7 +63,7 @@ std::optional<CameraClock::Time> unpackTime(const PackedTime& packed) {
 
 std::string timeToText(CameraClock::Time time) {
     const PackedTime packed = packTime(time);
-    std::string text(kPattern);
+    std::string text(PATTERN);
     std::uint32_t date = packed.date;
     std::uint32_t clock = packed.time;
     for (std::size_t i = text.size(); i > 0; --i) {
@@ -71,26 +71,26 @@ std::string timeToText(CameraClock::Time time) {
         if (letter == '/' || letter == ':' || letter == ' ') {
             continue;
         }
-        std::uint32_t& digits = i > kPattern.find(' ') ? clock : date;
-        constexpr std::uint32_t kTen = 10;
-        letter = static_cast<char>('0' + digits % kTen);
-        digits /= kTen;
+        std::uint32_t& digits = i > PATTERN.find(' ') ? clock : date;
+        constexpr std::uint32_t TEN = 10;
+        letter = static_cast<char>('0' + digits % TEN);
+        digits /= TEN;
     }
     return text;
 }
 
 std::optional<CameraClock::Time> timeFromText(std::string_view text) {
-    if (text.size() != kPattern.size()) {
+    if (text.size() != PATTERN.size()) {
         return std::nullopt;
     }
     std::array<std::string, 2> digits;
     for (std::size_t i = 0; i < text.size(); ++i) {
-        const bool isMark = std::string_view("/: ").find(kPattern[i]) != std::string_view::npos;
-        if (isMark ? text[i] != kPattern[i] : text[i] < '0' || text[i] > '9') {
+        const bool isMark = std::string_view("/: ").find(PATTERN[i]) != std::string_view::npos;
+        if (isMark ? text[i] != PATTERN[i] : text[i] < '0' || text[i] > '9') {
             return std::nullopt;
         }
         if (!isMark) {
-            digits[i > kPattern.find(' ') ? 1 : 0] += text[i];
+            digits[i > PATTERN.find(' ') ? 1 : 0] += text[i];
         }
     }
     return unpackTime(

@@ -13,10 +13,10 @@ namespace nubo::simulator {
 
 namespace {
 
-constexpr int kBitsPerParameter = 32;
+constexpr int BITS_PER_PARAMETER = 32;
 
 std::uint32_t high(std::uint64_t value) {
-    return static_cast<std::uint32_t>(value >> kBitsPerParameter);
+    return static_cast<std::uint32_t>(value >> BITS_PER_PARAMETER);
 }
 
 std::uint32_t low(std::uint64_t value) {
@@ -67,12 +67,12 @@ CommandAnswer switchSetting(const CommandRequest& request, CameraState& state) {
 }
 
 CommandAnswer capture(const CommandRequest& request, CameraState& state) {
-    constexpr std::uint64_t kPictureSize = 2048;
+    constexpr std::uint64_t PICTURE_SIZE = 2048;
     SdCard& card = state.sdCard;
-    if (card.used > card.total || card.total - card.used < kPictureSize) {
+    if (card.used > card.total || card.total - card.used < PICTURE_SIZE) {
         return refusal(request.id, CameraResult::SdCardFull);
     }
-    card.used += kPictureSize;
+    card.used += PICTURE_SIZE;
     return success(request);
 }
 
@@ -109,7 +109,7 @@ CommandAnswer applyFirmware(const CommandRequest& request, CameraState& state) {
 }
 
 // clang-format off
-constexpr std::array kCommands = {
+constexpr std::array COMMANDS = {
     CameraCommand{0x0021, "alignment check",      PacketForm::Plain,    agree},
     CameraCommand{0x0022, "resolution check",     PacketForm::Plain,    agree},
     CameraCommand{0x0023, "vignetting check",     PacketForm::Plain,    agree},
@@ -151,8 +151,8 @@ constexpr std::array kCommands = {
     CameraCommand{0x680C, "end radio test",       PacketForm::Plain,    agree},
 };
 // clang-format on
-static_assert(std::ranges::adjacent_find(kCommands, std::ranges::greater_equal(),
-                                         &CameraCommand::code) == kCommands.end(),
+static_assert(std::ranges::adjacent_find(COMMANDS, std::ranges::greater_equal(),
+                                         &CameraCommand::code) == COMMANDS.end(),
               "codes rise, so that none stands twice");
 
 CommandAnswer tellValue(const CameraValue& value, const CommandRequest& request,
@@ -166,11 +166,11 @@ CommandAnswer tellValue(const CameraValue& value, const CommandRequest& request,
 
 CommandAnswer executeOn(const CameraValue& value, std::span<const std::uint8_t> packet,
                         CameraState& state) {
-    const bool sets = readU16(packet, kCodeOffset) == value.setCode;
+    const bool sets = readU16(packet, CODE_OFFSET) == value.setCode;
     const bool takesText = sets && value.form == ValueForm::Text;
     const auto request = readRequest(packet, takesText ? PacketForm::Text : PacketForm::Plain);
     if (!request) {
-        return refusal(readU16(packet, kIdOffset), CameraResult::DataLength);
+        return refusal(readU16(packet, ID_OFFSET), CameraResult::DataLength);
     }
     if (!sets) {
         return tellValue(value, *request, state);
@@ -184,23 +184,23 @@ CommandAnswer executeOn(const CameraValue& value, std::span<const std::uint8_t> 
 }  // namespace
 
 std::span<const CameraCommand> cameraCommands() {
-    return kCommands;
+    return COMMANDS;
 }
 
 const CameraCommand* cameraCommand(std::uint16_t code) {
-    const auto command = std::ranges::lower_bound(kCommands, code, {}, &CameraCommand::code);
-    return command == kCommands.end() || command->code != code ? nullptr : &*command;
+    const auto command = std::ranges::lower_bound(COMMANDS, code, {}, &CameraCommand::code);
+    return command == COMMANDS.end() || command->code != code ? nullptr : &*command;
 }
 
 CommandAnswer executeCommand(std::span<const std::uint8_t> packet, CameraState& state) {
-    const std::uint16_t id = readU16(packet, kIdOffset);
+    const std::uint16_t id = readU16(packet, ID_OFFSET);
     if (!isOfType(packet, PacketType::Command)) {
         return refusal(id, CameraResult::UnknownCommand);
     }
-    if (packet.size() < kHeaderSize || readU32(packet, kLengthOffset) != packet.size()) {
+    if (packet.size() < HEADER_SIZE || readU32(packet, LENGTH_OFFSET) != packet.size()) {
         return refusal(id, CameraResult::DataLength);
     }
-    const std::uint16_t code = readU16(packet, kCodeOffset);
+    const std::uint16_t code = readU16(packet, CODE_OFFSET);
     if (const CameraValue* const value = cameraValue(code)) {
         return executeOn(*value, packet, state);
     }

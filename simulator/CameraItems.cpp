@@ -34,7 +34,7 @@ bool fromText(std::string& value, std::string_view text) {
     return true;
 }
 
-/// `Find` leads from the state to the value.
+/// @p Find leads from the state to the value.
 template <auto Find>
 constexpr CameraItem item(std::string_view name, std::string_view explanation) {
     return {name, explanation, [](const CameraState& state) { return toText(Find(state)); },
@@ -45,7 +45,7 @@ bool setSwitch(std::uint32_t& value, std::string_view text) {
     if (text != "on" && text != "off") {
         return false;
     }
-    value = text == "on" ? kOn : kOff;
+    value = text == "on" ? ON : OFF;
     return true;
 }
 
@@ -53,7 +53,7 @@ template <std::uint32_t CameraSettings::*Place>
 constexpr CameraItem switchItem(std::string_view name, std::string_view explanation) {
     return {name, explanation,
             [](const CameraState& state) {
-                return std::string(state.settings.*Place == kOn ? "on" : "off");
+                return std::string(state.settings.*Place == ON ? "on" : "off");
             },
             [](CameraState& state, std::string_view text) {
                 return setSwitch(state.settings.*Place, text);
@@ -74,10 +74,10 @@ bool setTime(CameraState& state, std::string_view text) {
 
 /// Bytes that differ from place to place, so that a swapped or lost packet shows.
 ByteVector pattern(std::size_t size) {
-    constexpr std::size_t kStep = 251;
+    constexpr std::size_t STEP = 251;
     ByteVector bytes(size);
     for (std::size_t i = 0; i < size; ++i) {
-        bytes[i] = static_cast<std::uint8_t>(i % kStep + i / kStep);
+        bytes[i] = static_cast<std::uint8_t>(i % STEP + i / STEP);
     }
     return bytes;
 }
@@ -87,9 +87,9 @@ constexpr CameraItem sizeItem(std::string_view name, std::string_view explanatio
     return {name, explanation,
             [](const CameraState& state) { return toText((state.data.*Place)->size()); },
             [](CameraState& state, std::string_view text) {
-                constexpr std::uint32_t kMost = 256 * 1024 * 1024;
+                constexpr std::uint32_t MOST = 256 * 1024 * 1024;
                 const auto size = parseNumber<std::uint32_t>(text);
-                if (!size || *size > kMost) {
+                if (!size || *size > MOST) {
                     return false;
                 }
                 state.data.*Place = std::make_shared<const ByteVector>(pattern(*size));
@@ -99,11 +99,11 @@ constexpr CameraItem sizeItem(std::string_view name, std::string_view explanatio
 
 /// The checksum is the 32-bit one of Fowler, Noll and Vo (1a).
 std::string getFirmware(const CameraState& state) {
-    constexpr std::uint32_t kBasis = 2166136261;
-    constexpr std::uint32_t kPrime = 16777619;
-    std::uint32_t sum = kBasis;
+    constexpr std::uint32_t BASIS = 2166136261;
+    constexpr std::uint32_t PRIME = 16777619;
+    std::uint32_t sum = BASIS;
     for (const std::uint8_t byte : *state.data.firmware) {
-        sum = (sum ^ byte) * kPrime;
+        sum = (sum ^ byte) * PRIME;
     }
     return toText(state.data.firmware->size()) + " " + toText(sum);
 }
@@ -113,7 +113,7 @@ bool setNothing(CameraState&, std::string_view) {
 }
 
 // clang-format off
-constexpr std::array kItems = {
+constexpr std::array ITEMS = {
     item<[](auto& camera) -> auto& { return camera.battery.charge; }>          ("battery",         "charge in percent"),
     item<[](auto& camera) -> auto& { return camera.battery.state; }>           ("battery-state",   "number"),
     item<[](auto& camera) -> auto& { return camera.settings.wifi.state; }>     ("wifi-state",      "1 not linked, 2 linked, 3 ad hoc"),
@@ -154,8 +154,8 @@ CameraItem valueItem() {
 
 template <std::size_t... Rows>
 auto allItems(std::index_sequence<Rows...>) {
-    std::array<CameraItem, kItems.size() + sizeof...(Rows)> items;
-    const auto rest = std::ranges::copy(kItems, items.begin()).out;
+    std::array<CameraItem, ITEMS.size() + sizeof...(Rows)> items;
+    const auto rest = std::ranges::copy(ITEMS, items.begin()).out;
     const std::array values = {valueItem<Rows>()...};
     std::ranges::copy(values, rest);
     return items;
@@ -164,8 +164,8 @@ auto allItems(std::index_sequence<Rows...>) {
 }  // namespace
 
 std::span<const CameraItem> cameraItems() {
-    static const auto kAll = allItems(std::make_index_sequence<kCameraValueCount>());
-    return kAll;
+    static const auto ALL = allItems(std::make_index_sequence<CAMERA_VALUE_COUNT>());
+    return ALL;
 }
 
 const CameraItem* cameraItem(std::string_view name) {

@@ -41,23 +41,23 @@ struct AccessPoint {
     std::int32_t rssi = 50;        ///< as WifiLink::rssi
 };
 
-constexpr std::uint32_t kOff = 1;
-constexpr std::uint32_t kOn = 2;
+constexpr std::uint32_t OFF = 1;
+constexpr std::uint32_t ON = 2;
 
 /// What the user sets; resetting the settings puts everything here back to its default. On/off
-/// values are kOff and kOn, addresses have their first octet on top.
+/// values are OFF and ON, addresses have their first octet on top.
 struct CameraSettings {
     WifiLink wifi;
-    std::uint32_t wifiOn = kOn;
+    std::uint32_t wifiOn = ON;
     std::uint32_t wifiMode = 1;  ///< 1 infrastructure, 2 ad hoc
     std::uint32_t wifiCountry = 1;
     std::uint32_t autoWifiOff = 300;  ///< seconds, 0 never
-    std::uint32_t streamAuthorization = kOff;
+    std::uint32_t streamAuthorization = OFF;
     std::string streamPassword = "lantern";
     std::uint32_t adhocAddress = 0xC0A80A01;
     std::uint32_t adhocSubnetMask = 0xFFFFFF00;
     std::uint32_t adhocSecure = 1;
-    std::uint32_t infraUseDhcp = kOn;
+    std::uint32_t infraUseDhcp = ON;
     std::uint32_t infraAddress = 0xC0A80014;
     std::uint32_t infraSubnetMask = 0xFFFFFF00;
     std::uint32_t infraGateway = 0xC0A80001;
@@ -67,24 +67,24 @@ struct CameraSettings {
     std::string infraKey = "breakwater";
     std::uint32_t rtspPort = 554;
     std::string stunServer = "stun.example.net";
-    std::uint32_t recording = kOff;
+    std::uint32_t recording = OFF;
     std::uint32_t recordingSize = 2;  ///< 1 1920x1080, 2 1280x720, 3 640x480
     std::uint32_t recordingRate = 30;
     std::uint32_t liveSize = 1;  ///< 1 800x480, 2 320x240
     std::uint32_t liveRate = 15;
     std::uint32_t imageQuality = 2;
-    std::uint32_t intervalUse = kOff;
+    std::uint32_t intervalUse = OFF;
     std::uint32_t intervalDelay = 10;   ///< seconds until the first picture
     std::uint32_t intervalPeriod = 60;  ///< seconds between two pictures
-    std::uint32_t gpsUse = kOn;
-    std::uint32_t gpsSaveLogs = kOff;
-    std::uint32_t gpsAdjustTime = kOn;
+    std::uint32_t gpsUse = ON;
+    std::uint32_t gpsSaveLogs = OFF;
+    std::uint32_t gpsAdjustTime = ON;
     std::uint32_t gpsLogFormat = 1;  ///< 1 the short set of sentences, 2 the full one
     std::string cameraName = "Gull";
     std::uint32_t timeZone = 9;  ///< hours east of Greenwich; above 12: 12 and the hours west
-    std::uint32_t ledStart = kOn;
-    std::uint32_t led = kOn;
-    std::uint32_t optimizer = kOff;
+    std::uint32_t ledStart = ON;
+    std::uint32_t led = ON;
+    std::uint32_t optimizer = OFF;
     std::uint32_t autoPowerOff = 600;  ///< seconds, 0 never
 };
 
@@ -104,7 +104,7 @@ struct CameraIdentity {
 
 /// What the camera measures of itself and of where it is; no command changes it.
 struct CameraReadings {
-    std::uint32_t eState = kOff;
+    std::uint32_t eState = OFF;
     std::string gpsInfo = "$GPGGA,070501,3541.2,N,13942.1,E,1,07";
     std::uint32_t gpsNumber = 7;
 };

@@ -14,7 +14,7 @@ namespace nubo::simulator {
 
 enum class ValueForm {
     Number,
-    Switch,   ///< kOff or kOn, "off" or "on" in text
+    Switch,   ///< OFF or ON, "off" or "on" in text
     Address,  ///< IPv4, the first octet on top
     Text,
 };
@@ -35,7 +35,7 @@ struct CameraValue {
     std::string_view explanation;
 };
 
-constexpr std::size_t kCameraValueCount = 41;
+constexpr std::size_t CAMERA_VALUE_COUNT = 41;
 
 /// All values, in the order in which they are listed.
 std::span<const CameraValue> cameraValues();

@@ -12,7 +12,7 @@ namespace nubo::simulator {
 
 namespace {
 
-constexpr int kSignalExitBase = 128;
+constexpr int SIGNAL_EXIT_BASE = 128;
 
 }  // namespace
 
@@ -53,7 +53,7 @@ std::optional<int> ChildProcess::exitCode() {
         return std::nullopt;
     }
     m_process = 0;
-    return WIFSIGNALED(status) ? kSignalExitBase + WTERMSIG(status) : WEXITSTATUS(status);
+    return WIFSIGNALED(status) ? SIGNAL_EXIT_BASE + WTERMSIG(status) : WEXITSTATUS(status);
 }
 
 }  // namespace nubo::simulator

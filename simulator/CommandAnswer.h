@@ -29,7 +29,7 @@ inline CommandAnswer success(const CommandRequest& request, const Parameters& pa
 }
 
 inline bool isSwitch(std::uint32_t value) {
-    return value == kOff || value == kOn;
+    return value == OFF || value == ON;
 }
 
 }  // namespace nubo::simulator

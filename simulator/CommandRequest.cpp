@@ -39,22 +39,22 @@ private:
 }  // namespace
 
 std::optional<CommandRequest> readRequest(std::span<const std::uint8_t> packet, PacketForm form) {
-    if (packet.size() < kHeaderSize) {
+    if (packet.size() < HEADER_SIZE) {
         return std::nullopt;
     }
-    CommandRequest request{readU16(packet, kIdOffset)};
-    Reader reader(packet.subspan(kHeaderSize));
+    CommandRequest request{readU16(packet, ID_OFFSET)};
+    Reader reader(packet.subspan(HEADER_SIZE));
     std::size_t first = 0;
-    if (form == PacketForm::Text && readU32(packet, kHeaderSize) != 0) {
+    if (form == PacketForm::Text && readU32(packet, HEADER_SIZE) != 0) {
         request.texts[0] = reader.text();
         first = 2;
     } else if (form == PacketForm::TwoTexts) {
         for (std::string& text : request.texts) {
             text = reader.text();
         }
-        first = kParameterCount - 1;
+        first = PARAMETER_COUNT - 1;
     }
-    for (std::size_t i = first; i < kParameterCount; ++i) {
+    for (std::size_t i = first; i < PARAMETER_COUNT; ++i) {
         request.parameters[i] = reader.number();
     }
     return reader.isExhausted() ? std::optional(request) : std::nullopt;

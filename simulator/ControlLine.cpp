@@ -3,40 +3,24 @@
 
 #include <algorithm>
 #include <array>
-#include <limits>
 #include <optional>
 
 #include "simulator/CameraItems.h"
+#include "simulator/ControlCall.h"
 #include "simulator/Fault.h"
+#include "simulator/FaultLine.h"
 #include "simulator/Words.h"
 
 namespace nubo::simulator {
 
 namespace {
 
-/// One control line on its way: the camera that it is for, and the words after the first.
-struct Call {
-    ControlTarget& target;
-    std::size_t index;
-    std::string_view rest;
-
-    SimulatedCamera& camera() const { return target.cameras[index]; }
-};
-
 struct ControlCommand {
     std::string_view name;
     std::string_view usage;
     std::string_view explanation;
-    std::string (*run)(Call& call);
+    std::string (*run)(ControlCall& call);
 };
-
-std::string error(const std::string& text) {
-    return "error: " + text;
-}
-
-std::string quoted(std::string_view text) {
-    return "\"" + std::string(text) + "\"";
-}
 
 /// Reads the number of a camera (from 1) into an index.
 std::optional<std::size_t> cameraIndex(const ControlTarget& target, std::string_view word) {
@@ -52,7 +36,7 @@ std::string noSuchCamera(std::string_view word) {
 }
 
 /// Replaces the call's camera by the one that its only word names; the error, if it is wrong.
-std::string takeCamera(Call& call) {
+std::string takeCamera(ControlCall& call) {
     const std::string_view word = takeWord(call.rest);
     if (word.empty()) {
         return {};
@@ -65,7 +49,7 @@ std::string takeCamera(Call& call) {
     return call.rest.empty() ? std::string() : error("too many words");
 }
 
-std::string runPlug(Call& call) {
+std::string runPlug(ControlCall& call) {
     std::string failure = takeCamera(call);
     if (failure.empty()) {
         failure = plugCamera(call.target, call.index);
@@ -73,7 +57,7 @@ std::string runPlug(Call& call) {
     return failure.empty() ? "ok" : failure;
 }
 
-std::string runUnplug(Call& call) {
+std::string runUnplug(ControlCall& call) {
     std::string failure = takeCamera(call);
     if (!failure.empty()) {
         return failure;
@@ -81,7 +65,7 @@ std::string runUnplug(Call& call) {
     return call.target.bus.unplug(call.camera().id) ? "ok" : error("the camera is not plugged in");
 }
 
-std::string runSet(Call& call) {
+std::string runSet(ControlCall& call) {
     const std::string_view name = takeWord(call.rest);
     if (cameraItem(name) == nullptr) {
         return error("no item " + quoted(name));
@@ -92,7 +76,7 @@ std::string runSet(Call& call) {
     return "ok";
 }
 
-std::string runGet(Call& call) {
+std::string runGet(ControlCall& call) {
     const std::string_view name = takeWord(call.rest);
     const auto value = call.camera().camera->get(name);
     if (!value) {
@@ -101,58 +85,7 @@ std::string runGet(Call& call) {
     return call.rest.empty() ? "ok " + *value : error("too many words");
 }
 
-std::optional<unsigned> parseCount(std::string_view word) {
-    if (word.empty() || word == "once") {
-        return 1;
-    }
-    if (word == "forever") {
-        return Fault::kForever;
-    }
-    const auto count = word.front() == 'x' ? parseNumber<unsigned>(word.substr(1)) : std::nullopt;
-    return count && *count > 0 ? count : std::nullopt;
-}
-
-std::string runFault(Call& call) {
-    Fault fault;
-    const std::string_view name = takeWord(call.rest);
-    const std::optional<FaultKind> kind = faultByName(name);
-    if (!kind) {
-        return error("no fault " + quoted(name));
-    }
-    fault.kind = *kind;
-    if (faultInfo(*kind).argument != FaultArgument::None) {
-        const std::string_view word = takeWord(call.rest);
-        const auto argument = parseNumber<std::uint32_t>(word);
-        const bool isCode = faultInfo(*kind).argument == FaultArgument::Code;
-        if (!argument || (isCode && *argument > std::numeric_limits<std::uint16_t>::max())) {
-            return error("no argument for " + std::string(name) + ": " + quoted(word));
-        }
-        fault.argument = *argument;
-    }
-    std::string_view word = takeWord(call.rest);
-    if (word == "transfer" || word == "command") {
-        fault.unit = word == "command" ? FaultUnit::Command : FaultUnit::Transfer;
-        word = takeWord(call.rest);
-    }
-    const auto nth = parseNumber<unsigned>(word);
-    if (!nth || *nth < 1) {
-        return error("which one is to be struck, counted from 1, not " + quoted(word));
-    }
-    fault.nth = *nth;
-    word = takeWord(call.rest);
-    const auto count = parseCount(word);
-    if (!count || !call.rest.empty()) {
-        return error("how often is once, forever or xCOUNT, not " + quoted(word));
-    }
-    fault.count = *count;
-    if (!call.camera().id) {
-        return error("the camera has never been plugged in");
-    }
-    call.target.bus.addFault(call.camera().id, fault);
-    return "ok";
-}
-
-std::string runClearFaults(Call& call) {
+std::string runClearFaults(ControlCall& call) {
     if (!call.rest.empty()) {
         return error("too many words");
     }
@@ -160,7 +93,7 @@ std::string runClearFaults(Call& call) {
     return "ok";
 }
 
-std::string runStatus(Call& call) {
+std::string runStatus(ControlCall& call) {
     if (!call.rest.empty()) {
         return error("too many words");
     }
@@ -179,10 +112,10 @@ std::string runStatus(Call& call) {
     return answer;
 }
 
-std::string runHelp(Call& call);
+std::string runHelp(ControlCall& call);
 
 // clang-format off
-constexpr std::array kCommands = {
+constexpr std::array COMMANDS = {
     ControlCommand{"plug",         "plug [K]",        "plugs in camera K (1 when left out)", runPlug},
     ControlCommand{"unplug",       "unplug [K]",      "unplugs camera K (1 when left out)", runUnplug},
     ControlCommand{"set",          "set ITEM VALUE",  "sets a value of the camera", runSet},
@@ -195,9 +128,9 @@ constexpr std::array kCommands = {
 };
 // clang-format on
 
-std::string runHelp(Call&) {
+std::string runHelp(ControlCall&) {
     std::string answer = "ok";
-    for (const ControlCommand& command : kCommands) {
+    for (const ControlCommand& command : COMMANDS) {
         answer += answer == "ok" ? " " : "; ";
         answer += command.usage;
     }
@@ -205,12 +138,12 @@ std::string runHelp(Call&) {
 }
 
 std::string row(std::string_view left, std::string_view right) {
-    constexpr std::size_t kLeftWidth = 18;
+    constexpr std::size_t LEFT_WIDTH = 18;
     std::string text = "  " + std::string(left);
-    if (left.size() < kLeftWidth) {
-        text.append(kLeftWidth - left.size(), ' ');
+    if (left.size() < LEFT_WIDTH) {
+        text.append(LEFT_WIDTH - left.size(), ' ');
     } else {
-        text += "\n  " + std::string(kLeftWidth, ' ');
+        text += "\n  " + std::string(LEFT_WIDTH, ' ');
     }
     return text + std::string(right) + "\n";
 }
@@ -218,7 +151,7 @@ std::string row(std::string_view left, std::string_view right) {
 }  // namespace
 
 std::string runControlLine(ControlTarget& target, std::string_view line) {
-    Call call{target, 0, line};
+    ControlCall call{target, 0, line};
     std::string_view name = takeWord(call.rest);
     if (name.starts_with('@')) {
         const auto index = cameraIndex(target, name.substr(1));
@@ -228,8 +161,8 @@ std::string runControlLine(ControlTarget& target, std::string_view line) {
         call.index = *index;
         name = takeWord(call.rest);
     }
-    const auto command = std::ranges::find(kCommands, name, &ControlCommand::name);
-    if (command == kCommands.end()) {
+    const auto command = std::ranges::find(COMMANDS, name, &ControlCommand::name);
+    if (command == COMMANDS.end()) {
         return error("no command " + quoted(name) + ", try \"help\"");
     }
     return command->run(call);
@@ -249,7 +182,7 @@ std::string plugCamera(ControlTarget& target, std::size_t index) {
 
 std::string controlLineHelp() {
     std::string text = "Control lines, each answered by one line, \"ok ...\" or \"error: ...\":\n";
-    for (const ControlCommand& command : kCommands) {
+    for (const ControlCommand& command : COMMANDS) {
         text += row(command.usage, command.explanation);
     }
     text += row("@K LINE", "any of these lines, for camera K instead of camera 1");

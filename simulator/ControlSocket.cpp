@@ -13,7 +13,7 @@ namespace nubo::simulator {
 
 namespace {
 
-constexpr std::size_t kLongestLine = 4096;
+constexpr std::size_t LONGEST_LINE = 4096;
 
 FileDescriptor newSocket() {
     return FileDescriptor(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
@@ -86,7 +86,7 @@ void ControlSocket::serve(const Runner& runner) {
 }
 
 bool ControlSocket::serveClient(Client& client, const Runner& runner) {
-    std::array<char, kLongestLine> bytes{};
+    std::array<char, LONGEST_LINE> bytes{};
     while (true) {
         const ssize_t count = ::recv(client.socket.number(), bytes.data(), bytes.size(), 0);
         if (count < 0) {
@@ -106,7 +106,7 @@ bool ControlSocket::serveClient(Client& client, const Runner& runner) {
                 return false;
             }
         }
-        if (client.unfinished.size() > kLongestLine) {
+        if (client.unfinished.size() > LONGEST_LINE) {
             sendLine(client.socket.number(), "error: the line is too long");
             return false;
         }

@@ -8,15 +8,34 @@
 
 namespace nubo::simulator {
 
-void ControlTerminal::appendTo(std::vector<pollfd>& waiting) const {
-    if (m_open) {
-        waiting.push_back({STDIN_FILENO, POLLIN, 0});
+namespace {
+
+constexpr std::chrono::milliseconds LOOK_INTERVAL{500};
+
+/// False for the terminal of a job in the background. Of an input that is no terminal there is
+/// nothing to know, and reading it does no harm.
+bool mayRead() {
+    const pid_t foreground = ::tcgetpgrp(STDIN_FILENO);
+    return foreground == -1 || foreground == ::getpgrp();
+}
+
+}  // namespace
+
+std::optional<ControlTerminal::Clock::time_point> ControlTerminal::appendTo(
+    std::vector<pollfd>& waiting) const {
+    if (!m_open) {
+        return std::nullopt;
     }
+    if (!mayRead()) {
+        return Clock::now() + LOOK_INTERVAL;
+    }
+    waiting.push_back({STDIN_FILENO, POLLIN, 0});
+    return std::nullopt;
 }
 
 void ControlTerminal::serve(const Runner& runner) {
     pollfd input{STDIN_FILENO, POLLIN, 0};
-    while (m_open && ::poll(&input, 1, 0) > 0) {
+    while (m_open && mayRead() && ::poll(&input, 1, 0) > 0) {
         std::array<char, 4096> bytes{};
         const ssize_t count = ::read(STDIN_FILENO, bytes.data(), bytes.size());
         if (count <= 0) {

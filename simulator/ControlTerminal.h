@@ -3,7 +3,9 @@
 
 #include <poll.h>
 
+#include <chrono>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -11,16 +13,19 @@
 namespace nubo::simulator {
 
 /// Takes control lines from standard input as somebody types them, and answers on standard output.
+/// Leaves a terminal alone while the program's job is in the background: a read would stop the job.
 class ControlTerminal {
 public:
+    using Clock = std::chrono::steady_clock;
     /// Runs one line and returns its answer.
     using Runner = std::function<std::string(std::string_view line)>;
 
     /// Starts listening; before that, appendTo() and serve() do nothing.
     void open() { m_open = true; }
 
-    /// Appends what to wait for.
-    void appendTo(std::vector<pollfd>& waiting) const;
+    /// Appends what to wait for. @return when to look at the latest whether the job has come to the
+    /// foreground, which nothing tells
+    [[nodiscard]] std::optional<Clock::time_point> appendTo(std::vector<pollfd>& waiting) const;
 
     /// Runs the lines that have been typed. Never waits. Stops listening at the end of the input.
     void serve(const Runner& runner);

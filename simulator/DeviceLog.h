@@ -18,12 +18,12 @@ struct TransferRecord {
 
 /// What has happened to one device since it was first plugged in.
 struct DeviceLog {
-    static constexpr std::size_t kTransfersKept = 10000;
+    static constexpr std::size_t TRANSFERS_KEPT = 10000;
 
     std::vector<int> claims;         ///< interface numbers, in order of success
     std::vector<int> refusedClaims;  ///< interface numbers
     std::vector<int> releases;       ///< interface numbers, as far as the host released by itself
-    std::deque<TransferRecord> transfers;  ///< the latest kTransfersKept, in order of their end
+    std::deque<TransferRecord> transfers;  ///< the latest TRANSFERS_KEPT, in order of their end
     std::uint64_t transferCount = 0;       ///< all finished transfers
     std::uint64_t commandCount = 0;        ///< OUT transfers that carried a command
     std::size_t pendingTransfers = 0;      ///< submitted and not yet finished
@@ -32,8 +32,9 @@ struct DeviceLog {
     int timesPlugged = 0;
 
     void addTransfer(const TransferRecord& record) {
-        if (transfers.size() == kTransfersKept)
+        if (transfers.size() == TRANSFERS_KEPT) {
             transfers.pop_front();
+        }
         transfers.push_back(record);
         ++transferCount;
     }

@@ -8,6 +8,7 @@
 #include <array>
 #include <cerrno>
 #include <cstddef>
+#include <cstdint>
 #include <cstring>
 #include <optional>
 #include <utility>
@@ -16,12 +17,12 @@ namespace nubo::simulator {
 
 namespace {
 
-constexpr std::uint32_t kCapabilities = USBDEVFS_CAP_ZERO_PACKET | USBDEVFS_CAP_NO_PACKET_SIZE_LIM |
-                                        USBDEVFS_CAP_BULK_SCATTER_GATHER |
-                                        USBDEVFS_CAP_REAP_AFTER_DISCONNECT;
+constexpr std::uint32_t CAPABILITIES = USBDEVFS_CAP_ZERO_PACKET | USBDEVFS_CAP_NO_PACKET_SIZE_LIM |
+                                       USBDEVFS_CAP_BULK_SCATTER_GATHER |
+                                       USBDEVFS_CAP_REAP_AFTER_DISCONNECT;
 
-/// The memory that a pointer in `data` leads to, mapped so that changes go back to the client; null
-/// when the client's memory cannot be read.
+/// The memory that a pointer in @p data leads to, mapped so that changes go back to the client;
+/// null when the client's memory cannot be read.
 GObjectPtr<UMockdevIoctlData> pointedTo(UMockdevIoctlData* data, std::size_t size,
                                         std::size_t offset = 0) {
     return GObjectPtr<UMockdevIoctlData>(umockdev_ioctl_data_resolve(data, offset, size, nullptr));
@@ -44,6 +45,7 @@ using Owner = std::shared_ptr<DeviceNode>;
 DeviceNode::DeviceNode(std::shared_ptr<DeviceRecord> record, DeviceHooks hooks)
     : m_record(std::move(record)),
       m_hooks(std::move(hooks)),
+      m_claims(m_record),
       m_transfers(m_record) {}
 
 GObjectPtr<UMockdevIoctlBase> DeviceNode::makeHandler() {
@@ -93,7 +95,7 @@ void DeviceNode::handle(UMockdevIoctlClient* client) {
 
 DeviceNode::Reply DeviceNode::dispatch(UMockdevIoctlClient* client) {
     // clang-format off
-    static constexpr std::array kHandlers = {
+    static constexpr std::array HANDLERS = {
         RequestHandler{USBDEVFS_REAPURBNDELAY,    true,  &DeviceNode::reapUrb},
         RequestHandler{USBDEVFS_SUBMITURB,        false, &DeviceNode::submitUrb},
         RequestHandler{USBDEVFS_DISCARDURB,       false, &DeviceNode::discardUrb},
@@ -107,8 +109,8 @@ DeviceNode::Reply DeviceNode::dispatch(UMockdevIoctlClient* client) {
     };
     // clang-format on
     const unsigned long request = umockdev_ioctl_client_get_request(client);
-    const auto row = std::ranges::find(kHandlers, request, &RequestHandler::request);
-    if (row == kHandlers.end()) {
+    const auto row = std::ranges::find(HANDLERS, request, &RequestHandler::request);
+    if (row == HANDLERS.end()) {
         return failure(ENOTTY);
     }
     if (m_gone && !row->worksWhenGone) {
@@ -118,11 +120,11 @@ DeviceNode::Reply DeviceNode::dispatch(UMockdevIoctlClient* client) {
 }
 
 DeviceNode::Reply DeviceNode::getCapabilities(UMockdevIoctlClient*, UMockdevIoctlData* argument) {
-    const auto capabilities = pointedTo(argument, sizeof(kCapabilities));
+    const auto capabilities = pointedTo(argument, sizeof(CAPABILITIES));
     if (!capabilities) {
         return failure(EFAULT);
     }
-    std::memcpy(capabilities->data, &kCapabilities, sizeof(kCapabilities));
+    std::memcpy(capabilities->data, &CAPABILITIES, sizeof(CAPABILITIES));
     return {};
 }
 
@@ -137,30 +139,13 @@ DeviceNode::Reply DeviceNode::acceptSilently(UMockdevIoctlClient*, UMockdevIoctl
 DeviceNode::Reply DeviceNode::claimInterface(UMockdevIoctlClient* client,
                                              UMockdevIoctlData* argument) {
     const std::optional<int> number = interfaceNumber(argument);
-    const auto& interfaces = m_record->options.description.interfaces;
-    if (!number || *number < 0 || static_cast<std::size_t>(*number) >= interfaces.size()) {
-        return failure(ENOENT);
-    }
-    const bool taken = std::ranges::any_of(m_claims, [&](const auto& other) {
-        return other.first != client && other.second.contains(*number);
-    });
-    if (taken || m_record->options.busyInterfaces.contains(*number)) {
-        m_record->log.refusedClaims.push_back(*number);
-        return failure(EBUSY);
-    }
-    m_claims[client].insert(*number);
-    m_record->log.claims.push_back(*number);
-    return {};
+    return replyOf(number ? m_claims.claim(client, *number) : ENOENT);
 }
 
 DeviceNode::Reply DeviceNode::releaseInterface(UMockdevIoctlClient* client,
                                                UMockdevIoctlData* argument) {
     const std::optional<int> number = interfaceNumber(argument);
-    if (!number || m_claims[client].erase(*number) == 0) {
-        return failure(EINVAL);
-    }
-    m_record->log.releases.push_back(*number);
-    return {};
+    return replyOf(number ? m_claims.release(client, *number) : EINVAL);
 }
 
 DeviceNode::Reply DeviceNode::submitUrb(UMockdevIoctlClient* client, UMockdevIoctlData* argument) {
@@ -175,7 +160,7 @@ DeviceNode::Reply DeviceNode::submitUrb(UMockdevIoctlClient* client, UMockdevIoc
         m_transfers.finish(std::move(transfer), -EPIPE);
         return {};
     }
-    const EndpointDescription* const endpoint = claimedEndpoint(client, urb.endpoint);
+    const EndpointDescription* const endpoint = m_claims.endpoint(client, urb.endpoint);
     if (endpoint == nullptr) {
         return failure(ENOENT);
     }
@@ -195,7 +180,7 @@ DeviceNode::Reply DeviceNode::submitUrb(UMockdevIoctlClient* client, UMockdevIoc
         leave();
         m_hooks.leaveBus();
     }
-    return outcome.error == 0 ? Reply{} : failure(outcome.error);
+    return replyOf(outcome.error);
 }
 
 DeviceNode::Reply DeviceNode::discardUrb(UMockdevIoctlClient* client, UMockdevIoctlData* argument) {
@@ -229,7 +214,7 @@ DeviceNode::Reply DeviceNode::reapUrb(UMockdevIoctlClient* client, UMockdevIoctl
 void DeviceNode::clientConnected(UMockdevIoctlClient* client) {
     {
         const std::lock_guard lock(m_hooks.mutex);
-        m_claims[client] = {};
+        m_claims.addClient(client);
         ++m_record->log.openHandles;
         ++m_record->log.timesOpened;
     }
@@ -245,30 +230,11 @@ void DeviceNode::clientConnected(UMockdevIoctlClient* client) {
 void DeviceNode::clientVanished(UMockdevIoctlClient* client) {
     {
         const std::lock_guard lock(m_hooks.mutex);
-        m_claims.erase(client);
+        m_claims.removeClient(client);
         m_transfers.forget(client);
         --m_record->log.openHandles;
     }
     m_hooks.changed.notify_all();
-}
-
-const EndpointDescription* DeviceNode::claimedEndpoint(UMockdevIoctlClient* client,
-                                                       std::uint8_t address) const {
-    const auto claims = m_claims.find(client);
-    if (claims == m_claims.end()) {
-        return nullptr;
-    }
-    for (const int number : claims->second) {
-        const auto& interfaces = m_record->options.description.interfaces;
-        for (const auto& setting : interfaces[static_cast<std::size_t>(number)].alternates) {
-            const auto endpoint =
-                std::ranges::find(setting.endpoints, address, &EndpointDescription::address);
-            if (endpoint != setting.endpoints.end()) {
-                return &*endpoint;
-            }
-        }
-    }
-    return nullptr;
 }
 
 }  // namespace nubo::simulator

@@ -4,15 +4,13 @@
 #include <umockdev.h>
 
 #include <condition_variable>
-#include <cstdint>
 #include <functional>
-#include <map>
 #include <memory>
 #include <mutex>
-#include <set>
 
 #include "simulator/DeviceRecord.h"
 #include "simulator/GObjectPtr.h"
+#include "simulator/InterfaceClaims.h"
 #include "simulator/TransferQueue.h"
 
 namespace nubo::simulator {
@@ -51,6 +49,7 @@ private:
     };
 
     static Reply failure(int error) { return {-1, error}; }
+    static Reply replyOf(int error) { return error == 0 ? Reply{} : failure(error); }
 
     void handle(UMockdevIoctlClient* client);
     Reply dispatch(UMockdevIoctlClient* client);
@@ -65,13 +64,10 @@ private:
     void clientConnected(UMockdevIoctlClient* client);
     void clientVanished(UMockdevIoctlClient* client);
 
-    const EndpointDescription* claimedEndpoint(UMockdevIoctlClient* client,
-                                               std::uint8_t address) const;
-
     const std::shared_ptr<DeviceRecord> m_record;
     const DeviceHooks m_hooks;
     bool m_gone = false;
-    std::map<UMockdevIoctlClient*, std::set<int>> m_claims;  ///< one entry per open handle
+    InterfaceClaims m_claims;
     TransferQueue m_transfers;
 };
 

@@ -11,10 +11,10 @@ namespace nubo::simulator {
 
 namespace {
 
-constexpr std::uint8_t kPadding = 0xA5;
+constexpr std::uint8_t PADDING = 0xA5;
 
 // clang-format off
-constexpr std::array kFaults = {
+constexpr std::array FAULTS = {
     FaultInfo{FaultKind::Timeout,        "timeout",         FaultEffect::Hold,        0,           FaultArgument::None,         "the transfer is never served; after a command, no answer comes"},
     FaultInfo{FaultKind::DeviceGone,     "device-gone",     FaultEffect::Leave,       0,           FaultArgument::None,         "the camera leaves the bus in the middle of the transfer"},
     FaultInfo{FaultKind::Busy,           "busy",            FaultEffect::Refuse,      EBUSY,       FaultArgument::None,         "the transfer is refused as busy"},
@@ -32,9 +32,10 @@ constexpr std::array kFaults = {
 // clang-format on
 
 constexpr bool tableFollowsEnumeration() {
-    for (std::size_t i = 0; i < kFaults.size(); ++i) {
-        if (kFaults[i].kind != static_cast<FaultKind>(i))
+    for (std::size_t i = 0; i < FAULTS.size(); ++i) {
+        if (FAULTS[i].kind != static_cast<FaultKind>(i)) {
             return false;
+        }
     }
     return true;
 }
@@ -43,23 +44,25 @@ static_assert(tableFollowsEnumeration());
 }  // namespace
 
 std::span<const FaultInfo> faultTable() {
-    return kFaults;
+    return FAULTS;
 }
 
 const FaultInfo& faultInfo(FaultKind kind) {
-    return kFaults[static_cast<std::size_t>(kind)];
+    return FAULTS[static_cast<std::size_t>(kind)];
 }
 
 std::optional<FaultKind> faultByName(std::string_view name) {
-    const auto row = std::ranges::find(kFaults, name, &FaultInfo::name);
-    if (row == kFaults.end())
+    const auto row = std::ranges::find(FAULTS, name, &FaultInfo::name);
+    if (row == FAULTS.end()) {
         return std::nullopt;
+    }
     return row->kind;
 }
 
 void FaultPlan::add(const Fault& fault) {
-    if (fault.count > 0)
+    if (fault.count > 0) {
         m_waiting.push_back(fault);
+    }
 }
 
 void FaultPlan::clear() {
@@ -69,15 +72,17 @@ void FaultPlan::clear() {
 std::vector<Fault> FaultPlan::strike(FaultUnit unit) {
     std::vector<Fault> struck;
     for (Fault& fault : m_waiting) {
-        if (fault.unit != unit)
+        if (fault.unit != unit) {
             continue;
+        }
         if (fault.nth > 1) {
             --fault.nth;
             continue;
         }
         struck.push_back(fault);
-        if (fault.count != Fault::kForever)
+        if (fault.count != Fault::FOREVER) {
             --fault.count;
+        }
     }
     std::erase_if(m_waiting, [](const Fault& fault) { return fault.count == 0; });
     return struck;
@@ -92,16 +97,16 @@ void rewritePacket(const Fault& fault, std::size_t requested, std::vector<std::u
             packet.clear();
             break;
         case FaultKind::OverlongPacket:
-            packet.resize(std::max(packet.size(), requested), kPadding);
+            packet.resize(std::max(packet.size(), requested), PADDING);
             break;
         case FaultKind::ForeignId:
-            writeU16(packet, kIdOffset, static_cast<std::uint16_t>(~readU16(packet, kIdOffset)));
+            writeU16(packet, ID_OFFSET, static_cast<std::uint16_t>(~readU16(packet, ID_OFFSET)));
             break;
         case FaultKind::CameraError:
-            writeU16(packet, kCodeOffset, static_cast<std::uint16_t>(fault.argument));
+            writeU16(packet, CODE_OFFSET, static_cast<std::uint16_t>(fault.argument));
             break;
         case FaultKind::WrongDataHead:
-            writeU32(packet, kLengthOffset, ~readU32(packet, kLengthOffset));
+            writeU32(packet, LENGTH_OFFSET, ~readU32(packet, LENGTH_OFFSET));
             break;
         case FaultKind::Timeout:
         case FaultKind::DeviceGone:

@@ -72,7 +72,7 @@ enum class FaultUnit {
 };
 
 struct Fault {
-    static constexpr unsigned kForever = std::numeric_limits<unsigned>::max();
+    static constexpr unsigned FOREVER = std::numeric_limits<unsigned>::max();
 
     FaultKind kind = FaultKind::Timeout;
     std::uint32_t argument = 0;  ///< see FaultInfo::argument
@@ -94,7 +94,7 @@ private:
     std::vector<Fault> m_waiting;
 };
 
-/// Alters `packet` as the rewriting fault says; other faults leave it alone. `requested` is the
+/// Alters @p packet as the rewriting fault says; other faults leave it alone. @p requested is the
 /// number of bytes that the host has room for.
 void rewritePacket(const Fault& fault, std::size_t requested, std::vector<std::uint8_t>& packet);
 

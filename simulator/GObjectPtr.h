@@ -12,11 +12,11 @@ struct GObjectDeleter {
 };
 
 /// Owns one reference of a GObject.
-template <typename Object>
+template <class Object>
 using GObjectPtr = std::unique_ptr<Object, GObjectDeleter>;
 
 /// Takes a further reference of an object that somebody else owns.
-template <typename Object>
+template <class Object>
 GObjectPtr<Object> shareGObject(Object* object) {
     return GObjectPtr<Object>(static_cast<Object*>(g_object_ref(object)));
 }

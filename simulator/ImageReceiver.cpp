@@ -9,8 +9,8 @@ namespace nubo::simulator {
 
 namespace {
 
-constexpr std::size_t kDataHeadSize = 8;
-constexpr std::size_t kUsbPacketSize = 512;
+constexpr std::size_t DATA_HEAD_SIZE = 8;
+constexpr std::size_t USB_PACKET_SIZE = 512;
 
 }  // namespace
 
@@ -27,17 +27,17 @@ void ImageReceiver::reset() {
 }
 
 std::optional<ImageReceiver::Result> ImageReceiver::take(std::span<const std::uint8_t> transfer) {
-    const bool endsPacket = transfer.size() % kUsbPacketSize != 0 || transfer.empty();
+    const bool endsPacket = transfer.size() % USB_PACKET_SIZE != 0 || transfer.empty();
     if (m_state == State::Announced) {
         const bool headFits =
-            transfer.size() >= kDataHeadSize && isOfType(transfer, PacketType::Data) &&
-            readU16(transfer, kIdOffset) == m_id && readU32(transfer, kLengthOffset) == m_size;
+            transfer.size() >= DATA_HEAD_SIZE && isOfType(transfer, PacketType::Data) &&
+            readU16(transfer, ID_OFFSET) == m_id && readU32(transfer, LENGTH_OFFSET) == m_size;
         if (!headFits) {
             reset();
             return Result{false, {}};
         }
         m_state = State::UnderWay;
-        transfer = transfer.subspan(kDataHeadSize);
+        transfer = transfer.subspan(DATA_HEAD_SIZE);
     }
     m_image.insert(m_image.end(), transfer.begin(), transfer.end());
     if (m_image.size() < m_size && !endsPacket) {

@@ -12,14 +12,14 @@ namespace nubo::simulator {
 
 namespace {
 
-constexpr int kMostCameras = 100;
-constexpr int kLongestRestart = 3'600'000;
+constexpr int MOST_CAMERAS = 100;
+constexpr int LONGEST_RESTART = 3'600'000;
 
 struct Option {
     std::string_view name;
     std::string_view value;  ///< what stands after it; empty when nothing does
     std::string_view explanation;
-    /// False when `value` is none.
+    /// False when @p value is none.
     bool (*apply)(Options& options, const std::string& value);
 };
 
@@ -32,10 +32,10 @@ bool readNumber(std::string_view text, int least, int most, int& number) {
     return true;
 }
 
-constexpr std::array kOptions = {
+constexpr std::array OPTIONS = {
     Option{"--cameras", "N", "number of cameras, 1 to 100 (1 when left out)",
            [](Options& options, const std::string& value) {
-               return readNumber(value, 1, kMostCameras, options.cameras);
+               return readNumber(value, 1, MOST_CAMERAS, options.cameras);
            }},
     Option{"--unplugged", "", "starts with no camera plugged in",
            [](Options& options, const std::string&) { return options.unplugged = true; }},
@@ -54,7 +54,7 @@ constexpr std::array kOptions = {
     Option{"--restart-delay", "MS", "how long a restarting camera is off the bus (1000)",
            [](Options& options, const std::string& value) {
                int milliseconds = 0;
-               const bool valid = readNumber(value, 0, kLongestRestart, milliseconds);
+               const bool valid = readNumber(value, 0, LONGEST_RESTART, milliseconds);
                options.restartDelay = std::chrono::milliseconds(milliseconds);
                return valid;
            }},
@@ -72,8 +72,8 @@ std::string parseOptions(std::span<const std::string> arguments, Options& option
     auto next = arguments.begin();
     while (next != arguments.end() && next->starts_with("-") && *next != "--") {
         const std::string& name = *next++;
-        const auto option = std::ranges::find(kOptions, name, &Option::name);
-        if (option == kOptions.end()) {
+        const auto option = std::ranges::find(OPTIONS, name, &Option::name);
+        if (option == OPTIONS.end()) {
             return "no option " + quoted(name) + ", try --help";
         }
         std::string value;
@@ -98,7 +98,7 @@ std::string parseOptions(std::span<const std::string> arguments, Options& option
 }
 
 std::string optionHelp() {
-    constexpr std::size_t kLeftWidth = 20;
+    constexpr std::size_t LEFT_WIDTH = 20;
     std::string text =
         "Usage: nubo-camera-simulator [options] -- COMMAND...\n"
         "\n"
@@ -106,10 +106,10 @@ std::string optionHelp() {
         "code (127 when it cannot be run, 128 and the signal when a signal ended it).\n"
         "\n"
         "Options:\n";
-    for (const Option& option : kOptions) {
+    for (const Option& option : OPTIONS) {
         std::string left(option.name);
         left += option.value.empty() ? "" : " " + std::string(option.value);
-        left.resize(std::max(left.size(), kLeftWidth), ' ');
+        left.resize(std::max(left.size(), LEFT_WIDTH), ' ');
         text += "  " + left + std::string(option.explanation) + "\n";
     }
     return text + "\n" + controlLineHelp();

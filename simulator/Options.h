@@ -20,7 +20,7 @@ struct Options {
     std::vector<std::string> command = {};
 };
 
-/// Reads the arguments (without the program's name) into `options`; an empty text, or what is
+/// Reads the arguments (without the program's name) into @p options; an empty text, or what is
 /// wrong.
 std::string parseOptions(std::span<const std::string> arguments, Options& options);
 

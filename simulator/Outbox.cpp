@@ -10,8 +10,8 @@ namespace nubo::simulator {
 
 namespace {
 
-constexpr std::size_t kDataPacketSize = 1024;
-constexpr std::size_t kDataHeadSize = 12;
+constexpr std::size_t DATA_PACKET_SIZE = 1024;
+constexpr std::size_t DATA_HEAD_SIZE = 12;
 
 }  // namespace
 
@@ -37,10 +37,10 @@ std::optional<ByteVector> Outbox::next() {
 
 ByteVector Outbox::nextOf(Message& message) {
     const bool isFirst = message.sent == 0;
-    const std::size_t room = kDataPacketSize - (isFirst ? kDataHeadSize : 0);
+    const std::size_t room = DATA_PACKET_SIZE - (isFirst ? DATA_HEAD_SIZE : 0);
     const std::size_t count = std::min(room, message.data->size() - message.sent);
     ByteVector packet;
-    packet.reserve(kDataPacketSize);
+    packet.reserve(DATA_PACKET_SIZE);
     if (isFirst) {
         appendU16(packet, static_cast<std::uint16_t>(PacketType::Data));
         appendU16(packet, message.id);

@@ -13,9 +13,9 @@ CommandAnswer tellInterval(const CommandRequest& request, CameraState& state) {
 }
 
 CommandAnswer setInterval(const CommandRequest& request, CameraState& state) {
-    constexpr std::uint32_t kThreeDays = 72 * 60 * 60;
+    constexpr std::uint32_t THREE_DAYS = 72 * 60 * 60;
     const auto& [use, delay, period, fourth, fifth] = request.parameters;
-    if (!isSwitch(use) || delay > kThreeDays || period < 1 || period > kThreeDays) {
+    if (!isSwitch(use) || delay > THREE_DAYS || period < 1 || period > THREE_DAYS) {
         return refusal(request.id, CameraResult::ParameterRange);
     }
     state.settings.intervalUse = use;

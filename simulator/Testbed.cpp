@@ -13,9 +13,9 @@ namespace nubo::simulator {
 
 namespace {
 
-constexpr int kUsbDeviceMajor = 189;
+constexpr int USB_DEVICE_MAJOR = 189;
 /// A socket path has 108 bytes; this leaves room for what the testbed appends to the folder.
-constexpr std::size_t kLongestTemporaryFolder = 40;
+constexpr std::size_t LONGEST_TEMPORARY_FOLDER = 40;
 
 struct GErrorDeleter {
     void operator()(GError* error) const { g_error_free(error); }
@@ -27,8 +27,9 @@ struct GFreeDeleter {
 /// Reports a failed call of the testbed on the standard error.
 bool checked(gboolean done, GError* rawError) {
     const std::unique_ptr<GError, GErrorDeleter> error(rawError);
-    if (done)
+    if (done) {
         return true;
+    }
     std::fprintf(stderr, "virtual USB bus: %s\n", error ? error->message : "refused");
     return false;
 }
@@ -64,15 +65,15 @@ std::string deviceText(const BusAddress& address, const std::vector<std::uint8_t
     text += "E: DEVNAME=/dev/" + nodeName(address) + "\n";
     text += "A: busnum=1\\n\nA: devnum=" + number + "\\n\n";
     text += "A: speed=480\\n\nA: bConfigurationValue=1\\n\n";
-    text += "A: dev=" + std::to_string(kUsbDeviceMajor) + ":" + std::to_string(address.number - 1) +
-            "\\n\n";
+    text += "A: dev=" + std::to_string(USB_DEVICE_MAJOR) + ":" +
+            std::to_string(address.number - 1) + "\\n\n";
     text += "H: descriptors=" + hex + "\n\n";
     return text;
 }
 
 GObjectPtr<UMockdevTestbed> newTestbed() {
     const char* const folder = std::getenv("TMPDIR");
-    if (folder == nullptr || std::strlen(folder) <= kLongestTemporaryFolder) {
+    if (folder == nullptr || std::strlen(folder) <= LONGEST_TEMPORARY_FOLDER) {
         return GObjectPtr<UMockdevTestbed>(umockdev_testbed_new());
     }
     const std::string kept = folder;
@@ -99,12 +100,14 @@ bool Testbed::add(const BusAddress& address, const std::vector<std::uint8_t>& de
     GError* error = nullptr;
     const gboolean attached =
         umockdev_testbed_attach_ioctl(m_testbed.get(), node.c_str(), handler, &error);
-    if (!checked(attached, error))
+    if (!checked(attached, error)) {
         return false;
+    }
     const gboolean added = umockdev_testbed_add_from_string(
         m_testbed.get(), deviceText(address, descriptors).c_str(), &error);
-    if (checked(added, error))
+    if (checked(added, error)) {
         return true;
+    }
     umockdev_testbed_detach_ioctl(m_testbed.get(), node.c_str(), nullptr);
     return false;
 }

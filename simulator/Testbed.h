@@ -29,7 +29,7 @@ public:
     /// True when this process runs with the preloaded library, without which nothing is emulated.
     static bool isPreloaded();
 
-    /// Makes the node, whose ioctls go to `handler`, and the sysfs entry, and sends the add event.
+    /// Makes the node, whose ioctls go to @p handler, and the sysfs entry, and sends the add event.
     /// False when the testbed refuses; then nothing is left behind.
     bool add(const BusAddress& address, const std::vector<std::uint8_t>& descriptors,
              UMockdevIoctlBase* handler);

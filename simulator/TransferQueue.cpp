@@ -18,8 +18,8 @@ bool waitsForData(const Fault& fault) {
     return fault.kind == FaultKind::WrongDataHead;
 }
 
-/// Moves the faults that `matches` picks from one list to the end of the other.
-template <typename Predicate>
+/// Moves the faults that @p matches picks from one list to the end of the other.
+template <class Predicate>
 void moveFaults(std::vector<Fault>& from, std::vector<Fault>& to, Predicate matches) {
     std::ranges::copy_if(from, std::back_inserter(to), matches);
     std::erase_if(from, matches);

@@ -38,9 +38,9 @@ struct Transfer {
 
     usbdevfs_urb& header() const { return *reinterpret_cast<usbdevfs_urb*>(urb->data); }
     std::span<std::uint8_t> bytes() const;
-    bool isIn() const { return (header().endpoint & kInDirection) != 0; }
+    bool isIn() const { return (header().endpoint & IN_DIRECTION) != 0; }
 
-    static constexpr std::uint8_t kInDirection = 0x80;
+    static constexpr std::uint8_t IN_DIRECTION = 0x80;
 };
 
 /// The transfers of one device node. A transfer is pending until it is served, struck by a fault or
@@ -63,10 +63,10 @@ public:
     /// Ends a transfer that the device does not hear of.
     void finish(Transfer transfer, int status, std::size_t moved = 0);
 
-    /// Ends every pending transfer with `status`.
+    /// Ends every pending transfer with @p status.
     void finishAll(int status);
 
-    /// Ends the client's pending transfer whose usbdevfs_urb lies at `address` in the client's
+    /// Ends the client's pending transfer whose usbdevfs_urb lies at @p address in the client's
     /// memory, with -ENOENT; false when there is none.
     bool discard(UMockdevIoctlClient* client, unsigned long address);
 

@@ -11,8 +11,8 @@ namespace {
 
 using Bytes = std::vector<std::uint8_t>;
 
-constexpr std::uint8_t kConfigurationLength = 9;
-constexpr std::uint8_t kBusPowered = 0x80;
+constexpr std::uint8_t CONFIGURATION_LENGTH = 9;
+constexpr std::uint8_t BUS_POWERED = 0x80;
 constexpr std::uint8_t k500mA = 250;
 
 std::uint8_t count(std::size_t number) {
@@ -65,9 +65,9 @@ std::vector<std::uint8_t> encodeDescriptors(const DeviceDescription& description
         append(interfaces, encodeInterface(interface, number++));
     }
     for (int index = 0; index < description.configurationCount; ++index) {
-        append(bytes, {kConfigurationLength, 2});
-        appendU16(bytes, static_cast<std::uint16_t>(kConfigurationLength + interfaces.size()));
-        append(bytes, {number, static_cast<std::uint8_t>(index + 1), 0, kBusPowered, k500mA});
+        append(bytes, {CONFIGURATION_LENGTH, 2});
+        appendU16(bytes, static_cast<std::uint16_t>(CONFIGURATION_LENGTH + interfaces.size()));
+        append(bytes, {number, static_cast<std::uint8_t>(index + 1), 0, BUS_POWERED, k500mA});
         append(bytes, interfaces);
     }
     return bytes;

@@ -10,7 +10,7 @@ namespace nubo::simulator {
 
 namespace {
 
-constexpr std::size_t kShortestWithId = kIdOffset + sizeof(std::uint16_t);
+constexpr std::size_t SHORTEST_WITH_ID = ID_OFFSET + sizeof(std::uint16_t);
 
 }  // namespace
 
@@ -21,7 +21,7 @@ void VirtualCamera::receive(std::span<const std::uint8_t> packet) {
         m_image.isUnderWay() || (m_image.isWaiting() && !isOfType(packet, PacketType::Command));
     if (isImage) {
         receiveImage(packet);
-    } else if (packet.size() >= kShortestWithId) {
+    } else if (packet.size() >= SHORTEST_WITH_ID) {
         m_image.reset();
         receiveCommand(packet);
     }
@@ -29,7 +29,7 @@ void VirtualCamera::receive(std::span<const std::uint8_t> packet) {
 
 void VirtualCamera::receiveCommand(std::span<const std::uint8_t> packet) {
     CommandAnswer answer = executeCommand(packet, m_state);
-    const std::uint16_t id = readU16(packet, kIdOffset);
+    const std::uint16_t id = readU16(packet, ID_OFFSET);
     for (ByteVector& message : answer.packets) {
         m_outbox.add(std::move(message));
     }

@@ -75,13 +75,13 @@ public:
 
     /// What has happened to the device until now.
     DeviceLog log(DeviceId id) const;
-    /// Waits until the log fulfils the condition; false after `timeout`.
+    /// Waits until the log fulfils the condition; false after @p timeout.
     bool waitForLog(DeviceId id, const std::function<bool(const DeviceLog&)>& condition,
                     std::chrono::milliseconds timeout) const;
-    /// Waits until `count` transfers have finished since the device was first plugged in.
+    /// Waits until @p count transfers have finished since the device was first plugged in.
     bool waitForTransfers(DeviceId id, std::uint64_t count,
                           std::chrono::milliseconds timeout) const;
-    /// Waits until the device is on the bus, or off it; false after `timeout`.
+    /// Waits until the device is on the bus, or off it; false after @p timeout.
     bool waitForPlugged(DeviceId id, bool plugged, std::chrono::milliseconds timeout) const;
 
     /// Adds a fault; its transfers are counted from now.

@@ -15,10 +15,10 @@ std::uint32_t bits(std::int32_t value) {
 
 /// The answer holds the link state; then follow a packet of the two names and one of the numbers.
 CommandAnswer tellWifi(const CommandRequest& request, CameraState& state) {
-    constexpr std::uint32_t kNotLinked = 1;
+    constexpr std::uint32_t NOT_LINKED = 1;
     const WifiLink& wifi = state.settings.wifi;
-    const bool isOn = state.settings.wifiOn == kOn;
-    CommandAnswer answer = success(request, {isOn ? wifi.state : kNotLinked});
+    const bool isOn = state.settings.wifiOn == ON;
+    CommandAnswer answer = success(request, {isOn ? wifi.state : NOT_LINKED});
     answer.packets.push_back(twoTextAnswer(request.id, 0, wifi.ssid, wifi.secondSsid));
     answer.packets.push_back(plainAnswer(request.id, CameraResult::Success,
                                          {0, wifi.channel, wifi.encryption, 0, bits(wifi.rssi)}));
@@ -50,14 +50,14 @@ CommandAnswer changeWifiMode(const CommandRequest& request, CameraState& state) 
 
 /// Links to any network: one that is not in reach may hide its name.
 CommandAnswer joinWifi(const CommandRequest& request, CameraState& state) {
-    constexpr std::size_t kLongestSsid = 32;
-    constexpr std::uint32_t kLinked = 2;
+    constexpr std::size_t LONGEST_SSID = 32;
+    constexpr std::uint32_t LINKED = 2;
     const auto& [ssid, key] = request.texts;
-    if (ssid.empty() || ssid.size() > kLongestSsid) {
+    if (ssid.empty() || ssid.size() > LONGEST_SSID) {
         return refusal(request.id, CameraResult::ParameterRange);
     }
     WifiLink& wifi = state.settings.wifi;
-    wifi.state = kLinked;
+    wifi.state = LINKED;
     wifi.ssid = ssid;
     wifi.secondSsid = ssid;
     const auto point = std::ranges::find(state.accessPoints, ssid, &AccessPoint::ssid);

@@ -5,7 +5,7 @@ namespace nubo::simulator {
 
 namespace {
 
-constexpr int kBitsPerByte = 8;
+constexpr int BITS_PER_BYTE = 8;
 
 bool fits(std::size_t size, std::size_t offset, std::size_t width) {
     return offset <= size && size - offset >= width;
@@ -14,21 +14,23 @@ bool fits(std::size_t size, std::size_t offset, std::size_t width) {
 std::uint32_t readBytes(std::span<const std::uint8_t> packet, std::size_t offset,
                         std::size_t width) {
     std::uint32_t value = 0;
-    if (!fits(packet.size(), offset, width))
+    if (!fits(packet.size(), offset, width)) {
         return value;
+    }
     for (std::size_t i = width; i > 0; --i) {
-        value = (value << kBitsPerByte) | packet[offset + i - 1];
+        value = (value << BITS_PER_BYTE) | packet[offset + i - 1];
     }
     return value;
 }
 
 void writeBytes(std::span<std::uint8_t> packet, std::size_t offset, std::size_t width,
                 std::uint32_t value) {
-    if (!fits(packet.size(), offset, width))
+    if (!fits(packet.size(), offset, width)) {
         return;
+    }
     for (std::size_t i = 0; i < width; ++i) {
         packet[offset + i] = static_cast<std::uint8_t>(value & 0xFF);
-        value >>= kBitsPerByte;
+        value >>= BITS_PER_BYTE;
     }
 }
 
@@ -48,7 +50,7 @@ std::vector<std::uint8_t> answerHeader(std::uint16_t id, CameraResult result) {
 }
 
 std::vector<std::uint8_t> withLength(std::vector<std::uint8_t> packet) {
-    writeU32(packet, kLengthOffset, static_cast<std::uint32_t>(packet.size()));
+    writeU32(packet, LENGTH_OFFSET, static_cast<std::uint32_t>(packet.size()));
     return packet;
 }
 
@@ -86,8 +88,9 @@ void appendText(std::vector<std::uint8_t>& packet, std::string_view text) {
 std::vector<std::uint8_t> plainAnswer(std::uint16_t id, CameraResult result,
                                       const Parameters& parameters) {
     std::vector<std::uint8_t> packet = answerHeader(id, result);
-    for (const std::uint32_t parameter : parameters)
+    for (const std::uint32_t parameter : parameters) {
         appendU32(packet, parameter);
+    }
     return withLength(std::move(packet));
 }
 
@@ -105,18 +108,18 @@ std::vector<std::uint8_t> textAnswer(std::uint16_t id, std::string_view text,
     if (text.empty()) {
         return plainAnswer(id, CameraResult::Success, parameters);
     }
-    constexpr std::size_t kParametersReplaced = 2;
+    constexpr std::size_t PARAMETERS_REPLACED = 2;
     std::vector<std::uint8_t> packet = answerHeader(id, CameraResult::Success);
     appendText(packet, text);
-    for (std::size_t i = kParametersReplaced; i < kParameterCount; ++i) {
+    for (std::size_t i = PARAMETERS_REPLACED; i < PARAMETER_COUNT; ++i) {
         appendU32(packet, parameters[i]);
     }
     return withLength(std::move(packet));
 }
 
 bool isOfType(std::span<const std::uint8_t> packet, PacketType type) {
-    return packet.size() >= kLengthOffset &&
-           readU16(packet, kTypeOffset) == static_cast<std::uint16_t>(type);
+    return packet.size() >= LENGTH_OFFSET &&
+           readU16(packet, TYPE_OFFSET) == static_cast<std::uint16_t>(type);
 }
 
 }  // namespace nubo::simulator

@@ -24,13 +24,13 @@
 ///         12  5xu32  parameters
 namespace nubo::simulator {
 
-constexpr std::size_t kPlainPacketSize = 32;
-constexpr std::size_t kHeaderSize = 12;
-constexpr std::size_t kTypeOffset = 0;
-constexpr std::size_t kIdOffset = 2;
-constexpr std::size_t kLengthOffset = 4;
-constexpr std::size_t kCodeOffset = 8;
-constexpr std::size_t kParameterCount = 5;
+constexpr std::size_t PLAIN_PACKET_SIZE = 32;
+constexpr std::size_t HEADER_SIZE = 12;
+constexpr std::size_t TYPE_OFFSET = 0;
+constexpr std::size_t ID_OFFSET = 2;
+constexpr std::size_t LENGTH_OFFSET = 4;
+constexpr std::size_t CODE_OFFSET = 8;
+constexpr std::size_t PARAMETER_COUNT = 5;
 
 enum class PacketType : std::uint16_t { Command = 0, Answer = 1, Data = 2 };
 
@@ -44,15 +44,15 @@ enum class CameraResult : std::uint16_t {
     SdCardFull = 0xFFF7,
 };
 
-using Parameters = std::array<std::uint32_t, kParameterCount>;
+using Parameters = std::array<std::uint32_t, PARAMETER_COUNT>;
 
-/// 16 bits at `offset`, or 0 where the packet has ended.
+/// 16 bits at @p offset, or 0 where the packet has ended.
 std::uint16_t readU16(std::span<const std::uint8_t> packet, std::size_t offset);
-/// 32 bits at `offset`, or 0 where the packet has ended.
+/// 32 bits at @p offset, or 0 where the packet has ended.
 std::uint32_t readU32(std::span<const std::uint8_t> packet, std::size_t offset);
-/// Overwrites 16 bits at `offset`; without effect where the packet has ended.
+/// Overwrites 16 bits at @p offset; without effect where the packet has ended.
 void writeU16(std::span<std::uint8_t> packet, std::size_t offset, std::uint16_t value);
-/// Overwrites 32 bits at `offset`; without effect where the packet has ended.
+/// Overwrites 32 bits at @p offset; without effect where the packet has ended.
 void writeU32(std::span<std::uint8_t> packet, std::size_t offset, std::uint32_t value);
 
 void appendU16(std::vector<std::uint8_t>& packet, std::uint16_t value);
@@ -72,7 +72,7 @@ std::vector<std::uint8_t> twoTextAnswer(std::uint16_t id, std::uint32_t paramete
 std::vector<std::uint8_t> textAnswer(std::uint16_t id, std::string_view text,
                                      const Parameters& parameters = {});
 
-/// True for a packet whose head says that it carries `type`.
+/// True for a packet whose head says that it carries @p type.
 bool isOfType(std::span<const std::uint8_t> packet, PacketType type);
 
 }  // namespace nubo::simulator

@@ -9,14 +9,14 @@
 
 namespace nubo::simulator {
 
-/// Takes the first word off the front of `text`, with the blanks around it; empty at the end.
+/// Takes the first word off the front of @p text, with the blanks around it; empty at the end.
 inline std::string_view takeWord(std::string_view& text) {
-    constexpr std::string_view kBlanks = " \t\r";
+    constexpr std::string_view BLANKS = " \t\r";
     const auto skipBlanks = [&] {
-        text.remove_prefix(std::min(text.find_first_not_of(kBlanks), text.size()));
+        text.remove_prefix(std::min(text.find_first_not_of(BLANKS), text.size()));
     };
     skipBlanks();
-    const std::string_view word = text.substr(0, text.find_first_of(kBlanks));
+    const std::string_view word = text.substr(0, text.find_first_of(BLANKS));
     text.remove_prefix(word.size());
     skipBlanks();
     return word;
@@ -25,8 +25,8 @@ inline std::string_view takeWord(std::string_view& text) {
 /// The number that the whole text is, decimal or, with 0x before it, hexadecimal.
 template <std::integral Number>
 std::optional<Number> parseNumber(std::string_view text) {
-    constexpr int kDecimal = 10;
-    constexpr int kHexadecimal = 16;
+    constexpr int DECIMAL = 10;
+    constexpr int HEXADECIMAL = 16;
     const bool hexadecimal = text.starts_with("0x") || text.starts_with("0X");
     if (hexadecimal) {
         text.remove_prefix(2);
@@ -34,7 +34,7 @@ std::optional<Number> parseNumber(std::string_view text) {
     Number number{};
     const char* const end = text.data() + text.size();
     const auto [rest, error] =
-        std::from_chars(text.data(), end, number, hexadecimal ? kHexadecimal : kDecimal);
+        std::from_chars(text.data(), end, number, hexadecimal ? HEXADECIMAL : DECIMAL);
     if (error != std::errc() || rest != end) {
         return std::nullopt;
     }

@@ -10,9 +10,9 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <initializer_list>
 #include <memory>
 #include <optional>
-#include <span>
 #include <string>
 #include <vector>
 
@@ -22,6 +22,7 @@
 #include "simulator/ControlTerminal.h"
 #include "simulator/FileDescriptor.h"
 #include "simulator/Options.h"
+#include "simulator/RootHub.h"
 #include "simulator/Script.h"
 #include "simulator/VirtualCamera.h"
 #include "simulator/VirtualUsbBus.h"
@@ -30,11 +31,11 @@ namespace nubo::simulator {
 
 namespace {
 
-constexpr int kWrongUse = 2;
-constexpr int kCannotRun = 127;
-constexpr const char* kPreloadedLibrary = "libumockdev-preload.so.0";
+constexpr int WRONG_USE = 2;
+constexpr int CANNOT_RUN = 127;
+constexpr const char* PRELOADED_LIBRARY = "libumockdev-preload.so.0";
 /// A child that has been asked to end is killed after this time.
-constexpr std::chrono::seconds kPatience{5};
+constexpr std::chrono::seconds PATIENCE{5};
 
 int fail(int exitCode, const std::string& what) {
     std::fprintf(stderr, "nubo-camera-simulator: %s\n", what.c_str());
@@ -44,16 +45,16 @@ int fail(int exitCode, const std::string& what) {
 /// Starts this program anew with the preloaded library; returns only when that is impossible.
 int startPreloaded(char** arguments) {
     const char* const preloaded = std::getenv("LD_PRELOAD");
-    if (preloaded != nullptr && std::strstr(preloaded, kPreloadedLibrary) != nullptr) {
-        return fail(kCannotRun, std::string(kPreloadedLibrary) + " cannot be loaded");
+    if (preloaded != nullptr && std::strstr(preloaded, PRELOADED_LIBRARY) != nullptr) {
+        return fail(CANNOT_RUN, std::string(PRELOADED_LIBRARY) + " cannot be loaded");
     }
-    std::string list = kPreloadedLibrary;
+    std::string list = PRELOADED_LIBRARY;
     if (preloaded != nullptr && *preloaded != '\0') {
         list += std::string(":") + preloaded;
     }
     setenv("LD_PRELOAD", list.c_str(), 1);
     ::execv("/proc/self/exe", arguments);
-    return fail(kCannotRun, std::string("cannot start anew: ") + std::strerror(errno));
+    return fail(CANNOT_RUN, std::string("cannot start anew: ") + std::strerror(errno));
 }
 
 /// Turns the signals that the program watches for into a file; they are blocked in every thread
@@ -78,11 +79,13 @@ bool askedToEnd(const FileDescriptor& signals) {
     return asked;
 }
 
-/// Milliseconds from now until the earlier of the two times, as poll() takes them; -1 for never.
-int untilFirst(std::optional<Script::Clock::time_point> first,
-               std::optional<Script::Clock::time_point> second) {
-    if (!first || (second && *second < *first)) {
-        first = second;
+/// Milliseconds from now until the first of these times, as poll() takes them; -1 for never.
+int untilFirst(std::initializer_list<std::optional<Script::Clock::time_point>> times) {
+    std::optional<Script::Clock::time_point> first;
+    for (const auto& time : times) {
+        if (time && (!first || *time < *first)) {
+            first = time;
+        }
     }
     if (!first) {
         return -1;
@@ -100,11 +103,11 @@ int serveUntilEnd(ChildProcess& child, const FileDescriptor& signals, ControlTar
         const auto scriptTime = script.run(runLine);
         std::vector<pollfd> waiting = {{signals.number(), POLLIN, 0}};
         socket.appendTo(waiting);
-        terminal.appendTo(waiting);
-        ::poll(waiting.data(), waiting.size(), untilFirst(scriptTime, killTime));
+        const auto lookTime = terminal.appendTo(waiting);
+        ::poll(waiting.data(), waiting.size(), untilFirst({scriptTime, killTime, lookTime}));
         if (askedToEnd(signals) && !killTime) {
             child.signal(SIGTERM);
-            killTime = Script::Clock::now() + kPatience;
+            killTime = Script::Clock::now() + PATIENCE;
         }
         if (killTime && *killTime <= Script::Clock::now()) {
             child.signal(SIGKILL);
@@ -118,29 +121,14 @@ int serveUntilEnd(ChildProcess& child, const FileDescriptor& signals, ControlTar
     }
 }
 
-/// A root hub, as on every real bus: with it the list of devices is never empty, and a host notices
-/// that its only camera has gone.
-class RootHub : public VirtualDevice {
-public:
-    void receive(std::span<const std::uint8_t>) override {}
-    std::optional<std::vector<std::uint8_t>> send() override { return std::nullopt; }
-};
-
-DeviceOptions rootHubOptions() {
-    DeviceOptions options;
-    options.description.vendorId = 0x1D6B;  // the identity of the Linux kernel's own root hubs
-    options.description.productId = 0x0002;
-    return options;
-}
-
 int run(const Options& options) {
     Script script;
     if (!options.script.empty() && !script.load(options.script)) {
-        return fail(kWrongUse, options.script + ": " + std::strerror(errno));
+        return fail(WRONG_USE, options.script + ": " + std::strerror(errno));
     }
     const FileDescriptor signals = watchSignals();
     VirtualUsbBus bus;
-    bus.plug(std::make_shared<RootHub>(), rootHubOptions());
+    plugRootHub(bus);
     ControlTarget target{bus, {}};
     DeviceOptions device;
     device.restartDelay = options.restartDelay;
@@ -149,14 +137,14 @@ int run(const Options& options) {
         const std::string failure =
             options.unplugged ? "" : plugCamera(target, target.cameras.size() - 1);
         if (!failure.empty()) {
-            return fail(kCannotRun, failure);
+            return fail(CANNOT_RUN, failure);
         }
     }
     ControlSocket socket;
     if (!options.control.empty()) {
         const std::string failure = socket.listen(options.control);
         if (!failure.empty()) {
-            return fail(kWrongUse, failure);
+            return fail(WRONG_USE, failure);
         }
     }
     ControlTerminal terminal;
@@ -166,7 +154,7 @@ int run(const Options& options) {
     ChildProcess child;
     const std::string failure = child.start(options.command);
     if (!failure.empty()) {
-        return fail(kCannotRun, failure);
+        return fail(CANNOT_RUN, failure);
     }
     return serveUntilEnd(child, signals, target, socket, terminal, script);
 }
@@ -181,7 +169,7 @@ int main(int count, char** arguments) {
     const std::vector<std::string> words(arguments + (count > 0 ? 1 : 0), arguments + count);
     const std::string failure = parseOptions(words, options);
     if (!failure.empty()) {
-        return fail(kWrongUse, failure);
+        return fail(WRONG_USE, failure);
     }
     if (options.help) {
         std::fputs(optionHelp().c_str(), stdout);

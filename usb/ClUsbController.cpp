@@ -65,36 +65,50 @@ void ClUsbController::close() {
 
 int ClUsbController::findEndpoints() {
     m_endpointList.clear();
+    m_claimError = LIBUSB_ERROR_NOT_FOUND;
+    if (!m_handle) {
+        return LIBUSB_ERROR_NOT_FOUND;
+    }
     libusb_device_descriptor descriptor{};
     if (const int result = libusb_get_device_descriptor(m_device, &descriptor);
         result != LIBUSB_SUCCESS) {
         return result;
     }
-    for (std::uint8_t index = 0;
-         index < descriptor.bNumConfigurations && m_claimedInterfaces.isEmpty(); ++index) {
+    bool isClaimed = false;
+    for (std::uint8_t index = 0; index < descriptor.bNumConfigurations && !isClaimed; ++index) {
         if (const LibusbConfig config = readConfig(m_device, index)) {
-            claimInterface(*config);
+            isClaimed = claimInterface(*config);
         }
     }
     return m_endpointList.isEmpty() ? LIBUSB_ERROR_NOT_FOUND : LIBUSB_SUCCESS;
 }
 
-void ClUsbController::claimInterface(const libusb_config_descriptor& config) {
-    for (int number = 0; number < config.bNumInterfaces && m_claimedInterfaces.isEmpty();
-         ++number) {
-        const libusb_interface& interface = config.interface[number];
-        for (const libusb_interface_descriptor& setting :
-             std::span(interface.altsetting, static_cast<std::size_t>(interface.num_altsetting))) {
-            if (libusb_claim_interface(m_handle.get(), number) != LIBUSB_SUCCESS) {
-                break;
-            }
-            m_claimedInterfaces.append(number);
-            for (const libusb_endpoint_descriptor& endpoint :
-                 std::span(setting.endpoint, setting.bNumEndpoints)) {
-                m_endpointList.append(endpoint.bEndpointAddress);
-            }
+bool ClUsbController::claimInterface(const libusb_config_descriptor& config) {
+    for (int number = 0; number < config.bNumInterfaces; ++number) {
+        if (claimSettings(number, config.interface[number])) {
+            return true;
         }
     }
+    return false;
+}
+
+bool ClUsbController::claimSettings(int number, const libusb_interface& interface) {
+    bool isClaimed = false;
+    for (const libusb_interface_descriptor& setting :
+         std::span(interface.altsetting, static_cast<std::size_t>(interface.num_altsetting))) {
+        if (const int result = libusb_claim_interface(m_handle.get(), number);
+            result != LIBUSB_SUCCESS) {
+            m_claimError = result;
+            break;
+        }
+        isClaimed = true;
+        m_claimedInterfaces.append(number);
+        for (const libusb_endpoint_descriptor& endpoint :
+             std::span(setting.endpoint, setting.bNumEndpoints)) {
+            m_endpointList.append(endpoint.bEndpointAddress);
+        }
+    }
+    return isClaimed;
 }
 
 unsigned char ClUsbController::getEndPoint(unsigned char endpoint) const {

@@ -30,9 +30,12 @@ public:
     [[nodiscard]] libusb_device* device() const { return m_device; }
 
     /// Claims the first interface that can be claimed and collects the endpoint addresses of all
-    /// its alternate settings. @return 0, or a negative libusb error: LIBUSB_ERROR_NOT_FOUND when
-    /// no interface with an endpoint could be claimed.
+    /// its alternate settings; part of open(). @return 0, or a negative libusb error:
+    /// LIBUSB_ERROR_NOT_FOUND when no interface with an endpoint could be claimed.
     [[nodiscard]] int findEndpoints();
+    /// Why no interface could be claimed: libusb's error of the latest refusal, or
+    /// LIBUSB_ERROR_NOT_FOUND when there was nothing to refuse. Tells a user more than open().
+    [[nodiscard]] int claimError() const { return m_claimError; }
     /// The endpoint to use for @p endpoint: itself if the camera has it, else the camera's first
     /// one of the same direction (bit 7, set for IN), else 0.
     [[nodiscard]] unsigned char getEndPoint(unsigned char endpoint) const;
@@ -51,11 +54,16 @@ Q_SIGNALS:
     void sigClose(ClUsbController* controller);
 
 private:
-    void claimInterface(const libusb_config_descriptor& config);
+    /// Claims the first interface of @p config that can be claimed. @return whether there is one.
+    bool claimInterface(const libusb_config_descriptor& config);
+    /// Claims @p interface once for each of its settings, until it is refused. @return whether the
+    /// first claim succeeded.
+    bool claimSettings(int number, const libusb_interface& interface);
 
     libusb_device* m_device;
     LibusbHandle m_handle;
     QList<unsigned char> m_endpointList;  ///< addresses in the order of the descriptors
     QList<int> m_claimedInterfaces;       ///< one entry for each successful claim
+    int m_claimError = LIBUSB_ERROR_NOT_FOUND;
     bool m_isOpened = false;
 };

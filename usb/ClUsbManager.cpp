@@ -7,6 +7,7 @@
 #include "usb/UsbLog.h"
 
 #include <algorithm>
+#include <chrono>
 
 namespace {
 
@@ -137,7 +138,7 @@ bool ClUsbManager::isAccepted(libusb_device* device) const {
 void ClUsbManager::openCamera(libusb_device* device) {
     auto controller = std::make_unique<ClUsbController>(device);
     const int result = controller->open();
-    reportOpening(device, result);
+    reportOpening(device, result == LIBUSB_ERROR_NOT_FOUND ? controller->claimError() : result);
     if (result != LIBUSB_SUCCESS) {
         return;
     }

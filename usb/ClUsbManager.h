@@ -12,6 +12,7 @@
 #include <atomic>
 #include <map>
 #include <memory>
+#include <utility>
 #include <vector>
 
 class ClNuboTransactions;
@@ -107,7 +108,8 @@ private:
     [[nodiscard]] bool isAccepted(libusb_device* device) const;
     void openCamera(libusb_device* device);
     void startConnectWait(ClUsbController* controller);
-    /// Logs the outcome of an attempt to open @p device, if it differs from the last one.
+    /// Logs the outcome of an attempt to open @p device, if it differs from the last one. @p result
+    /// is 0 or the libusb error that tells a user most.
     void reportOpening(libusb_device* device, int result);
     /// Forgets the reported failures of devices that are no longer on the bus.
     void forgetFailuresBut(const LibusbDeviceList& present);

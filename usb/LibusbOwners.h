@@ -3,9 +3,9 @@
 
 #include <libusb.h>
 
+#include <cstdint>
 #include <memory>
 #include <span>
-#include <utility>
 
 struct LibusbHandleCloser {
     void operator()(libusb_device_handle* handle) const { libusb_close(handle); }

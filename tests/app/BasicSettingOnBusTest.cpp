@@ -230,8 +230,8 @@ void BasicSettingOnBusTest::aRefusedAuthorizationKeepsItsOtherHalf_data() {
     QTest::addColumn<int>("failing");
     QTest::addColumn<unsigned int>("authorization");
     QTest::addColumn<QString>("password");
-    QTest::newRow("use refused") << 0x5804 << unsigned{kOff} << u"beacon!"_s;
-    QTest::newRow("password refused") << 0x5805 << unsigned{kOn} << u"lantern"_s;
+    QTest::newRow("use refused") << 0x5804 << unsigned{OFF} << u"beacon!"_s;
+    QTest::newRow("password refused") << 0x5805 << unsigned{ON} << u"lantern"_s;
 }
 
 void BasicSettingOnBusTest::aRefusedAuthorizationKeepsItsOtherHalf() {
@@ -281,7 +281,7 @@ void BasicSettingOnBusTest::aFailedLinkIsReported() {
     useDialogs([&](QWidget& dialog) {
         use.change(DialogControls(dialog));
         // The command goes out; its answer does not come in.
-        m_bus.addFault(m_bench->id, {.kind = FaultKind::Stall, .nth = 2, .count = Fault::kForever});
+        m_bus.addFault(m_bench->id, {.kind = FaultKind::Stall, .nth = 2, .count = Fault::FOREVER});
         acceptBox(dialog);
     });
     click(use);

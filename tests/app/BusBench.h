@@ -3,6 +3,7 @@
 
 #include "app/ClMainWidget.h"
 #include "pages/ClWidgetCameraState.h"
+#include "simulator/RootHub.h"
 #include "simulator/VirtualUsbBus.h"
 #include "tests/app/RecordingCamera.h"
 #include "tests/support/BoxUser.h"
@@ -61,10 +62,7 @@ int runOnBus(int argc, char** argv) {
     }
     // Before any thread, and gone after the last handle.
     VirtualUsbBus bus;
-    // libusb's list of a real bus is never empty, for the root hub is on it.
-    DeviceOptions hub;
-    hub.description.vendorId = 0x1D6B;
-    bus.plug(std::make_shared<VirtualCamera>(), hub);
+    plugRootHub(bus);
     QApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("Test program"));
     Test test(bus);

@@ -152,8 +152,13 @@ void MainWidgetModesTest::thePageComesBackWithTheCamera() {
 }
 
 void MainWidgetModesTest::anAnnouncementWithoutAPointerOpensNothing() {
-    m_bench->window.slotReceiveCommand({{u"CMD"_s, USB_CMD_DEVICE_OPEN}});
-    QCOMPARE(m_bench->modeOnShow(), 0);
+    for (const VX_CMD& notice : {VX_CMD{{u"CMD"_s, USB_CMD_DEVICE_OPEN}}, opened(nullptr)}) {
+        m_bench->window.slotReceiveCommand(notice);
+        QCOMPARE(m_bench->modeOnShow(), 0);
+        for (const ClButtonMode* button : m_bench->buttons()) {
+            QVERIFY(!button->isEnabled());
+        }
+    }
     m_bench->window.slotSendCommand(message(USB_NUBO_CMD_RESTART, FIRST));
     QVERIFY(m_bench->sent.isEmpty());
 

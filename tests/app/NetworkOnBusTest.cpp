@@ -166,13 +166,13 @@ void NetworkOnBusTest::addressesAreSetByHand() {
     QCOMPARE(m_bench->written(),
              (QList<QByteArray>{plain("0858", "01000000"), plain("0958", "09fe10ac"),
                                 plain("0a58", "0000ffff"), plain("0b58", "010010ac")}));
-    QCOMPARE(m_bench->camera->state().settings.infraUseDhcp, kOff);
+    QCOMPARE(m_bench->camera->state().settings.infraUseDhcp, OFF);
     QCOMPARE(m_bench->camera->state().settings.infraAddress, 0xAC10FE09U);
 }
 
 void NetworkOnBusTest::dhcpIsSwitchedOn() {
     CameraState state = m_bench->camera->state();
-    state.settings.infraUseDhcp = kOff;
+    state.settings.infraUseDhcp = OFF;
     m_bench->camera->setState(state);
     m_bench->openDhcp();
     TRY_COMPARE(m_bench->network.edit(u"Default Gateway"_s).text(), u"192.168.0.1"_s);

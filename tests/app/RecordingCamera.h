@@ -37,11 +37,11 @@ public:
             const std::lock_guard lock(m_mutex);
             const QByteArray bytes(reinterpret_cast<const char*>(taken.data()),
                                    static_cast<qsizetype>(taken.size()));
-            const int code = readU16(packet, kCodeOffset);
+            const int code = readU16(packet, CODE_OFFSET);
             m_packets.append(bytes);
-            m_commands.append({code, bytes.mid(kHeaderSize)});
+            m_commands.append({code, bytes.mid(HEADER_SIZE)});
             if (m_unknownCodes.contains(code)) {
-                writeU16(taken, kCodeOffset, NO_CODE);
+                writeU16(taken, CODE_OFFSET, NO_CODE);
             }
         }
         VirtualCamera::receive(taken);
@@ -65,7 +65,7 @@ public:
         const std::lock_guard lock(m_mutex);
         QList<QByteArray> packets = m_packets;
         for (QByteArray& packet : packets) {
-            packet.replace(nubo::simulator::kIdOffset, sizeof(quint16), QByteArray(2, '\0'));
+            packet.replace(nubo::simulator::ID_OFFSET, sizeof(quint16), QByteArray(2, '\0'));
         }
         return packets;
     }

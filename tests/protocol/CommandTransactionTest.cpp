@@ -239,13 +239,15 @@ void CommandTransactionTest::silenceAfterAForeignPacketFitsIntoTheSamePatience()
     constexpr int SHORT_TIMEOUT_MS = 600;
     constexpr int PATIENCE_MS = 3 * SHORT_TIMEOUT_MS;
     constexpr int FOREIGN_AFTER_MS = PATIENCE_MS - 500;
-    ScriptedPort port({writes(GET_BATTERY), reads(FOREIGN).after(FOREIGN_AFTER_MS), fails(0xEF03),
-                       fails(0xEF03), fails(0xEF03)});
+    ScriptedPort port(
+        {writes(GET_BATTERY), reads(FOREIGN).after(FOREIGN_AFTER_MS), fails(0xEF03).forEver(0)});
     ClNuboCommandGetBatteryState command;
     QCOMPARE(ClNuboTransactions(port, port.stop()).command(command, SHORT_TIMEOUT_MS), 0xEF03);
     QCOMPARE(port.complaint(), QString());
     const QList<int> timeouts = port.readTimeouts();
     QCOMPARE(timeouts.first(), SHORT_TIMEOUT_MS);
+    // Fewer when the machine was busy until the patience was over.
+    QCOMPARE_LE(timeouts.size(), 4);
     for (const int timeout : timeouts.mid(1)) {
         QVERIFY(timeout >= 1);
         QVERIFY(timeout <= PATIENCE_MS - FOREIGN_AFTER_MS);

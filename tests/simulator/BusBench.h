@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QElapsedTimer>
+#include <algorithm>
 #include <chrono>
 #include <memory>
 #include <utility>
@@ -14,53 +15,53 @@ namespace nubo::simulator {
 
 /// A bus, a device to plug in, and a libusb that looks at the bus; destroyed in the right order.
 struct BusBench {
-    static constexpr std::chrono::seconds kPatience{5};
+    static constexpr std::chrono::milliseconds PATIENCE{PATIENCE_MS};
 
     std::shared_ptr<ScriptedDevice> device = std::make_shared<ScriptedDevice>();
     VirtualUsbBus bus{};
-    UsbContext context = newUsbContext();
+    LibusbContext context = newLibusbContext();
 
     ~BusBench() { bus.settle(); }
 
     DeviceId plug(const DeviceOptions& options = {}) { return bus.plug(device, options); }
 
     /// A handle on the device, as soon as libusb knows of it; null when it cannot be opened.
-    UsbHandle open(DeviceId id) const {
+    LibusbHandle open(DeviceId id) const {
         const int number = bus.deviceNumber(id).value_or(0);
         libusb_device_handle* handle = nullptr;
-        passUntil([&](const UsbDeviceList& list) {
-            for (int i = 0; i < list.count(); ++i) {
-                if (libusb_get_device_address(list.at(i)) == number) {
-                    libusb_open(list.at(i), &handle);
-                    return true;
-                }
+        passUntil([&](const LibusbDeviceList& list) {
+            const auto found = std::ranges::find(list.devices(), number, libusb_get_device_address);
+            if (found == list.devices().end()) {
+                return false;
             }
-            return false;
+            libusb_open(*found, &handle);
+            return true;
         });
-        return UsbHandle(handle);
+        return LibusbHandle(handle);
     }
 
     /// A handle that has claimed interface 0, or null.
-    UsbHandle openClaimed(DeviceId id) const {
-        UsbHandle handle = open(id);
+    LibusbHandle openClaimed(DeviceId id) const {
+        LibusbHandle handle = open(id);
         const bool claimed = handle && libusb_claim_interface(handle.get(), 0) == 0;
         return claimed ? std::move(handle) : nullptr;
     }
 
     /// Waits until libusb knows of so many devices.
-    bool deviceCountBecomes(int count) const {
-        return passUntil([&](const UsbDeviceList& list) { return list.count() == count; });
+    bool deviceCountBecomes(std::size_t count) const {
+        return passUntil(
+            [&](const LibusbDeviceList& list) { return list.devices().size() == count; });
     }
 
 private:
-    /// Searches the bus until `condition` holds; each pass makes libusb take the news.
-    template <typename Condition>
+    /// Searches the bus until @p condition holds; each pass makes libusb take the news.
+    template <class Condition>
     bool passUntil(Condition condition) const {
         QElapsedTimer timer;
         timer.start();
         bool reached = false;
-        while (!reached && std::chrono::milliseconds(timer.elapsed()) < kPatience) {
-            reached = condition(UsbDeviceList(context));
+        while (!reached && std::chrono::milliseconds(timer.elapsed()) < PATIENCE) {
+            reached = condition(LibusbDeviceList(context.get()));
         }
         return reached;
     }

@@ -16,11 +16,10 @@ namespace nubo::simulator {
 
 namespace {
 
-using namespace std::chrono_literals;
 using Bytes = ScriptedDevice::Bytes;
 
-constexpr auto kPatience = 5s;
-constexpr unsigned kShortTimeout = 50;
+constexpr std::chrono::milliseconds PATIENCE{PATIENCE_MS};
+constexpr unsigned SHORT_TIMEOUT = 50;
 
 Bytes bytes(const QByteArray& hex) {
     const QByteArray raw = QByteArray::fromHex(hex);
@@ -28,10 +27,10 @@ Bytes bytes(const QByteArray& hex) {
 }
 
 // Command 0x5037 and a plain answer to it, both of id 0x1234.
-const QByteArray kNoParameters = "00000000 00000000 00000000 00000000 00000000";
-const QByteArray kCommand = "0000 3412 20000000 3750 0000 " + kNoParameters;
-const QByteArray kAnswer = "0100 3412 20000000 0000 0000 " + kNoParameters;
-const QByteArray kDataHead = "0200 3412 10000000 04000000 01020304";
+const QByteArray NO_PARAMETERS = "00000000 00000000 00000000 00000000 00000000";
+const QByteArray COMMAND = "0000 3412 20000000 3750 0000 " + NO_PARAMETERS;
+const QByteArray ANSWER = "0100 3412 20000000 0000 0000 " + NO_PARAMETERS;
+const QByteArray DATA_HEAD = "0200 3412 10000000 04000000 01020304";
 
 Fault onCommand(FaultKind kind, std::uint32_t argument = 0) {
     return {.kind = kind, .argument = argument, .unit = FaultUnit::Command};
@@ -70,15 +69,15 @@ private:
     std::shared_ptr<ScriptedDevice> m_device;
     std::unique_ptr<VirtualUsbBus> m_bus;
     DeviceId m_id;
-    UsbContext m_context;
-    UsbHandle m_handle;
+    LibusbContext m_context;
+    LibusbHandle m_handle;
 };
 
 void BusFaultTest::init() {
     m_device = std::make_shared<ScriptedDevice>();
     m_bus = std::make_unique<VirtualUsbBus>();
     m_id = m_bus->plug(m_device);
-    m_context = newUsbContext();
+    m_context = newLibusbContext();
     m_handle.reset(
         libusb_open_device_with_vid_pid(m_context.get(), NUBO_USB_VENDOR_ID, NUBO_USB_PRODUCT_ID));
     QVERIFY(m_handle);
@@ -117,16 +116,17 @@ void BusFaultTest::transferEndsAsTheFaultSays() {
     QFETCH(FaultKind, kind);
     QFETCH(bool, in);
     QFETCH(int, code);
-    m_device->answerWith(bytes(kAnswer));
+    m_device->answerWith(bytes(ANSWER));
     m_bus->addFault(m_id, {.kind = kind});
-    const int struck = in ? bulkIn(m_handle, 1024, kShortTimeout).code
-                          : bulkOut(m_handle, bytes(kCommand), kShortTimeout);
+    const unsigned timeout = kind == FaultKind::Timeout ? SHORT_TIMEOUT : unsigned{PATIENCE_MS};
+    const int struck =
+        in ? bulkIn(m_handle, 1024, timeout).code : bulkOut(m_handle, bytes(COMMAND), timeout);
     QCOMPARE(struck, code);
     QVERIFY(m_device->received().empty());
     const bool leaves = code == LIBUSB_ERROR_NO_DEVICE;
-    QVERIFY(m_bus->waitForPlugged(m_id, !leaves, kPatience));
+    QVERIFY(m_bus->waitForPlugged(m_id, !leaves, PATIENCE));
     if (!leaves) {
-        QCOMPARE(bulkIn(m_handle, 1024).bytes, bytes(kAnswer));
+        QCOMPARE(bulkIn(m_handle, 1024).bytes, bytes(ANSWER));
     }
 }
 
@@ -135,16 +135,16 @@ void BusFaultTest::goneDeviceCanBeReplugged() {
     QCOMPARE(bulkIn(m_handle, 1024).code, LIBUSB_ERROR_NO_DEVICE);
     QCOMPARE(m_bus->log(m_id).transfers.back().status, -ESHUTDOWN);
     m_handle.reset();
-    QVERIFY(m_bus->waitForPlugged(m_id, false, kPatience));
+    QVERIFY(m_bus->waitForPlugged(m_id, false, PATIENCE));
     QVERIFY(m_bus->replug(m_id));
     const auto reopen = [&] {
         m_handle.reset(libusb_open_device_with_vid_pid(m_context.get(), NUBO_USB_VENDOR_ID,
                                                        NUBO_USB_PRODUCT_ID));
         return m_handle != nullptr;
     };
-    QTRY_VERIFY(reopen());
+    TRY_VERIFY(reopen());
     QCOMPARE(libusb_claim_interface(m_handle.get(), 0), 0);
-    QCOMPARE(bulkOut(m_handle, bytes(kCommand)), 0);
+    QCOMPARE(bulkOut(m_handle, bytes(COMMAND)), 0);
 }
 
 void BusFaultTest::packetIsRewritten_data() {
@@ -153,17 +153,17 @@ void BusFaultTest::packetIsRewritten_data() {
     QTest::addColumn<QByteArray>("sent");
     QTest::addColumn<QByteArray>("arrived");
     const QByteArray empty;
-    QTest::newRow("short packet") << FaultKind::ShortPacket << 12U << kAnswer
+    QTest::newRow("short packet") << FaultKind::ShortPacket << 12U << ANSWER
                                   << QByteArray("0100 3412 20000000 0000 0000");
     QTest::newRow("short packet that is not longer")
-        << FaultKind::ShortPacket << 512U << kAnswer << kAnswer;
-    QTest::newRow("nothing left") << FaultKind::ShortPacket << 0U << kAnswer << empty;
-    QTest::newRow("empty packet") << FaultKind::EmptyPacket << 0U << kAnswer << empty;
-    QTest::newRow("foreign id") << FaultKind::ForeignId << 0U << kAnswer
-                                << "0100 cbed 20000000 0000 0000 " + kNoParameters;
-    QTest::newRow("camera error") << FaultKind::CameraError << 0xFFF9U << kAnswer
-                                  << "0100 3412 20000000 f9ff 0000 " + kNoParameters;
-    QTest::newRow("wrong data head") << FaultKind::WrongDataHead << 0U << kDataHead
+        << FaultKind::ShortPacket << 512U << ANSWER << ANSWER;
+    QTest::newRow("nothing left") << FaultKind::ShortPacket << 0U << ANSWER << empty;
+    QTest::newRow("empty packet") << FaultKind::EmptyPacket << 0U << ANSWER << empty;
+    QTest::newRow("foreign id") << FaultKind::ForeignId << 0U << ANSWER
+                                << "0100 cbed 20000000 0000 0000 " + NO_PARAMETERS;
+    QTest::newRow("camera error") << FaultKind::CameraError << 0xFFF9U << ANSWER
+                                  << "0100 3412 20000000 f9ff 0000 " + NO_PARAMETERS;
+    QTest::newRow("wrong data head") << FaultKind::WrongDataHead << 0U << DATA_HEAD
                                      << QByteArray("0200 3412 efffffff 04000000 01020304");
     QTest::newRow("packet without an id")
         << FaultKind::ForeignId << 0U << QByteArray("010034") << QByteArray("010034");
@@ -184,71 +184,71 @@ void BusFaultTest::packetIsRewritten() {
 }
 
 void BusFaultTest::packetIsPaddedToTheRoomOfTheHost() {
-    m_device->answerWith(bytes(kAnswer));
+    m_device->answerWith(bytes(ANSWER));
     m_bus->addFault(m_id, {.kind = FaultKind::OverlongPacket});
     const BulkResult result = bulkIn(m_handle, 1024);
     QCOMPARE(result.code, 0);
     QCOMPARE(result.bytes.size(), 1024U);
-    QCOMPARE(Bytes(result.bytes.begin(), result.bytes.begin() + 32), bytes(kAnswer));
+    QCOMPARE(Bytes(result.bytes.begin(), result.bytes.begin() + 32), bytes(ANSWER));
     QCOMPARE(result.bytes.back(), 0xA5);
 }
 
 void BusFaultTest::emptyPacketComesAheadOfThePacket() {
-    m_device->answerWith(bytes(kAnswer));
+    m_device->answerWith(bytes(ANSWER));
     m_bus->addFault(m_id, {.kind = FaultKind::EmptyPacket});
     QCOMPARE(bulkIn(m_handle, 1024).bytes, Bytes());
-    QCOMPARE(bulkIn(m_handle, 1024).bytes, bytes(kAnswer));
+    QCOMPARE(bulkIn(m_handle, 1024).bytes, bytes(ANSWER));
 }
 
 void BusFaultTest::delayedTransferIsServedLater() {
     m_bus->addFault(m_id, {.kind = FaultKind::Delay, .argument = 60});
     QElapsedTimer timer;
     timer.start();
-    QCOMPARE(bulkOut(m_handle, bytes(kCommand)), 0);
+    QCOMPARE(bulkOut(m_handle, bytes(COMMAND)), 0);
     QVERIFY2(timer.elapsed() >= 60, qPrintable(QString::number(timer.elapsed())));
     QCOMPARE(m_device->received().size(), 1U);
 }
 
 void BusFaultTest::delayedTransferCanTimeOut() {
-    m_device->answerWith(bytes(kAnswer));
+    m_device->answerWith(bytes(ANSWER));
     m_bus->addFault(m_id, {.kind = FaultKind::Delay, .argument = 60000});
-    QCOMPARE(bulkIn(m_handle, 1024, kShortTimeout).code, LIBUSB_ERROR_TIMEOUT);
-    QCOMPARE(bulkIn(m_handle, 1024).bytes, bytes(kAnswer));
+    QCOMPARE(bulkIn(m_handle, 1024, SHORT_TIMEOUT).code, LIBUSB_ERROR_TIMEOUT);
+    QCOMPARE(bulkIn(m_handle, 1024).bytes, bytes(ANSWER));
 }
 
 void BusFaultTest::nthTransfersAreStruckSoManyTimes() {
     m_bus->addFault(m_id, {.kind = FaultKind::Stall, .nth = 3, .count = 2});
     for (const int code : {0, 0, int{LIBUSB_ERROR_PIPE}, int{LIBUSB_ERROR_PIPE}, 0}) {
-        QCOMPARE(bulkOut(m_handle, bytes(kCommand)), code);
+        QCOMPARE(bulkOut(m_handle, bytes(COMMAND)), code);
     }
     QCOMPARE(m_device->received().size(), 3U);
 }
 
 void BusFaultTest::faultStrikesForEverUntilCleared() {
-    m_bus->addFault(m_id, {.kind = FaultKind::Stall, .nth = 2, .count = Fault::kForever});
-    QCOMPARE(bulkOut(m_handle, bytes(kCommand)), 0);
+    m_bus->addFault(m_id, {.kind = FaultKind::Stall, .nth = 2, .count = Fault::FOREVER});
+    QCOMPARE(bulkOut(m_handle, bytes(COMMAND)), 0);
     for (int i = 0; i < 20; ++i) {
-        QCOMPARE(bulkOut(m_handle, bytes(kCommand)), LIBUSB_ERROR_PIPE);
+        QCOMPARE(bulkOut(m_handle, bytes(COMMAND)), LIBUSB_ERROR_PIPE);
     }
     m_bus->clearFaults(m_id);
-    QCOMPARE(bulkOut(m_handle, bytes(kCommand)), 0);
+    QCOMPARE(bulkOut(m_handle, bytes(COMMAND)), 0);
 }
 
 void BusFaultTest::rewriteDueOnAnOutTransferStrikesTheNextPacket() {
     m_bus->addFault(m_id, {.kind = FaultKind::ShortPacket, .argument = 4});
     QCOMPARE(bulkOut(m_handle, bytes("02000000")), 0);
-    m_device->answerWith(bytes(kAnswer));
-    m_device->answerWith(bytes(kAnswer));
+    m_device->answerWith(bytes(ANSWER));
+    m_device->answerWith(bytes(ANSWER));
     QCOMPARE(bulkIn(m_handle, 1024).bytes, bytes("01003412"));
-    QCOMPARE(bulkIn(m_handle, 1024).bytes, bytes(kAnswer));
+    QCOMPARE(bulkIn(m_handle, 1024).bytes, bytes(ANSWER));
 }
 
 void BusFaultTest::commandFaultStrikesTheAnswer() {
     m_bus->addFault(m_id, onCommand(FaultKind::Stall));
-    m_device->answerWith(bytes(kAnswer));
-    QCOMPARE(bulkOut(m_handle, bytes(kCommand)), 0);
+    m_device->answerWith(bytes(ANSWER));
+    QCOMPARE(bulkOut(m_handle, bytes(COMMAND)), 0);
     QCOMPARE(bulkIn(m_handle, 1024).code, LIBUSB_ERROR_PIPE);
-    QCOMPARE(bulkIn(m_handle, 1024).bytes, bytes(kAnswer));
+    QCOMPARE(bulkIn(m_handle, 1024).bytes, bytes(ANSWER));
 }
 
 void BusFaultTest::commandFaultCountsCommandsOnly() {
@@ -256,44 +256,44 @@ void BusFaultTest::commandFaultCountsCommandsOnly() {
     fault.nth = 2;
     m_bus->addFault(m_id, fault);
     for (const char* const code : {"0000", "f6ff", "0000"}) {
-        QCOMPARE(bulkOut(m_handle, bytes(kCommand)), 0);
-        QCOMPARE(bulkOut(m_handle, bytes(kDataHead)), 0);
-        m_device->answerWith(bytes(kAnswer));
+        QCOMPARE(bulkOut(m_handle, bytes(COMMAND)), 0);
+        QCOMPARE(bulkOut(m_handle, bytes(DATA_HEAD)), 0);
+        m_device->answerWith(bytes(ANSWER));
         const QByteArray expected = QByteArray("0100 3412 20000000 ") + code + "0000";
-        QCOMPARE(bulkIn(m_handle, 1024).bytes, bytes(expected + kNoParameters));
+        QCOMPARE(bulkIn(m_handle, 1024).bytes, bytes(expected + NO_PARAMETERS));
     }
     QCOMPARE(m_bus->log(m_id).commandCount, 3U);
 }
 
 void BusFaultTest::lostCommandGetsNoAnswer() {
     m_bus->addFault(m_id, onCommand(FaultKind::Timeout));
-    QCOMPARE(bulkOut(m_handle, bytes(kCommand)), 0);
+    QCOMPARE(bulkOut(m_handle, bytes(COMMAND)), 0);
     QVERIFY(m_device->received().empty());
-    QCOMPARE(bulkIn(m_handle, 1024, kShortTimeout).code, LIBUSB_ERROR_TIMEOUT);
-    QCOMPARE(bulkOut(m_handle, bytes(kCommand)), 0);
+    QCOMPARE(bulkIn(m_handle, 1024, SHORT_TIMEOUT).code, LIBUSB_ERROR_TIMEOUT);
+    QCOMPARE(bulkOut(m_handle, bytes(COMMAND)), 0);
     QCOMPARE(m_device->received().size(), 1U);
 }
 
 void BusFaultTest::dataHeadFaultWaitsForTheDataPhase() {
     m_bus->addFault(m_id, onCommand(FaultKind::WrongDataHead));
-    QCOMPARE(bulkOut(m_handle, bytes(kCommand)), 0);
-    m_device->answerWith(bytes(kAnswer));
-    m_device->answerWith(bytes(kDataHead));
-    QCOMPARE(bulkIn(m_handle, 1024).bytes, bytes(kAnswer));
+    QCOMPARE(bulkOut(m_handle, bytes(COMMAND)), 0);
+    m_device->answerWith(bytes(ANSWER));
+    m_device->answerWith(bytes(DATA_HEAD));
+    QCOMPARE(bulkIn(m_handle, 1024).bytes, bytes(ANSWER));
     QCOMPARE(bulkIn(m_handle, 1024).bytes, bytes("0200 3412 efffffff 04000000 01020304"));
 }
 
 void BusFaultTest::faultOfAnAnswerEndsWithTheNextCommand() {
     m_bus->addFault(m_id, onCommand(FaultKind::ForeignId));
-    QCOMPARE(bulkOut(m_handle, bytes(kCommand)), 0);
-    QCOMPARE(bulkOut(m_handle, bytes(kCommand)), 0);
-    m_device->answerWith(bytes(kAnswer));
-    QCOMPARE(bulkIn(m_handle, 1024).bytes, bytes(kAnswer));
+    QCOMPARE(bulkOut(m_handle, bytes(COMMAND)), 0);
+    QCOMPARE(bulkOut(m_handle, bytes(COMMAND)), 0);
+    m_device->answerWith(bytes(ANSWER));
+    QCOMPARE(bulkIn(m_handle, 1024).bytes, bytes(ANSWER));
 }
 
 void BusFaultTest::faultOfNoTransfersNeverStrikes() {
     m_bus->addFault(m_id, {.kind = FaultKind::Stall, .count = 0});
-    QCOMPARE(bulkOut(m_handle, bytes(kCommand)), 0);
+    QCOMPARE(bulkOut(m_handle, bytes(COMMAND)), 0);
 }
 
 void BusFaultTest::everyFaultHasANameOfItsOwn() {

@@ -19,10 +19,10 @@ namespace {
 using namespace std::chrono_literals;
 using Bytes = ScriptedDevice::Bytes;
 
-constexpr auto kPatience = BusBench::kPatience;
+constexpr auto PATIENCE = BusBench::PATIENCE;
 
 /// Tells a camera something in hexadecimal, without fetching its answer.
-bool order(const UsbHandle& handle, const QByteArray& hex) {
+bool order(const LibusbHandle& handle, const QByteArray& hex) {
     const QByteArray raw = QByteArray::fromHex(hex);
     return bulkOut(handle, Bytes(raw.begin(), raw.end())) == 0;
 }
@@ -62,12 +62,12 @@ void BusPluggingTest::busIsAvailableHere() {
 }
 
 void BusPluggingTest::emptyBusHasNoDevices() {
-    QCOMPARE(UsbDeviceList(m_bench->context).count(), 0);
+    QCOMPARE(LibusbDeviceList(m_bench->context.get()).devices().size(), 0U);
     QVERIFY(m_bench->bus.devices().empty());
 }
 
 void BusPluggingTest::devicesArePluggedWhileLibusbRuns() {
-    QCOMPARE(UsbDeviceList(m_bench->context).count(), 0);
+    QCOMPARE(LibusbDeviceList(m_bench->context.get()).devices().size(), 0U);
     const DeviceId id = m_bench->plug();
     QVERIFY(id);
     QVERIFY(m_bench->deviceCountBecomes(1));
@@ -79,20 +79,21 @@ void BusPluggingTest::devicesArePluggedWhileLibusbRuns() {
 
 void BusPluggingTest::unpluggingEndsAPendingRead() {
     const DeviceId id = m_bench->plug();
-    const UsbHandle handle = m_bench->openClaimed(id);
+    const LibusbHandle handle = m_bench->openClaimed(id);
     QVERIFY(handle);
-    auto reading = std::async(std::launch::async, [&] { return bulkIn(handle, 1024, 10000); });
-    QVERIFY(m_bench->bus.waitForLog(id, isWaiting, kPatience));
+    auto reading = std::async(std::launch::async, [&] { return bulkIn(handle, 1024); });
+    QVERIFY(m_bench->bus.waitForLog(id, isWaiting, PATIENCE));
     QElapsedTimer timer;
     timer.start();
     m_bench->bus.unplug(id);
     QCOMPARE(reading.get().code, LIBUSB_ERROR_NO_DEVICE);
-    QVERIFY2(timer.elapsed() < 500, qPrintable(QString::number(timer.elapsed())));
+    QCOMPARE_LT(timer.elapsed(), PATIENCE_MS / 2);  // the read's time-out is not waited for
+    QCOMPARE(m_bench->bus.log(id).transfers.back().status, -ESHUTDOWN);
 }
 
 void BusPluggingTest::everyCallOnAnUnpluggedDeviceFails() {
     const DeviceId id = m_bench->plug();
-    const UsbHandle handle = m_bench->openClaimed(id);
+    const LibusbHandle handle = m_bench->openClaimed(id);
     QVERIFY(handle);
     m_bench->bus.unplug(id);
     QCOMPARE(bulkOut(handle, pattern(32)), LIBUSB_ERROR_NO_DEVICE);
@@ -124,7 +125,7 @@ void BusPluggingTest::replugOfAPluggedDeviceIsRefused() {
 void BusPluggingTest::hundredPlugCycles() {
     const DeviceId id = m_bench->plug();
     for (int cycle = 0; cycle < 100; ++cycle) {
-        UsbHandle handle = m_bench->openClaimed(id);
+        LibusbHandle handle = m_bench->openClaimed(id);
         QVERIFY2(handle, qPrintable(QString::number(cycle)));
         QCOMPARE(bulkOut(handle, pattern(32)), 0);
         const bool closesFirst = cycle % 2 == 0;
@@ -137,21 +138,21 @@ void BusPluggingTest::hundredPlugCycles() {
         QVERIFY(m_bench->bus.replug(id));
     }
     const auto allClosed = [](const DeviceLog& log) { return log.openHandles == 0; };
-    QVERIFY(m_bench->bus.waitForLog(id, allClosed, kPatience));
+    QVERIFY(m_bench->bus.waitForLog(id, allClosed, PATIENCE));
     QCOMPARE(m_bench->bus.log(id).timesPlugged, 101);
     QCOMPARE(m_bench->device->received().size(), 100U);
 }
 
 void BusPluggingTest::thousandSearchPasses() {
     const DeviceId id = m_bench->plug();
-    const UsbHandle handle = m_bench->open(id);
+    const LibusbHandle handle = m_bench->open(id);
     QVERIFY(handle);
     for (int pass = 0; pass < 1000; ++pass) {
-        const UsbDeviceList list(m_bench->context);
-        QCOMPARE(list.count(), 1);
+        const LibusbDeviceList list(m_bench->context.get());
+        QCOMPARE(list.devices().size(), 1U);
         libusb_device_descriptor descriptor{};
-        QCOMPARE(libusb_get_device_descriptor(list.at(0), &descriptor), 0);
-        QCOMPARE(list.at(0), libusb_get_device(handle.get()));
+        QCOMPARE(libusb_get_device_descriptor(list.devices().front(), &descriptor), 0);
+        QCOMPARE(list.devices().front(), libusb_get_device(handle.get()));
     }
 }
 
@@ -160,8 +161,8 @@ void BusPluggingTest::twoDevicesKeepApart() {
     const DeviceId first = m_bench->plug();
     const DeviceId second = m_bench->bus.plug(other);
     QCOMPARE(m_bench->bus.devices(), (std::vector{first, second}));
-    const UsbHandle firstHandle = m_bench->openClaimed(first);
-    const UsbHandle secondHandle = m_bench->openClaimed(second);
+    const LibusbHandle firstHandle = m_bench->openClaimed(first);
+    const LibusbHandle secondHandle = m_bench->openClaimed(second);
     QVERIFY(firstHandle);
     QVERIFY(secondHandle);
     QCOMPARE(bulkOut(firstHandle, pattern(1)), 0);
@@ -177,14 +178,14 @@ void BusPluggingTest::restartingDeviceComesBackUnderANewNumber() {
     options.restartDelay = 30ms;
     const DeviceId id = m_bench->plug(options);
     const auto number = m_bench->bus.deviceNumber(id);
-    const UsbHandle handle = m_bench->openClaimed(id);
+    const LibusbHandle handle = m_bench->openClaimed(id);
     QVERIFY(handle);
     m_bench->device->answerWith(pattern(32));
     m_bench->device->restartAfterNextRead();
     QCOMPARE(bulkIn(handle, 1024).bytes, pattern(32));
     const auto pluggedTwice = [](const DeviceLog& log) { return log.timesPlugged == 2; };
-    QVERIFY(m_bench->bus.waitForLog(id, pluggedTwice, kPatience));
-    QVERIFY(m_bench->bus.waitForPlugged(id, true, kPatience));
+    QVERIFY(m_bench->bus.waitForLog(id, pluggedTwice, PATIENCE));
+    QVERIFY(m_bench->bus.waitForPlugged(id, true, PATIENCE));
     QVERIFY(m_bench->bus.deviceNumber(id) != number);
     QCOMPARE(bulkOut(handle, pattern(1)), LIBUSB_ERROR_NO_DEVICE);
     QVERIFY(m_bench->openClaimed(id));
@@ -194,12 +195,12 @@ void BusPluggingTest::unplugDuringRestartIsFinal() {
     DeviceOptions options;
     options.restartDelay = 50ms;
     const DeviceId id = m_bench->plug(options);
-    const UsbHandle handle = m_bench->openClaimed(id);
+    const LibusbHandle handle = m_bench->openClaimed(id);
     QVERIFY(handle);
     m_bench->device->answerWith(pattern(32));
     m_bench->device->restartAfterNextRead();
     QCOMPARE(bulkIn(handle, 1024).code, 0);
-    QVERIFY(m_bench->bus.waitForPlugged(id, false, kPatience));
+    QVERIFY(m_bench->bus.waitForPlugged(id, false, PATIENCE));
     m_bench->bus.unplug(id);
     QVERIFY(!m_bench->bus.waitForPlugged(id, true, 200ms));
 }
@@ -209,19 +210,19 @@ void BusPluggingTest::aCameraToldToRestartComesBackUnderANewNumber() {
     options.restartDelay = 30ms;
     const DeviceId id = m_bench->bus.plug(std::make_shared<VirtualCamera>(), options);
     const auto number = m_bench->bus.deviceNumber(id);
-    const UsbHandle handle = m_bench->openClaimed(id);
+    const LibusbHandle handle = m_bench->openClaimed(id);
     QVERIFY(handle);
     QVERIFY(order(handle, command("0268")));
     // It stays until the host knows that it has understood.
     QCOMPARE(m_bench->bus.deviceNumber(id), number);
     QCOMPARE(bulkIn(handle, 1024).bytes.size(), 32U);
     const auto pluggedTwice = [](const DeviceLog& log) { return log.timesPlugged == 2; };
-    QVERIFY(m_bench->bus.waitForLog(id, pluggedTwice, kPatience));
-    QVERIFY(m_bench->bus.waitForPlugged(id, true, kPatience));
+    QVERIFY(m_bench->bus.waitForLog(id, pluggedTwice, PATIENCE));
+    QVERIFY(m_bench->bus.waitForPlugged(id, true, PATIENCE));
     QVERIFY(m_bench->bus.deviceNumber(id) != number);
     QVERIFY(!order(handle, command("3750")));
 
-    const UsbHandle again = m_bench->openClaimed(id);
+    const LibusbHandle again = m_bench->openClaimed(id);
     QVERIFY(again);
     QVERIFY(order(again, command("3750")));
     QCOMPARE(bulkIn(again, 1024).bytes.size(), 32U);
@@ -231,12 +232,12 @@ void BusPluggingTest::aCameraToldToPowerOffLeavesAndStaysAway() {
     DeviceOptions options;
     options.restartDelay = 10ms;
     const DeviceId id = m_bench->bus.plug(std::make_shared<VirtualCamera>(), options);
-    const UsbHandle handle = m_bench->openClaimed(id);
+    const LibusbHandle handle = m_bench->openClaimed(id);
     QVERIFY(handle);
     QVERIFY(order(handle, command("0168")));
     QVERIFY(m_bench->bus.deviceNumber(id).has_value());
     QCOMPARE(bulkIn(handle, 1024).bytes.size(), 32U);
-    QVERIFY(m_bench->bus.waitForPlugged(id, false, kPatience));
+    QVERIFY(m_bench->bus.waitForPlugged(id, false, PATIENCE));
     QVERIFY(m_bench->deviceCountBecomes(0));
     QVERIFY(!order(handle, command("3750")));
     QVERIFY(!m_bench->bus.waitForPlugged(id, true, 200ms));

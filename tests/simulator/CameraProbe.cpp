@@ -18,9 +18,9 @@ namespace {
 using Handle = std::unique_ptr<libusb_device_handle, decltype(&libusb_close)>;
 using Packet = std::array<std::uint8_t, 32>;
 
-constexpr unsigned kTimeout = 1000;
-constexpr std::size_t kCode = 8;
-constexpr std::size_t kSecondParameter = 16;
+constexpr unsigned TIMEOUT = 10'000;
+constexpr std::size_t CODE = 8;
+constexpr std::size_t SECOND_PARAMETER = 16;
 
 int countCameras(libusb_context* context) {
     libusb_device** list = nullptr;
@@ -44,18 +44,17 @@ int ask(libusb_context* context, std::uint8_t codeLow, std::uint8_t codeHigh, Pa
         return LIBUSB_ERROR_NO_DEVICE;
     }
     Packet command{0, 0, 1, 0, sizeof(Packet)};
-    command[kCode] = codeLow;
-    command[kCode + 1] = codeHigh;
+    command[CODE] = codeLow;
+    command[CODE + 1] = codeHigh;
     int moved = 0;
     int error = libusb_claim_interface(handle.get(), 0);
     if (error == 0) {
         error = libusb_bulk_transfer(handle.get(), 0x02, command.data(), sizeof(Packet), &moved,
-                                     kTimeout);
+                                     TIMEOUT);
     }
     std::array<std::uint8_t, 512> room{};
     if (error == 0) {
-        error =
-            libusb_bulk_transfer(handle.get(), 0x81, room.data(), room.size(), &moved, kTimeout);
+        error = libusb_bulk_transfer(handle.get(), 0x81, room.data(), room.size(), &moved, TIMEOUT);
     }
     std::copy(room.begin(), room.begin() + sizeof(Packet), answer.begin());
     return error;
@@ -74,7 +73,7 @@ int main() {
             std::cout << countCameras(context) << std::endl;
         } else if (line == "battery") {
             const int error = ask(context, 0x37, 0x50, answer);
-            std::cout << (error == 0 ? int{answer[kSecondParameter]} : error) << std::endl;
+            std::cout << (error == 0 ? int{answer[SECOND_PARAMETER]} : error) << std::endl;
         } else {
             std::cout << ask(context, 0x02, 0x68, answer) << std::endl;
         }

@@ -59,7 +59,7 @@ void CameraSimulatorTest::cleanup() {
     m_control.reset();
     m_process->closeWriteChannel();
     if (m_process->state() != QProcess::NotRunning) {
-        QVERIFY(m_process->waitForFinished(kPatience));
+        QVERIFY(m_process->waitForFinished(PATIENCE_MS));
     }
     m_process.reset();
 }
@@ -75,19 +75,19 @@ void CameraSimulatorTest::start(const QStringList& options) {
         }
         return m_control->state() == QLocalSocket::ConnectedState;
     };
-    QTRY_VERIFY_WITH_TIMEOUT(connects(), kPatience);
+    TRY_VERIFY(connects());
 }
 
 QByteArray CameraSimulatorTest::control(const QByteArray& line) {
     m_control->write(line + '\n');
-    while (!m_control->canReadLine() && m_control->waitForReadyRead(kPatience)) {
+    while (!m_control->canReadLine() && m_control->waitForReadyRead(PATIENCE_MS)) {
     }
     return m_control->readLine().trimmed();
 }
 
 QByteArray CameraSimulatorTest::probe(const QByteArray& line) {
     m_process->write(line + '\n');
-    while (!m_process->canReadLine() && m_process->waitForReadyRead(kPatience)) {
+    while (!m_process->canReadLine() && m_process->waitForReadyRead(PATIENCE_MS)) {
     }
     return m_process->readLine().trimmed();
 }
@@ -176,9 +176,9 @@ void CameraSimulatorTest::cameraIsPluggedAndUnplugged() {
     QCOMPARE(control("unplug"), QByteArray("error: the camera is not plugged in"));
     for (int i = 0; i < 3; ++i) {
         QCOMPARE(control("plug"), QByteArray("ok"));
-        QTRY_COMPARE_WITH_TIMEOUT(probe("count"), QByteArray("1"), kPatience);
+        TRY_COMPARE(probe("count"), QByteArray("1"));
         QCOMPARE(control("unplug"), QByteArray("ok"));
-        QTRY_COMPARE_WITH_TIMEOUT(probe("count"), QByteArray("0"), kPatience);
+        TRY_COMPARE(probe("count"), QByteArray("0"));
     }
 }
 
@@ -186,8 +186,8 @@ void CameraSimulatorTest::cameraRestarts() {
     start({u"--restart-delay"_s, u"50"_s});
     QCOMPARE(probe("restart"), QByteArray("0"));
     const auto isBack = [&] { return control("status").contains("device 3"); };
-    QTRY_VERIFY_WITH_TIMEOUT(isBack(), kPatience);
-    QTRY_COMPARE_WITH_TIMEOUT(probe("battery"), QByteArray("85"), kPatience);
+    TRY_VERIFY(isBack());
+    TRY_COMPARE(probe("battery"), QByteArray("85"));
 }
 
 void CameraSimulatorTest::faultsStrikeTheCommand() {
@@ -199,7 +199,7 @@ void CameraSimulatorTest::faultsStrikeTheCommand() {
     QCOMPARE(probe("battery"), QByteArray("-9"));
     QCOMPARE(control("clear-faults"), QByteArray("ok"));
     const auto succeeds = [&] { return probe("battery") == "85"; };
-    QTRY_VERIFY_WITH_TIMEOUT(succeeds(), kPatience);
+    TRY_VERIFY(succeeds());
 }
 
 void CameraSimulatorTest::camerasAreNamedByNumber() {
@@ -215,20 +215,20 @@ void CameraSimulatorTest::statusTellsWhatHappened() {
     start({u"--cameras"_s, u"2"_s});
     QCOMPARE(control("unplug 2"), QByteArray("ok"));
     // The probe may still see the camera that has just gone. Each success counts as a transfer.
-    QVERIFY(QTest::qWaitFor([&] { return probe("battery") == "85"; }, kPatience));
+    QVERIFY(QTest::qWaitFor([&] { return probe("battery") == "85"; }, PATIENCE_MS));
     const QByteArray expected =
         "ok camera 1: device 2, open 0, transfers 2, commands 1; "
         "camera 2: unplugged, open 0, transfers 0, commands 0";
-    QTRY_COMPARE_WITH_TIMEOUT(control("status"), expected, kPatience);
+    TRY_COMPARE(control("status"), expected);
 }
 
 void CameraSimulatorTest::severalClientsAreServed() {
     start();
     QLocalSocket second;
     second.connectToServer(path(u"c"_s));
-    QVERIFY(second.waitForConnected(kPatience));
+    QVERIFY(second.waitForConnected(PATIENCE_MS));
     second.write("set battery 3\nget battery\n");
-    QTRY_COMPARE_WITH_TIMEOUT(second.bytesAvailable(), 8, kPatience);
+    TRY_COMPARE(second.bytesAvailable(), 8);
     QCOMPARE(second.readAll(), QByteArray("ok\nok 3\n"));
     QCOMPARE(control("get battery"), QByteArray("ok 3"));
 }
@@ -236,18 +236,18 @@ void CameraSimulatorTest::severalClientsAreServed() {
 void CameraSimulatorTest::lineWithoutEndIsAnswered() {
     start();
     m_control->write("get battery");
-    QVERIFY(m_control->waitForBytesWritten(kPatience));
+    QVERIFY(m_control->waitForBytesWritten(PATIENCE_MS));
     QCOMPARE(::shutdown(static_cast<int>(m_control->socketDescriptor()), SHUT_WR), 0);
-    QTRY_VERIFY_WITH_TIMEOUT(m_control->canReadLine(), kPatience);
+    TRY_VERIFY(m_control->canReadLine());
     QCOMPARE(m_control->readLine(), QByteArray("ok 85\n"));
 }
 
 void CameraSimulatorTest::endlessLineIsRefused() {
     start();
     m_control->write(QByteArray(10000, 'x'));
-    QTRY_VERIFY_WITH_TIMEOUT(m_control->canReadLine(), kPatience);
+    TRY_VERIFY(m_control->canReadLine());
     QCOMPARE(m_control->readLine(), QByteArray("error: the line is too long\n"));
-    QTRY_COMPARE_WITH_TIMEOUT(m_control->state(), QLocalSocket::UnconnectedState, kPatience);
+    TRY_COMPARE(m_control->state(), QLocalSocket::UnconnectedState);
 }
 
 void CameraSimulatorTest::scriptRunsInOrderAndReports() {
@@ -259,10 +259,10 @@ void CameraSimulatorTest::scriptRunsInOrderAndReports() {
     timer.start();
     m_process->start(program(),
                      {u"--script"_s, script.fileName(), u"--"_s, QStringLiteral(PROBE_PROGRAM)});
-    QTRY_COMPARE_WITH_TIMEOUT(probe("count"), QByteArray("0"), kPatience);
+    TRY_COMPARE(probe("count"), QByteArray("0"));
     QVERIFY(timer.elapsed() >= 60);
     m_process->closeWriteChannel();
-    QVERIFY(m_process->waitForFinished(kPatience));
+    QVERIFY(m_process->waitForFinished(PATIENCE_MS));
     const QByteArray where = script.fileName().toLatin1();
     QCOMPARE(m_process->readAllStandardError(),
              where + ":3: ok\n" + where + ":4: ok\n" + where + ":5: ok 9\n" + where +
@@ -275,7 +275,7 @@ void CameraSimulatorTest::typedLinesAreAnsweredOnTheTerminal() {
     QCOMPARE(probe("dance"), QByteArray("error: no command \"dance\", try \"help\""));
     m_process->closeWriteChannel();
     m_process->terminate();
-    QVERIFY(m_process->waitForFinished(kPatience));
+    QVERIFY(m_process->waitForFinished(PATIENCE_MS));
     QCOMPARE(m_process->exitCode(), 128 + SIGTERM);
 }
 
@@ -289,7 +289,7 @@ void CameraSimulatorTest::leftOverSocketIsReplacedAndOtherFilesAreKept() {
     QCOMPARE(runSimulator({u"--control"_s, path(u"c"_s), u"--"_s, u"true"_s}).exitCode, 2);
     QCOMPARE(control("get battery"), QByteArray("ok 85"));
     m_process->kill();
-    QVERIFY(m_process->waitForFinished(kPatience));
+    QVERIFY(m_process->waitForFinished(PATIENCE_MS));
     QVERIFY(QFile::exists(path(u"c"_s)));
     m_control = std::make_unique<QLocalSocket>();
     start();

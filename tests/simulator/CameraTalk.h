@@ -37,16 +37,16 @@ inline QByteArray plainHex(const QByteArray& hex) {
 /// A command of id 0x1234 with the code and the parameters as they stand on the wire; parameters
 /// that are left out are 0.
 inline QByteArray command(const QByteArray& code, const QByteArray& parameters = {}) {
-    constexpr qsizetype kParameterDigits = 40;
+    constexpr qsizetype PARAMETER_DIGITS = 40;
     return "0000 3412 20000000" + code + "0000" +
-           plainHex(parameters).leftJustified(kParameterDigits, '0');
+           plainHex(parameters).leftJustified(PARAMETER_DIGITS, '0');
 }
 
 /// The answer to it.
 inline QByteArray reply(const QByteArray& result, const QByteArray& parameters = {}) {
-    constexpr qsizetype kParameterDigits = 40;
+    constexpr qsizetype PARAMETER_DIGITS = 40;
     return plainHex("0100 3412 20000000" + result + "0000" +
-                    plainHex(parameters).leftJustified(kParameterDigits, '0'));
+                    plainHex(parameters).leftJustified(PARAMETER_DIGITS, '0'));
 }
 
 }  // namespace nubo::simulator

@@ -112,10 +112,10 @@ void SimulatorProgramTest::askedToEndItEndsItsCommandFirst() {
     process.start(program(),
                   shell(u"trap 'echo ended; exit 7' TERM; echo ready; while :; do sleep 0.01; "
                         "done"_s));
-    QTRY_VERIFY_WITH_TIMEOUT(process.canReadLine(), kPatience);
+    TRY_VERIFY(process.canReadLine());
     QCOMPARE(process.readLine(), QByteArray("ready\n"));
     ::kill(static_cast<pid_t>(process.processId()), signal);
-    QVERIFY(process.waitForFinished(kPatience));
+    QVERIFY(process.waitForFinished(PATIENCE_MS));
     QCOMPARE(process.exitCode(), 7);
     QCOMPARE(process.readAllStandardOutput(), QByteArray("ended\n"));
 }

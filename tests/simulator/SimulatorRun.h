@@ -4,7 +4,7 @@
 #include <QProcess>
 #include <QStringList>
 
-inline constexpr int kPatience = 20000;  ///< milliseconds
+#include "tests/support/Patience.h"
 
 inline QString program() {
     return QStringLiteral(SIMULATOR_PROGRAM);
@@ -24,7 +24,7 @@ struct Run {
 inline Run runSimulator(const QStringList& arguments) {
     QProcess process;
     process.start(program(), arguments);
-    if (!process.waitForFinished(kPatience)) {
+    if (!process.waitForFinished(PATIENCE_MS)) {
         return {};
     }
     return {process.exitCode(), process.readAllStandardOutput(), process.readAllStandardError()};

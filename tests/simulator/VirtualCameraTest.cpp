@@ -15,16 +15,16 @@ namespace nubo::simulator {
 namespace {
 
 // Type, id 0x1234, length 32, code and reserved word, and five parameters.
-const QByteArray kNoParameters = "00000000 00000000 00000000 00000000 00000000";
-const QByteArray kPlain = "0100 3412 20000000 0000 0000 ";
-const QByteArray kSuccess = kPlain + kNoParameters;
+const QByteArray NO_PARAMETERS = "00000000 00000000 00000000 00000000 00000000";
+const QByteArray PLAIN = "0100 3412 20000000 0000 0000 ";
+const QByteArray SUCCESS = PLAIN + NO_PARAMETERS;
 
 // Each item takes one of them that it does not have yet.
-constexpr std::array<std::string_view, 6> kSampleValues = {
+constexpr std::array<std::string_view, 6> SAMPLE_VALUES = {
     "2", "3", "on", "off", "10.1.2.3", "2014/03/09 07:05:01"};
 
 QByteArray command(const QByteArray& code) {
-    return "0000 3412 20000000 " + code + " 0000 " + kNoParameters;
+    return "0000 3412 20000000 " + code + " 0000 " + NO_PARAMETERS;
 }
 
 std::vector<std::uint8_t> bytes(const QByteArray& hex) {
@@ -73,33 +73,33 @@ void VirtualCameraTest::answersWithGoldenBytes_data() {
     QTest::addColumn<QByteArrayList>("replies");
 
     QTest::newRow("battery") << command("3750")
-                             << QByteArrayList{kPlain +
+                             << QByteArrayList{PLAIN +
                                                "01000000 55000000 00000000 00000000 00000000"};
     QTest::newRow("SD card") << command("3950")
-                             << QByteArrayList{kPlain +
+                             << QByteArrayList{PLAIN +
                                                "00000000 002c7600 00000000 66a21700 03000000"};
     QTest::newRow("Wi-Fi information")
         << command("0150")
-        << QByteArrayList{kPlain + "02000000 00000000 00000000 00000000 00000000",
+        << QByteArrayList{PLAIN + "02000000 00000000 00000000 00000000 00000000",
                           "0100 3412 26000000 0000 0000 00000000 07000000 486172626f7572 07000000 "
                           "486172626f7572",
-                          kPlain + "00000000 06000000 04000000 00000000 48000000"};
+                          PLAIN + "00000000 06000000 04000000 00000000 48000000"};
     QTest::newRow("access points")
         << command("0250")
         << QByteArrayList{
-               kPlain + "03000000 00000000 00000000 00000000 00000000",
+               PLAIN + "03000000 00000000 00000000 00000000 00000000",
                "0100 3412 1f000000 0000 0000 01000000 07000000 486172626f7572 00000000",
-               kPlain + "01000000 06000000 04000000 00000000 48000000",
+               PLAIN + "01000000 06000000 04000000 00000000 48000000",
                "0100 3412 20000000 0000 0000 02000000 08000000 576f726b73686f70 00000000",
-               kPlain + "02000000 01000000 02000000 00000000 30000000",
+               PLAIN + "02000000 01000000 02000000 00000000 30000000",
                "0100 3412 1d000000 0000 0000 03000000 05000000 4775657374 00000000",
-               kPlain + "03000000 0b000000 00000000 00000000 17000000"};
-    QTest::newRow("format") << command("0368") << QByteArrayList{kSuccess};
-    QTest::newRow("reset settings") << command("0468") << QByteArrayList{kSuccess};
-    QTest::newRow("restart") << command("0268") << QByteArrayList{kSuccess};
+               PLAIN + "03000000 0b000000 00000000 00000000 17000000"};
+    QTest::newRow("format") << command("0368") << QByteArrayList{SUCCESS};
+    QTest::newRow("reset settings") << command("0468") << QByteArrayList{SUCCESS};
+    QTest::newRow("restart") << command("0268") << QByteArrayList{SUCCESS};
 
-    const QByteArray unknown = "0100 3412 20000000 fcff 0000 " + kNoParameters;
-    const QByteArray wrongLength = "0100 3412 20000000 fdff 0000 " + kNoParameters;
+    const QByteArray unknown = "0100 3412 20000000 fcff 0000 " + NO_PARAMETERS;
+    const QByteArray wrongLength = "0100 3412 20000000 fdff 0000 " + NO_PARAMETERS;
     QTest::newRow("unknown code") << command("ff7f") << QByteArrayList{unknown};
     QTest::newRow("code zero") << command("0000") << QByteArrayList{unknown};
     QTest::newRow("data that no command announced")
@@ -108,13 +108,13 @@ void VirtualCameraTest::answersWithGoldenBytes_data() {
                                 << QByteArrayList{wrongLength};
     QTest::newRow("id only") << QByteArray("0000 3412") << QByteArrayList{wrongLength};
     QTest::newRow("length field too small")
-        << QByteArray("0000 3412 1f000000 3750 0000 " + kNoParameters)
+        << QByteArray("0000 3412 1f000000 3750 0000 " + NO_PARAMETERS)
         << QByteArrayList{wrongLength};
     QTest::newRow("length field too large")
-        << QByteArray("0000 3412 ffffffff 3750 0000 " + kNoParameters)
+        << QByteArray("0000 3412 ffffffff 3750 0000 " + NO_PARAMETERS)
         << QByteArrayList{wrongLength};
     QTest::newRow("too long for the command")
-        << QByteArray("0000 3412 21000000 3750 0000 " + kNoParameters + "00")
+        << QByteArray("0000 3412 21000000 3750 0000 " + NO_PARAMETERS + "00")
         << QByteArrayList{wrongLength};
     QTest::newRow("parameters cut")
         << QByteArray("0000 3412 10000000 3750 0000 00000000") << QByteArrayList{wrongLength};
@@ -172,7 +172,7 @@ void VirtualCameraTest::emptyListOfAccessPointsHasNoFollowUp() {
     state.accessPoints.clear();
     camera.setState(state);
     camera.receive(bytes(command("0250")));
-    QCOMPARE(answers(camera), QByteArrayList{plainHex(kSuccess)});
+    QCOMPARE(answers(camera), QByteArrayList{plainHex(SUCCESS)});
 }
 
 void VirtualCameraTest::formattingEmptiesTheCardOnly() {
@@ -220,7 +220,7 @@ void VirtualCameraTest::everyItemTakesItsOwnValue() {
     for (const CameraItem& changed : cameraItems()) {
         VirtualCamera camera;
         const CameraState before = camera.state();
-        const bool taken = std::ranges::any_of(kSampleValues, [&](const std::string_view value) {
+        const bool taken = std::ranges::any_of(SAMPLE_VALUES, [&](const std::string_view value) {
             return changed.get(before) != value && camera.set(changed.name, value) &&
                    (moving.contains(changed.name) || camera.get(changed.name) == value);
         });

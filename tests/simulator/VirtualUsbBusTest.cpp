@@ -19,7 +19,7 @@ namespace {
 using namespace std::chrono_literals;
 using Bytes = ScriptedDevice::Bytes;
 
-constexpr auto kPatience = BusBench::kPatience;
+constexpr auto PATIENCE = BusBench::PATIENCE;
 
 }  // namespace
 
@@ -57,15 +57,15 @@ private:
 void VirtualUsbBusTest::pluggedDeviceShowsItsDescriptors() {
     m_bench->plug();
     QVERIFY(m_bench->deviceCountBecomes(1));
-    const UsbDeviceList list(m_bench->context);
+    const LibusbDeviceList list(m_bench->context.get());
     libusb_device_descriptor device{};
-    QCOMPARE(libusb_get_device_descriptor(list.at(0), &device), 0);
+    QCOMPARE(libusb_get_device_descriptor(list.devices().front(), &device), 0);
     QCOMPARE(device.idVendor, NUBO_USB_VENDOR_ID);
     QCOMPARE(device.idProduct, NUBO_USB_PRODUCT_ID);
     QCOMPARE(device.bNumConfigurations, 1);
 
     libusb_config_descriptor* raw = nullptr;
-    QCOMPARE(libusb_get_config_descriptor(list.at(0), 0, &raw), 0);
+    QCOMPARE(libusb_get_config_descriptor(list.devices().front(), 0, &raw), 0);
     const std::unique_ptr<libusb_config_descriptor, void (*)(libusb_config_descriptor*)> config(
         raw, libusb_free_config_descriptor);
     QCOMPARE(config->bNumInterfaces, 1);
@@ -87,10 +87,10 @@ void VirtualUsbBusTest::describedInterfacesAreShown() {
         {{AlternateSetting{}, AlternateSetting{{special}, 8, 6, 80, {4, 0x21, 0xAB, 0xCD}}}}};
     m_bench->plug(options);
     QVERIFY(m_bench->deviceCountBecomes(1));
-    const UsbDeviceList list(m_bench->context);
+    const LibusbDeviceList list(m_bench->context.get());
     for (std::uint8_t index = 0; index < 2; ++index) {
         libusb_config_descriptor* raw = nullptr;
-        QCOMPARE(libusb_get_config_descriptor(list.at(0), index, &raw), 0);
+        QCOMPARE(libusb_get_config_descriptor(list.devices().front(), index, &raw), 0);
         const std::unique_ptr<libusb_config_descriptor, void (*)(libusb_config_descriptor*)> config(
             raw, libusb_free_config_descriptor);
         QCOMPARE(config->bConfigurationValue, index + 1);
@@ -116,7 +116,7 @@ void VirtualUsbBusTest::bytesGoOut_data() {
 void VirtualUsbBusTest::bytesGoOut() {
     QFETCH(int, size);
     const DeviceId id = m_bench->plug();
-    const UsbHandle handle = m_bench->openClaimed(id);
+    const LibusbHandle handle = m_bench->openClaimed(id);
     QVERIFY(handle);
     const Bytes bytes = pattern(static_cast<std::size_t>(size));
     QCOMPARE(bulkOut(handle, bytes), 0);
@@ -138,7 +138,7 @@ void VirtualUsbBusTest::bytesComeIn_data() {
 void VirtualUsbBusTest::bytesComeIn() {
     QFETCH(int, size);
     const DeviceId id = m_bench->plug();
-    const UsbHandle handle = m_bench->openClaimed(id);
+    const LibusbHandle handle = m_bench->openClaimed(id);
     QVERIFY(handle);
     const Bytes bytes = pattern(static_cast<std::size_t>(size));
     m_bench->device->answerWith(bytes);
@@ -152,7 +152,7 @@ void VirtualUsbBusTest::bytesComeIn() {
 }
 
 void VirtualUsbBusTest::longMessageContinuesInNextTransfers() {
-    const UsbHandle handle = m_bench->openClaimed(m_bench->plug());
+    const LibusbHandle handle = m_bench->openClaimed(m_bench->plug());
     QVERIFY(handle);
     const Bytes message = pattern(2500);
     m_bench->device->answerWith(message);
@@ -167,7 +167,7 @@ void VirtualUsbBusTest::longMessageContinuesInNextTransfers() {
 }
 
 void VirtualUsbBusTest::messageThatOverflowsPartOfAPacketIsAnError() {
-    const UsbHandle handle = m_bench->openClaimed(m_bench->plug());
+    const LibusbHandle handle = m_bench->openClaimed(m_bench->plug());
     QVERIFY(handle);
     m_bench->device->answerWith(pattern(32));
     QCOMPARE(bulkIn(handle, 16).code, LIBUSB_ERROR_OVERFLOW);
@@ -175,10 +175,10 @@ void VirtualUsbBusTest::messageThatOverflowsPartOfAPacketIsAnError() {
 
 void VirtualUsbBusTest::readWaitsUntilDeviceHasSomething() {
     const DeviceId id = m_bench->plug();
-    const UsbHandle handle = m_bench->openClaimed(id);
+    const LibusbHandle handle = m_bench->openClaimed(id);
     QVERIFY(handle);
-    auto reading = std::async(std::launch::async, [&] { return bulkIn(handle, 1024, 5000); });
-    QVERIFY(m_bench->bus.waitForLog(id, isWaiting, kPatience));
+    auto reading = std::async(std::launch::async, [&] { return bulkIn(handle, 1024); });
+    QVERIFY(m_bench->bus.waitForLog(id, isWaiting, PATIENCE));
     m_bench->device->answerWith(pattern(32));
     const BulkResult result = reading.get();
     QCOMPARE(result.code, 0);
@@ -187,18 +187,18 @@ void VirtualUsbBusTest::readWaitsUntilDeviceHasSomething() {
 
 void VirtualUsbBusTest::readWithoutAnswerTimesOut() {
     const DeviceId id = m_bench->plug();
-    const UsbHandle handle = m_bench->openClaimed(id);
+    const LibusbHandle handle = m_bench->openClaimed(id);
     QVERIFY(handle);
     const BulkResult result = bulkIn(handle, 1024, 50);
     QCOMPARE(result.code, LIBUSB_ERROR_TIMEOUT);
-    QVERIFY(m_bench->bus.waitForTransfers(id, 1, kPatience));
+    QVERIFY(m_bench->bus.waitForTransfers(id, 1, PATIENCE));
     QCOMPARE(m_bench->bus.log(id).transfers.back().status, -ENOENT);
     m_bench->device->answerWith(pattern(32));
     QCOMPARE(bulkIn(handle, 1024).bytes, pattern(32));
 }
 
 void VirtualUsbBusTest::transferWithoutClaimFails() {
-    const UsbHandle handle = m_bench->open(m_bench->plug());
+    const LibusbHandle handle = m_bench->open(m_bench->plug());
     QVERIFY(handle);
     QCOMPARE(bulkOut(handle, pattern(32)), LIBUSB_ERROR_IO);
     QVERIFY(m_bench->device->received().empty());
@@ -208,7 +208,7 @@ void VirtualUsbBusTest::claimsAndReleasesAreLogged() {
     DeviceOptions options;
     options.description.interfaces.resize(2, DeviceDescription::cameraInterface());
     const DeviceId id = m_bench->plug(options);
-    const UsbHandle handle = m_bench->open(id);
+    const LibusbHandle handle = m_bench->open(id);
     QVERIFY(handle);
     QCOMPARE(libusb_claim_interface(handle.get(), 1), 0);
     QCOMPARE(libusb_claim_interface(handle.get(), 0), 0);
@@ -218,7 +218,7 @@ void VirtualUsbBusTest::claimsAndReleasesAreLogged() {
 }
 
 void VirtualUsbBusTest::unknownInterfaceIsNotFound() {
-    const UsbHandle handle = m_bench->open(m_bench->plug());
+    const LibusbHandle handle = m_bench->open(m_bench->plug());
     QVERIFY(handle);
     QCOMPARE(libusb_claim_interface(handle.get(), 1), LIBUSB_ERROR_NOT_FOUND);
 }
@@ -227,7 +227,7 @@ void VirtualUsbBusTest::busyInterfaceIsRefused() {
     DeviceOptions options;
     options.busyInterfaces = {0};
     const DeviceId id = m_bench->plug(options);
-    const UsbHandle handle = m_bench->open(id);
+    const LibusbHandle handle = m_bench->open(id);
     QVERIFY(handle);
     QCOMPARE(libusb_claim_interface(handle.get(), 0), LIBUSB_ERROR_BUSY);
     QCOMPARE(m_bench->bus.log(id).refusedClaims, std::vector{0});
@@ -238,30 +238,30 @@ void VirtualUsbBusTest::busyInterfaceIsRefused() {
 
 void VirtualUsbBusTest::interfaceClaimedByAnotherHandleIsBusy() {
     const DeviceId id = m_bench->plug();
-    UsbHandle first = m_bench->openClaimed(id);
-    const UsbHandle second = m_bench->open(id);
+    LibusbHandle first = m_bench->openClaimed(id);
+    const LibusbHandle second = m_bench->open(id);
     QVERIFY(first);
     QVERIFY(second);
     QCOMPARE(libusb_claim_interface(second.get(), 0), LIBUSB_ERROR_BUSY);
     first.reset();
     const auto oneLeft = [](const DeviceLog& log) { return log.openHandles == 1; };
-    QVERIFY(m_bench->bus.waitForLog(id, oneLeft, kPatience));
+    QVERIFY(m_bench->bus.waitForLog(id, oneLeft, PATIENCE));
     QCOMPARE(libusb_claim_interface(second.get(), 0), 0);
 }
 
 void VirtualUsbBusTest::openHandlesAreCounted() {
     const DeviceId id = m_bench->plug();
-    UsbHandle first = m_bench->openClaimed(id);
-    UsbHandle second = m_bench->open(id);
+    LibusbHandle first = m_bench->openClaimed(id);
+    LibusbHandle second = m_bench->open(id);
     const auto opened = [](int count) {
         return [count](const DeviceLog& log) { return log.openHandles == count; };
     };
-    QVERIFY(m_bench->bus.waitForLog(id, opened(2), kPatience));
+    QVERIFY(m_bench->bus.waitForLog(id, opened(2), PATIENCE));
     first.reset();
-    QVERIFY(m_bench->bus.waitForLog(id, opened(1), kPatience));
+    QVERIFY(m_bench->bus.waitForLog(id, opened(1), PATIENCE));
     m_bench->bus.unplug(id);
     second.reset();
-    QVERIFY(m_bench->bus.waitForLog(id, opened(0), kPatience));
+    QVERIFY(m_bench->bus.waitForLog(id, opened(0), PATIENCE));
     QCOMPARE(m_bench->bus.log(id).timesOpened, 2);
 }
 
@@ -270,13 +270,13 @@ void VirtualUsbBusTest::deniedNodeCannotBeOpened() {
     options.access = NodeAccess::Denied;
     const DeviceId id = m_bench->plug(options);
     QVERIFY(m_bench->deviceCountBecomes(1));
-    const UsbDeviceList list(m_bench->context);
+    const LibusbDeviceList list(m_bench->context.get());
     libusb_device_handle* handle = nullptr;
     {
         const WithoutFileOverride asAnyUser;
-        QCOMPARE(libusb_open(list.at(0), &handle), LIBUSB_ERROR_ACCESS);
+        QCOMPARE(libusb_open(list.devices().front(), &handle), LIBUSB_ERROR_ACCESS);
         m_bench->bus.setNodeAccess(id, NodeAccess::Allowed);
-        QCOMPARE(libusb_open(list.at(0), &handle), 0);
+        QCOMPARE(libusb_open(list.devices().front(), &handle), 0);
     }
     libusb_close(handle);
 }
@@ -286,10 +286,10 @@ void VirtualUsbBusTest::missingNodeCannotBeOpened() {
     options.access = NodeAccess::Missing;
     const DeviceId id = m_bench->plug(options);
     QVERIFY(m_bench->deviceCountBecomes(1));
-    const UsbDeviceList list(m_bench->context);
+    const LibusbDeviceList list(m_bench->context.get());
     libusb_device_handle* handle = nullptr;
-    QCOMPARE(libusb_open(list.at(0), &handle), LIBUSB_ERROR_NO_DEVICE);
-    QCOMPARE(UsbDeviceList(m_bench->context).count(), 0);
+    QCOMPARE(libusb_open(list.devices().front(), &handle), LIBUSB_ERROR_NO_DEVICE);
+    QCOMPARE(LibusbDeviceList(m_bench->context.get()).devices().size(), 0U);
     m_bench->bus.unplug(id);
     m_bench->bus.setNodeAccess(id, NodeAccess::Allowed);
     m_bench->bus.replug(id);

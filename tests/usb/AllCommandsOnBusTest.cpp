@@ -69,13 +69,13 @@ bool holds(const VX_CMD& answer, const QVariantList& set) {
 CameraState stateOfOtherCamera() {
     CameraState state;
     state.settings.wifiMode = 2;
-    state.settings.streamAuthorization = kOn;
-    state.settings.infraUseDhcp = kOff;
-    state.settings.wifiOn = kOff;
+    state.settings.streamAuthorization = ON;
+    state.settings.infraUseDhcp = OFF;
+    state.settings.wifiOn = OFF;
     state.settings.recordingSize = 3;
     state.settings.liveSize = 2;
     state.settings.timeZone = 1;
-    state.settings.ledStart = kOff;
+    state.settings.ledStart = OFF;
     state.identity.createDay = "2013/01/02 03:04:05";
     const auto bytes = std::make_shared<const ByteVector>(ByteVector{'R', 'I', 'F', 'F'});
     state.data = {bytes, bytes, bytes};

@@ -3,15 +3,18 @@
 
 #include "simulator/VirtualUsbBus.h"
 #include "tests/simulator/ScriptedDevice.h"
+#include "tests/simulator/UsbHost.h"
 #include "usb/ClUsbController.h"
 
 #include <QByteArray>
+
+#include <chrono>
 
 /// A controller, not yet open, for the one device on a virtual bus.
 struct ControllerBench {
     explicit ControllerBench(const nubo::simulator::DeviceOptions& options = {})
         : id(bus.plug(device, options)),
-          context(newContext()),
+          context(nubo::simulator::newLibusbContext()),
           devices(context.get()),
           controller(devices.devices().front()) {}
 
@@ -19,17 +22,16 @@ struct ControllerBench {
     ControllerBench(const ControllerBench&) = delete;
     ControllerBench& operator=(const ControllerBench&) = delete;
 
-    static LibusbContext newContext() {
-        libusb_context* context = nullptr;
-        libusb_init(&context);
-        return LibusbContext(context);
-    }
-
     /// The device answers the next read with @p packet.
     void say(const QByteArray& packet) const {
         device->answerWith({packet.cbegin(), packet.cend()});
     }
     [[nodiscard]] nubo::simulator::DeviceLog log() const { return bus.log(id); }
+    /// Waits until nobody has the device open any more.
+    [[nodiscard]] bool waitUntilClosed() const {
+        const auto isClosed = [](const auto& log) { return log.openHandles == 0; };
+        return bus.waitForLog(id, isClosed, std::chrono::milliseconds(PATIENCE_MS));
+    }
 
     nubo::simulator::VirtualUsbBus bus;
     std::shared_ptr<nubo::simulator::ScriptedDevice> device =

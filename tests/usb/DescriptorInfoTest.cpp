@@ -242,7 +242,7 @@ void DescriptorInfoTest::extraBytesEndADump() {
 QString DescriptorInfoTest::dumpOf(ControllerBench& bench) {
     UserInterface ui(m_manager);
     m_manager.sendDeviceInfo(bench.devices.devices().front());
-    if (!QTest::qWaitFor([&] { return ui.arrivals().size() == 1; })) {
+    if (!QTest::qWaitFor([&] { return ui.arrivals().size() == 1; }, PATIENCE_MS)) {
         return {};
     }
     const VX_CMD& message = ui.arrivals().first().message;

@@ -7,8 +7,7 @@ using namespace nubo::simulator;
 
 namespace {
 
-// What a loaded machine under a sanitizer may add; a wait without end goes far beyond it.
-constexpr qint64 SLACK_MS = 1900;
+// A time-out of libusb may end a little before its time.
 constexpr qint64 EARLY_MS = 10;
 const QByteArray OTHER = "USB_CMD_ERROR 0xef05";
 const QByteArray TIMED_OUT = "USB_CMD_ERROR 0xef03";
@@ -145,8 +144,7 @@ const std::array FAULTS{
     stFault{"empty packet", {.kind = FaultKind::EmptyPacket}, endOfEmptyPacket},
     stFault{"cut packet", {.kind = FaultKind::ShortPacket, .argument = 12}, endOfCutPacket},
     stFault{"foreign id once", {.kind = FaultKind::ForeignId}, endOfForeignId},
-    stFault{
-        "foreign id", {.kind = FaultKind::ForeignId, .count = Fault::kForever}, endOfForeignIds},
+    stFault{"foreign id", {.kind = FaultKind::ForeignId, .count = Fault::FOREVER}, endOfForeignIds},
     stFault{"camera error", {.kind = FaultKind::CameraError, .argument = 0xFFF9}, endOfCameraError},
     stFault{"wrong data head", {.kind = FaultKind::WrongDataHead}, endOfWrongHead},
     stFault{"time-out once", {.kind = FaultKind::Timeout}, endOfTimeout},
@@ -212,7 +210,7 @@ void FaultMatrixTest::theToolIsToldOnceAndGoesOn() {
     m_bench.bus.addFault(m_camera, fault);
     const qint64 before = m_bench.ui.now();
     sendRequest(m_bench, *kind, m_controller);
-    QTRY_COMPARE_WITH_TIMEOUT(m_bench.ui.answers().size(), 1, 12'000);
+    TRY_COMPARE(m_bench.ui.answers().size(), 1);
     const qint64 taken = m_bench.ui.now() - before;
     QVERIFY(m_bench.manager->canCommunication());
     QCOMPARE(outcomeOf(m_bench.ui.answers().first()), end.outcome);
@@ -220,6 +218,7 @@ void FaultMatrixTest::theToolIsToldOnceAndGoesOn() {
     QCOMPARE_LT(taken, end.leastMs + SLACK_MS);
 
     m_bench.bus.clearFaults(m_camera);
+    waitForAnotherId();
     QCOMPARE(m_bench.ui.ask(USB_REQ_NUBO_CMD_GET_BATTERY, m_controller).value(Key::PARAM3), 85U);
     // Answers come in the order of the requests: a second one to the first would be here by now.
     QCOMPARE(m_bench.ui.arrivals().size(), 2);

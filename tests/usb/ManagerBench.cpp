@@ -2,23 +2,18 @@
 #include "tests/usb/ManagerBench.h"
 
 #include "protocol/CommandIdentifiers.h"
+#include "simulator/RootHub.h"
 
+#include <QDateTime>
 #include <QTest>
 
 #include <filesystem>
 
 using namespace nubo::simulator;
 
-namespace {
-
-constexpr int PATIENCE_MS = 10'000;
-constexpr stVendorProduct HUB{CAMERA.usVendorId, CAMERA.usProductId ^ 0x8000};
-
-}  // namespace
-
 ManagerBench::ManagerBench(Hub hub) : manager(std::make_unique<ClUsbManager>()), ui(*manager) {
     if (hub == Hub::PluggedIn) {
-        plugHub();
+        plugRootHub(bus);
     }
 }
 
@@ -28,10 +23,6 @@ DeviceId ManagerBench::plugCamera(const DeviceOptions& options, std::uint32_t ch
     state.battery.charge = charge;
     camera->setState(state);
     return bus.plug(camera, options);
-}
-
-DeviceId ManagerBench::plugHub() {
-    return bus.plug(std::make_shared<VirtualCamera>(), deviceOfIdentity(HUB));
 }
 
 int ManagerBench::start() const {
@@ -60,6 +51,13 @@ DeviceOptions deviceOfIdentity(stVendorProduct identity) {
     options.description.vendorId = identity.usVendorId;
     options.description.productId = identity.usProductId;
     return options;
+}
+
+void waitForAnotherId() {
+    const qint64 now = QDateTime::currentMSecsSinceEpoch();
+    while (QDateTime::currentMSecsSinceEpoch() == now) {
+        QThread::usleep(100);
+    }
 }
 
 qsizetype openFileCount() {

@@ -3,13 +3,22 @@
 
 #include "simulator/VirtualCamera.h"
 #include "simulator/VirtualUsbBus.h"
+#include "tests/support/Patience.h"
 #include "tests/usb/ThreadTask.h"
 #include "tests/usb/UserInterface.h"
 #include "usb/ClUsbManager.h"
 
+#include <chrono>
 #include <future>
 #include <map>
 #include <memory>
+
+/// As the bus takes it.
+inline constexpr std::chrono::milliseconds PATIENCE{PATIENCE_MS};
+
+/// What a loaded machine under a sanitizer may add to a time-out, in milliseconds. A wait without
+/// end goes far beyond it.
+inline constexpr qint64 SLACK_MS = 6'000;
 
 /// A camera that says yes when it is told to restart or to switch itself off, and stays, so that
 /// one camera serves many tests.
@@ -34,7 +43,6 @@ struct ManagerBench {
     /// Plugs in a camera. @p charge of its battery tells it from others.
     nubo::simulator::DeviceId plugCamera(const nubo::simulator::DeviceOptions& options = {},
                                          std::uint32_t charge = 85);
-    nubo::simulator::DeviceId plugHub();
     /// Initialises the manager with the camera's identity, on this thread.
     [[nodiscard]] int start() const;
     /// Runs @p work on the manager's thread, waits for its end and returns what it returns.
@@ -64,6 +72,10 @@ struct ManagerBench {
 
 /// The camera's identity.
 inline constexpr stVendorProduct CAMERA{NUBO_USB_VENDOR_ID, NUBO_USB_PRODUCT_ID};
+
+/// Waits until the next command gets another transaction id than the ones before: ids go by the
+/// clock's milliseconds, and what a camera has left over of one command would answer the other.
+void waitForAnotherId();
 
 /// How many file descriptors this process has open.
 [[nodiscard]] qsizetype openFileCount();

@@ -11,7 +11,8 @@ void ScriptedCamera::receive(std::span<const std::uint8_t> packet) {
                   0);
     ++m_next;
     while (m_next < m_script.size() && m_script[m_next].kind == stScriptRow::Kind::Read) {
-        const QByteArray answer = m_port->read(0, 0, nullptr);
+        int status = 0;
+        const QByteArray answer = m_port->read(0, 0, &status);
         m_packets.emplace_back(answer.cbegin(), answer.cend());
         ++m_next;
     }

@@ -18,7 +18,7 @@ constexpr unsigned int CHARGE = 61;
 class ChattyCamera : public SteadyCamera {
 public:
     void receive(std::span<const std::uint8_t> packet) override {
-        const auto id = static_cast<std::uint16_t>(~readU16(packet, kIdOffset));
+        const auto id = static_cast<std::uint16_t>(~readU16(packet, ID_OFFSET));
         m_strays.assign(STRAYS, plainAnswer(id, CameraResult::Success, {9, 9, 9, 9, 9}));
         SteadyCamera::receive(packet);
     }
@@ -177,7 +177,7 @@ void TransactionsOnBusTest::answersComeInTheOrderOfTheRequests() {
             expected.append(success);
         }
     }
-    QTRY_COMPARE(m_bench.ui.answers().size(), expected.size());
+    TRY_COMPARE(m_bench.ui.answers().size(), expected.size());
     QList<QByteArray> outcomes;
     for (const VX_CMD& answer : m_bench.ui.answers()) {
         outcomes.append(outcomeOf(answer));

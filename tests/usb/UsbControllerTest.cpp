@@ -7,7 +7,6 @@
 #include <functional>
 
 using namespace nubo::simulator;
-using namespace std::chrono_literals;
 
 namespace {
 
@@ -30,6 +29,8 @@ private Q_SLOTS:
     void refusesADeviceThatItCannotUse_data();
     void refusesADeviceThatItCannotUse();
     void reportsThatTheDeviceCannotBeOpened();
+    void findsItsEndpointsAnew();
+    void findsNoEndpointsWithoutAnOpenDevice();
     void picksAnEndpointForAnAddress_data();
     void picksAnEndpointForAnAddress();
     void closingAnnouncesItOnce_data();
@@ -117,9 +118,10 @@ void UsbControllerTest::refusesADeviceThatItCannotUse() {
     QVERIFY(!bench.controller.isOpened());
     QFETCH(const Numbers, refused);
     QCOMPARE(bench.log().refusedClaims, refused);
+    QCOMPARE(bench.controller.claimError(),
+             int{refused.empty() ? LIBUSB_ERROR_NOT_FOUND : LIBUSB_ERROR_BUSY});
     QCOMPARE(bench.log().timesOpened, 1);
-    QVERIFY(bench.bus.waitForLog(
-        bench.id, [](const DeviceLog& log) { return log.openHandles == 0; }, 5s));
+    QVERIFY(bench.waitUntilClosed());
     QCOMPARE(closings.size(), 0);
 }
 
@@ -133,6 +135,19 @@ void UsbControllerTest::reportsThatTheDeviceCannotBeOpened() {
     QVERIFY(!bench.controller.isOpened());
     QCOMPARE(bench.log().claims, Numbers{});
     QCOMPARE(closings.size(), 0);
+}
+
+void UsbControllerTest::findsItsEndpointsAnew() {
+    ControllerBench bench;
+    QCOMPARE(bench.controller.open(), 0);
+    QCOMPARE(bench.controller.findEndpoints(), 0);
+    QCOMPARE(int{bench.controller.getEndPoint(0x80)}, 0x81);
+}
+
+void UsbControllerTest::findsNoEndpointsWithoutAnOpenDevice() {
+    ControllerBench bench;
+    QCOMPARE(bench.controller.findEndpoints(), int{LIBUSB_ERROR_NOT_FOUND});
+    QCOMPARE(bench.log().timesOpened, 0);
 }
 
 void UsbControllerTest::picksAnEndpointForAnAddress_data() {
@@ -192,8 +207,7 @@ void UsbControllerTest::closingGivesEverythingBack() {
     QCOMPARE(bench.log().releases, Numbers{});
     bench.controller.close();
     QCOMPARE(bench.log().releases, Numbers{0});
-    QVERIFY(bench.bus.waitForLog(
-        bench.id, [](const DeviceLog& log) { return log.openHandles == 0; }, 5s));
+    QVERIFY(bench.waitUntilClosed());
 
     ClUsbController second(bench.devices.devices().front());
     QCOMPARE(second.open(), 0);

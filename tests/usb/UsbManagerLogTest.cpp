@@ -42,6 +42,8 @@ private:
     QStringList m_messages;
 };
 
+const QString BUSY = QStringLiteral("Resource busy");
+
 QString opened(int device) {
     return QStringLiteral("Camera opened on bus 1, device %1").arg(device);
 }
@@ -70,6 +72,7 @@ private Q_SLOTS:
     void aCameraWithoutNodeCountsAsUnplugged();
     void aFailureIsReportedAgainAfterAReplug();
     void everyCameraFailsForItself();
+    void aCameraWithNothingToClaimIsNotCalledBusy();
 
 private:
     /// The messages of three search passes.
@@ -101,7 +104,7 @@ void UsbManagerLogTest::aFailureIsReportedWhenItChanges() {
     const DeviceId camera = bench.plugCamera();
     bench.bus.setBusyInterfaces(camera, {0});
     QCOMPARE(bench.start(), 0);
-    const QStringList busy{failed(2, QStringLiteral("Entity not found"))};
+    const QStringList busy{failed(2, BUSY)};
     QCOMPARE(messagesOfPasses(bench), busy);
     bench.bus.setNodeAccess(camera, NodeAccess::Denied);
     QCOMPARE(messagesOfPasses(bench).size(), 2);
@@ -145,7 +148,7 @@ void UsbManagerLogTest::aFailureIsReportedAgainAfterAReplug() {
     const DeviceId camera = bench.plugCamera();
     bench.bus.setBusyInterfaces(camera, {0});
     QCOMPARE(bench.start(), 0);
-    const QStringList failure{failed(2, QStringLiteral("Entity not found"))};
+    const QStringList failure{failed(2, BUSY)};
     QCOMPARE(messagesOfPasses(bench), failure);
     QVERIFY(bench.bus.unplug(camera));
     QCOMPARE(messagesOfPasses(bench), QStringList());
@@ -170,6 +173,15 @@ void UsbManagerLogTest::everyCameraFailsForItself() {
     QCOMPARE(messagesOfPasses(bench).size(), 2);
     bench.bus.setBusyInterfaces(second, {});
     QCOMPARE(messagesOfPasses(bench), QStringList{opened(3)});
+}
+
+void UsbManagerLogTest::aCameraWithNothingToClaimIsNotCalledBusy() {
+    ManagerBench bench;
+    DeviceOptions options;
+    options.description.interfaces = {};
+    bench.plugCamera(options);
+    QCOMPARE(bench.start(), 0);
+    QCOMPARE(messagesOfPasses(bench), QStringList{failed(2, QStringLiteral("Entity not found"))});
 }
 
 QTEST_GUILESS_MAIN(UsbManagerLogTest)

@@ -5,7 +5,6 @@
 #include <QTest>
 
 using namespace nubo::simulator;
-using namespace std::chrono_literals;
 
 namespace {
 
@@ -113,12 +112,12 @@ void UsbManagerSearchTest::communicationIsPossibleWhileACameraIsOpenAndIdle() {
     QVERIFY(bench.manager->canCommunication());
 
     QVERIFY(bench.ui.waitForOpened(1));
-    // The camera never gets to answer the first read, so the transaction is still at it.
-    bench.bus.addFault(camera, {.kind = FaultKind::Timeout, .nth = 2});
+    // The camera never gets to answer, so the transaction is still at it.
+    bench.bus.addFault(camera, {.kind = FaultKind::Timeout, .nth = 2, .count = 3});
     bench.ui.send(USB_REQ_NUBO_CMD_GET_BATTERY, bench.ui.opened().first());
-    QVERIFY(bench.bus.waitForTransfers(camera, 1, 5s));
+    QVERIFY(bench.bus.waitForTransfers(camera, 1, PATIENCE));
     QVERIFY(!bench.manager->canCommunication());
-    QTRY_COMPARE(bench.ui.answers().size(), 1);
+    TRY_COMPARE(bench.ui.answers().size(), 1);
     QVERIFY(bench.manager->canCommunication());
 
     QVERIFY(bench.bus.unplug(camera));
@@ -134,13 +133,12 @@ void UsbManagerSearchTest::aBusyCameraIsTriedAgainEverySecond() {
     QElapsedTimer sinceStart;
     sinceStart.start();
     QCOMPARE(bench.start(), 0);
-    QTRY_COMPARE(bench.bus.log(camera).refusedClaims.size(), std::size_t{3});
+    TRY_VERIFY(bench.bus.log(camera).refusedClaims.size() >= 3);
     QCOMPARE_GE(sinceStart.elapsed(), 1900);
     QVERIFY(!bench.manager->canCommunication());
 
     bench.bus.setBusyInterfaces(camera, {});
-    QTRY_VERIFY(bench.manager->canCommunication());
-    QCOMPARE_LT(sinceStart.elapsed(), 4000);
+    TRY_VERIFY(bench.manager->canCommunication());
 }
 
 QTEST_GUILESS_MAIN(UsbManagerSearchTest)

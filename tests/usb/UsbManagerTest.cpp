@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "protocol/CommandIdentifiers.h"
+#include "simulator/RootHub.h"
 #include "tests/usb/ManagerBench.h"
 
 #include <QTest>
@@ -10,9 +11,6 @@ namespace {
 
 constexpr qint64 SEARCH_INTERVAL_MS = 1000;
 constexpr qint64 CONNECT_WAIT_MS = 3000;
-// What a loaded machine may add to a timer. Below the interval of the search: an announcement that
-// waits for one more pass comes too late.
-constexpr qint64 SLACK_MS = 900;
 
 unsigned int chargeOf(ManagerBench& bench, ClUsbController* camera) {
     return bench.ui.ask(USB_REQ_NUBO_CMD_GET_BATTERY, camera).value(Key::PARAM3).toUInt();
@@ -122,7 +120,7 @@ void UsbManagerTest::aCameraWithoutHubStaysUntilTheBusCanBeRead() {
     QVERIFY(bench.manager->canCommunication());
     QCOMPARE(bench.ui.closed().size(), 0);
 
-    bench.plugHub();
+    plugRootHub(bench.bus);
     QCOMPARE(bench.search(), 1);
     QVERIFY(!bench.manager->canCommunication());
     QVERIFY(bench.ui.waitForClosed(1));
@@ -138,7 +136,7 @@ void UsbManagerTest::closingTheDevicesEndsTheirWait() {
     QVERIFY(bench.waitForHandles(camera, 0));
 
     // Opened anew some passes later, it waits three seconds from then on.
-    QTRY_COMPARE(bench.bus.log(camera).refusedClaims.size(), std::size_t{2});
+    TRY_VERIFY(bench.bus.log(camera).refusedClaims.size() >= 2);
     const qint64 freed = bench.ui.now();
     bench.bus.setBusyInterfaces(camera, {});
     QVERIFY(bench.ui.waitForOpened(1));

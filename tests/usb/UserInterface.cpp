@@ -2,15 +2,13 @@
 #include "tests/usb/UserInterface.h"
 
 #include "protocol/CommandIdentifiers.h"
+#include "tests/support/Patience.h"
 #include "usb/ClUsbManager.h"
 
 #include <QSignalSpy>
 #include <QTest>
 
 namespace {
-
-// An announcement takes 4 s at most, the longest transaction 9 s.
-constexpr int PATIENCE_MS = 20'000;
 
 bool isDeviceMessage(const VX_CMD& message) {
     const QUuid command = getCommand(message);

@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+#include "protocol/RouteRunners.h"
+
+#include "protocol/ClNuboCommandDataSend.h"
+
+#include <QBuffer>
+#include <QImageReader>
+
+unsigned short RouteRunner::getWifiInfo(stRequest& request) {
+    stWifiInfo info;
+    const unsigned short result = request.camera.execNuboGetWifiInfo(request.controller, &info);
+    if (result == USB_ERROR_SUCCESS) {
+        setValues(request.message, info.status, info.firstText, info.secondText, info.channel,
+                  info.encryption, static_cast<int>(info.reserved), static_cast<int>(info.signal));
+    }
+    return result;
+}
+
+unsigned short RouteRunner::getAccesspointList(stRequest& request) {
+    AccesspointList list;
+    const unsigned short result =
+        request.camera.execNuboGetAccesspointList(request.controller, &list);
+    if (result == USB_ERROR_SUCCESS) {
+        setValues(request.message, list);
+    }
+    return result;
+}
+
+unsigned short RouteRunner::sendFirmware(stRequest& request) {
+    const auto image = request.message.value(Key::PARAM2).toByteArray();
+    if (image.isEmpty()) {
+        return USB_ERROR_BAD_PARAM;
+    }
+    ClNuboCommandExecFwUpdateData command(static_cast<unsigned int>(image.size()));
+    ClNuboCommandDataSend data(command.id(), image);
+    return request.camera.execNuboDataWrite(command, data, request.controller);
+}
+
+// Nothing but JPEG is tried: what the camera sends must not choose among the decoders installed.
+QImage RouteRunner::asPicture(const QByteArray& bytes) {
+    QBuffer buffer;
+    buffer.setData(bytes);
+    QImageReader reader(&buffer, "jpg");
+    reader.setAutoDetectImageFormat(false);
+    return reader.read();
+}

@@ -1,0 +1,99 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "protocol/ClCameraAccess.h"
+#include "protocol/ClNuboCommandDataReceive.h"
+#include "protocol/CommandRoutes.h"
+#include "protocol/NuboCommands.h"
+#include "protocol/ResultCodes.h"
+
+#include <QImage>
+
+#include <functional>
+#include <utility>
+
+/// What the routes do, and the values that they take from the camera's answers.
+namespace RouteRunner {
+
+inline constexpr int PLAIN_TIMEOUT_MS = 1000;
+
+// Values of an answer, beside the getters of the command classes.
+template <int Number>
+unsigned int number(const ClNuboCommand& answer) {
+    return answer.param(Number);
+}
+
+template <int Number>
+int signedNumber(const ClNuboCommand& answer) {
+    return static_cast<int>(answer.param(Number));
+}
+
+template <int Number>
+bool isOn(const ClNuboCommand& answer) {
+    return answer.valueToBool(answer.param(Number));
+}
+
+inline QString text(const ClNuboCommandString& answer) {
+    return answer.string();
+}
+
+inline QString address(const ClNuboCommandIpv4& answer) {
+    return answer.getAddress();
+}
+
+/// Writes @p values into the message from PARAM2 on, each as a variant of just its type.
+template <class... Values>
+void setValues(VX_CMD& message, const Values&... values) {
+    auto key = Key::VALUES.cbegin();
+    (message.insert(*key++, QVariant::fromValue(values)), ...);
+}
+
+/// Asks the camera, and writes what @p Values make of its answer into the message.
+template <class Command, auto... Values>
+unsigned short get(stRequest& request) {
+    Command command;
+    const unsigned short result =
+        request.camera.execNuboCommand(command, request.controller, PLAIN_TIMEOUT_MS);
+    if (result == USB_ERROR_SUCCESS) {
+        setValues(request.message, std::invoke(Values, std::as_const(command))...);
+    }
+    return result;
+}
+
+/// Sends a command made of the message's arguments, which have the types @p Arguments from PARAM2
+/// on.
+template <class Command, class... Arguments>
+unsigned short set(stRequest& request) {
+    auto command = [&message = request.message]<std::size_t... I>(std::index_sequence<I...>) {
+        return Command(
+            message.value(Key::VALUES[static_cast<qsizetype>(I)]).template value<Arguments>()...);
+    }
+    (std::index_sequence_for<Arguments...>());
+    return request.camera.execNuboCommand(command, request.controller, PLAIN_TIMEOUT_MS);
+}
+
+unsigned short getWifiInfo(stRequest& request);
+unsigned short getAccesspointList(stRequest& request);
+unsigned short sendFirmware(stRequest& request);
+
+/// The picture that the bytes of a JPEG file show; null when they are none.
+[[nodiscard]] QImage asPicture(const QByteArray& bytes);
+
+inline const QByteArray& asBytes(const QByteArray& bytes) {
+    return bytes;
+}
+
+/// Reads a block of data, and writes what @p Decode makes of it into the message.
+template <class Command, auto Decode>
+unsigned short readData(stRequest& request) {
+    Command command;
+    ClNuboCommandDataReceive data;
+    const unsigned short result =
+        request.camera.execNuboDataRead(command, data, request.controller);
+    if (result == USB_ERROR_SUCCESS) {
+        setValues(request.message, Decode(data.receivedData()));
+    }
+    return result;
+}
+
+}  // namespace RouteRunner

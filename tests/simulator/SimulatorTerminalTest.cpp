@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: MIT
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <QFile>
+#include <QLocalSocket>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTest>
+#include <cstdlib>
+
+#include "tests/simulator/SimulatorRun.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The user's end of a terminal that programs can be started in.
+class Terminal {
+public:
+    Terminal() : m_file(::posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC)) {
+        ::grantpt(m_file);
+        ::unlockpt(m_file);
+        m_name = ::ptsname(m_file);
+    }
+    ~Terminal() { ::close(m_file); }
+    Terminal(const Terminal&) = delete;
+    Terminal& operator=(const Terminal&) = delete;
+
+    bool type(const QByteArray& keys) const {
+        return ::write(m_file, keys.constData(), static_cast<std::size_t>(keys.size())) ==
+               keys.size();
+    }
+
+    /// From its start on, @p process has the terminal as its input, alone.
+    void lendTo(QProcess& process) const {
+        process.setChildProcessModifier([name = m_name] {
+            ::setsid();
+            ::dup2(::open(name.constData(), O_RDWR), STDIN_FILENO);
+        });
+    }
+
+private:
+    int m_file;
+    QByteArray m_name;
+};
+
+}  // namespace
+
+/// The program as a job of a shell.
+class SimulatorTerminalTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void aJobInTheBackgroundGoesOnAndReadsInTheForeground();
+};
+
+void SimulatorTerminalTest::aJobInTheBackgroundGoesOnAndReadsInTheForeground() {
+    const QTemporaryDir folder;
+    const QString socket = folder.filePath(u"c"_s);
+    const QString sign = folder.filePath(u"foreground"_s);
+    const Terminal terminal;
+    QProcess process;
+    terminal.lendTo(process);
+    process.start(u"sh"_s, {u"-mc"_s,
+                            u"\"$0\" --interactive --control \"$1\" -- sleep 60 &\n"
+                            "until [ -e \"$2\" ]; do sleep 0.05; done\n"
+                            "fg >/dev/null"_s,
+                            program(), socket, sign});
+    QLocalSocket control;
+    const auto connects = [&] {
+        if (control.state() == QLocalSocket::UnconnectedState) {
+            control.connectToServer(socket);
+        }
+        return control.state() == QLocalSocket::ConnectedState;
+    };
+    TRY_VERIFY(connects());
+
+    QVERIFY(terminal.type("get battery\n"));
+    // By the second answer the program has seen what was typed.
+    for (const QByteArray& charge : {QByteArray("11"), QByteArray("22")}) {
+        control.write("set battery " + charge + '\n');
+        TRY_VERIFY(control.canReadLine());
+        QCOMPARE(control.readLine(), QByteArray("ok\n"));
+    }
+    QCOMPARE(process.readAllStandardOutput(), QByteArray());
+
+    QVERIFY(QFile(sign).open(QIODevice::WriteOnly));
+    TRY_VERIFY(process.canReadLine());
+    QCOMPARE(process.readLine(), QByteArray("ok 22\n"));
+    QVERIFY(terminal.type("\x03"));  // Ctrl+C
+    QVERIFY(process.waitForFinished(PATIENCE_MS));
+}
+
+QTEST_GUILESS_MAIN(SimulatorTerminalTest)
+#include "SimulatorTerminalTest.moc"
