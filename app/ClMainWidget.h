@@ -3,7 +3,6 @@
 
 #include "protocol/CommandMessage.h"
 
-#include <QPixmap>
 #include <QPoint>
 #include <QWidget>
 

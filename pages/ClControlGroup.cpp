@@ -8,7 +8,7 @@ namespace {
 // Asked for the class of the object and for each of its bases in turn.
 QAccessibleInterface* createGrouping(const QString& className, QObject* object) {
     const bool own = className == QLatin1String(ClControlGroup::staticMetaObject.className());
-    auto* const group = own ? qobject_cast<ClControlGroup*>(object) : nullptr;
+    auto* group = own ? qobject_cast<ClControlGroup*>(object) : nullptr;
     return group != nullptr ? new QAccessibleWidget(group, QAccessible::Grouping) : nullptr;
 }
 

@@ -8,7 +8,7 @@ namespace {
 // Asked for the class of the object and for each of its bases in turn.
 QAccessibleInterface* create(const QString& className, QObject* object) {
     const bool own = className == QLatin1String(ClRollOverToolBtn::staticMetaObject.className());
-    auto* const button = own ? qobject_cast<ClRollOverToolBtn*>(object) : nullptr;
+    auto* button = own ? qobject_cast<ClRollOverToolBtn*>(object) : nullptr;
     return button != nullptr ? new ClAccessibleRollOver(button) : nullptr;
 }
 

@@ -97,7 +97,7 @@ void NetworkUnplugTest::nothingIsSentUntilItIsBack() {
         m_bench->user.setAction([&](QWidget& box) {
             QTest::keyClicks(box.findChild<QLineEdit*>(), u"key"_s);
             unplug();
-            QTRY_VERIFY_WITH_TIMEOUT(!box.isVisible(), PATIENCE_MS);
+            acceptBox(box);
         });
         decide(name);
         QCOMPARE(m_bench->user.boxes().size(), boxes + 1);
