@@ -11,6 +11,7 @@
 #include "protocol/CommandIdentifiers.h"
 #include "ui/Artwork.h"
 #include "ui/ClCaptionBar.h"
+#include "ui/Colours.h"
 #include "usb/ClUsbManager.h"
 
 #include <QBitmap>
@@ -26,7 +27,6 @@ namespace {
 constexpr QSize WINDOW_SIZE{600, 620};
 constexpr QPoint MODE_BAR_POSITION{0, 30};
 constexpr QRect PAGE_AREA{0, 115, 600, 505};
-constexpr QColor TEXT_COLOUR{0x2B, 0x30, 0x36};
 constexpr QColor DISABLED_TEXT_COLOUR{0x88, 0x8C, 0x91};
 constexpr QColor PAGE_COLOUR{0xEE, 0xF1, 0xF4};
 constexpr QColor CONTROL_COLOUR{0xEF, 0xEF, 0xEF};

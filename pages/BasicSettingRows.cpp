@@ -12,6 +12,7 @@
 #include "pages/ClDialogTime.h"
 #include "pages/ClDialogTimezone.h"
 #include "pages/ClDialogWifiCountry.h"
+#include "pages/WifiCodes.h"
 #include "protocol/CommandIdentifiers.h"
 
 #include <QCoreApplication>
@@ -20,8 +21,6 @@
 namespace {
 
 using Section = BasicSettingSection;
-
-constexpr unsigned int WIFI_MODE_ADHOC = 2;
 
 template <class Type>
 QVariant as(const QVariant& value) {
@@ -35,13 +34,8 @@ QVariant isAdhoc(const QVariant& wifiMode) {
 }
 
 template <class Dialog>
-std::optional<QVariantList> ask(QWidget* page, const QVariantList& values) {
-    Dialog dialog(page);
-    dialog.setParam(values);
-    if (dialog.exec() != QDialog::Accepted) {
-        return std::nullopt;
-    }
-    return dialog.getParam();
+std::unique_ptr<ClDialogBase> createDialog(QWidget* page) {
+    return std::make_unique<Dialog>(page);
 }
 
 constexpr stCameraSetting CAMERA_NAME{USB_REQ_NUBO_CMD_GET_CAMERANAME,
@@ -95,17 +89,17 @@ constexpr stCameraSetting IMAGE_QUALITY{USB_REQ_NUBO_CMD_GET_IMAGE_QUARITY,
 
 // clang-format off
 constexpr std::array ROWS{
-    stBasicSettingRow{Section::Name,  nullptr,                                                                  ask<ClDialogCameraName>,    {{CAMERA_NAME}}},
-    stBasicSettingRow{Section::Time,  QT_TRANSLATE_NOOP("ClWidgetBasicSetting", "Setting time zone"),           ask<ClDialogTimezone>,      {{TIME_ZONE}}},
-    stBasicSettingRow{Section::Time,  QT_TRANSLATE_NOOP("ClWidgetBasicSetting", "Setting time"),                ask<ClDialogTime>,          {{CLOCK}}},
-    stBasicSettingRow{Section::Wifi,  QT_TRANSLATE_NOOP("ClWidgetBasicSetting", "Setting auto Wi-Fi off"),      ask<ClDialogAutoWifiOff>,   {{AUTO_WIFI_OFF}}},
-    stBasicSettingRow{Section::Wifi,  QT_TRANSLATE_NOOP("ClWidgetBasicSetting", "Setting Wi-Fi country"),       ask<ClDialogWifiCountry>,   {{WIFI_MODE, WIFI_COUNTRY}}},
-    stBasicSettingRow{Section::Other, QT_TRANSLATE_NOOP("ClWidgetBasicSetting", "Setting auto power off"),      ask<ClDialogAutoPoweroff>,  {{AUTO_POWER_OFF}}},
-    stBasicSettingRow{Section::Other, QT_TRANSLATE_NOOP("ClWidgetBasicSetting", "Setting LED"),                 ask<ClDialogLed>,           {{LED}}},
-    stBasicSettingRow{Section::Other, QT_TRANSLATE_NOOP("ClWidgetBasicSetting", "Setting GPS"),                 ask<ClDialogGps>,           {{GPS}}},
-    stBasicSettingRow{Section::Other, QT_TRANSLATE_NOOP("ClWidgetBasicSetting", "Setting user authorization"),  ask<ClDialogAuthorization>, {{AUTHORIZATION, PASSWORD}}},
-    stBasicSettingRow{Section::Other, QT_TRANSLATE_NOOP("ClWidgetBasicSetting", "Setting interval"),            ask<ClDialogInterval>,      {{INTERVAL}}},
-    stBasicSettingRow{Section::Other, QT_TRANSLATE_NOOP("ClWidgetBasicSetting", "Image quarity"),               ask<ClDialogImageQuarity>,  {{IMAGE_QUALITY}}},
+    stBasicSettingRow{Section::Name,  nullptr,                                                                  createDialog<ClDialogCameraName>,    {{CAMERA_NAME}}},
+    stBasicSettingRow{Section::Time,  QT_TRANSLATE_NOOP("ClWidgetBasicSetting", "Setting time zone"),           createDialog<ClDialogTimezone>,      {{TIME_ZONE}}},
+    stBasicSettingRow{Section::Time,  QT_TRANSLATE_NOOP("ClWidgetBasicSetting", "Setting time"),                createDialog<ClDialogTime>,          {{CLOCK}}},
+    stBasicSettingRow{Section::Wifi,  QT_TRANSLATE_NOOP("ClWidgetBasicSetting", "Setting auto Wi-Fi off"),      createDialog<ClDialogAutoWifiOff>,   {{AUTO_WIFI_OFF}}},
+    stBasicSettingRow{Section::Wifi,  QT_TRANSLATE_NOOP("ClWidgetBasicSetting", "Setting Wi-Fi country"),       createDialog<ClDialogWifiCountry>,   {{WIFI_MODE, WIFI_COUNTRY}}},
+    stBasicSettingRow{Section::Other, QT_TRANSLATE_NOOP("ClWidgetBasicSetting", "Setting auto power off"),      createDialog<ClDialogAutoPoweroff>,  {{AUTO_POWER_OFF}}},
+    stBasicSettingRow{Section::Other, QT_TRANSLATE_NOOP("ClWidgetBasicSetting", "Setting LED"),                 createDialog<ClDialogLed>,           {{LED}}},
+    stBasicSettingRow{Section::Other, QT_TRANSLATE_NOOP("ClWidgetBasicSetting", "Setting GPS"),                 createDialog<ClDialogGps>,           {{GPS}}},
+    stBasicSettingRow{Section::Other, QT_TRANSLATE_NOOP("ClWidgetBasicSetting", "Setting user authorization"),  createDialog<ClDialogAuthorization>, {{AUTHORIZATION, PASSWORD}}},
+    stBasicSettingRow{Section::Other, QT_TRANSLATE_NOOP("ClWidgetBasicSetting", "Setting interval"),            createDialog<ClDialogInterval>,      {{INTERVAL}}},
+    stBasicSettingRow{Section::Other, QT_TRANSLATE_NOOP("ClWidgetBasicSetting", "Image quarity"),               createDialog<ClDialogImageQuarity>,  {{IMAGE_QUALITY}}},
 };
 // clang-format on
 

@@ -6,9 +6,10 @@
 
 #include <array>
 #include <cstdint>
-#include <optional>
+#include <memory>
 #include <span>
 
+class ClDialogBase;
 class QWidget;
 
 /// A setting of the camera: the request that reads it, the answer, the command that sets it, and
@@ -33,9 +34,7 @@ enum class BasicSettingSection : std::uint8_t { Name, Time, Wifi, Other };
 struct stBasicSettingRow {
     BasicSettingSection section;
     const char* text;  ///< of the button; null: the button shows the camera's name
-    /// Runs the dialog on the camera's values. The values to set, or nothing when the user
-    /// declined.
-    std::optional<QVariantList> (*ask)(QWidget* page, const QVariantList& values);
+    std::unique_ptr<ClDialogBase> (*createDialog)(QWidget* page);
     std::array<stCameraSetting, 2> settings;  ///< the second with a null request: there is only one
 };
 

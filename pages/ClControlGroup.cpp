@@ -9,7 +9,7 @@ namespace {
 // Asked for the class of the object and for each of its bases in turn.
 QAccessibleInterface* createGrouping(const QString& className, QObject* object) {
     const bool own = className == QLatin1String(ClControlGroup::staticMetaObject.className());
-    auto* const group = own ? qobject_cast<ClControlGroup*>(object) : nullptr;
+    auto* group = own ? qobject_cast<ClControlGroup*>(object) : nullptr;
     return group != nullptr ? new QAccessibleWidget(group, QAccessible::Grouping) : nullptr;
 }
 
@@ -23,7 +23,7 @@ ClControlGroup::ClControlGroup(QWidget* parent) : QWidget(parent) {
 ClControlGroup::ClControlGroup(const QString& name, QWidget* control, QWidget* parent)
     : ClControlGroup(parent) {
     setAccessibleName(name);
-    auto* const column = new QVBoxLayout(this);
+    auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->addWidget(control);
 }

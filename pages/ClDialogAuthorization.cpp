@@ -6,7 +6,6 @@
 #include "ui/ClDialogColumn.h"
 #include "ui/ClMessageBox.h"
 
-#include <QCoreApplication>
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -28,28 +27,28 @@ constexpr std::array FIELD_NAMES{
 ClDialogAuthorization::ClDialogAuthorization(QWidget* parent)
     : ClDialogBase(parent),
       m_passwords(new QWidget(this)) {
-    auto* const choice = new ClRadioGroup(
+    auto* choice = new ClRadioGroup(
         ClWidgetBasicSetting::tr("Set the authorization that enhances security"), this);
     m_notUse = choice->addButton(ClWidgetBasicSetting::tr("Not use authorization"));
     m_use = choice->addButton(ClWidgetBasicSetting::tr("Use authorization"));
     m_use->setChecked(true);
     connect(m_use, &QRadioButton::toggled, this, &ClDialogAuthorization::slotChangeSetting);
 
-    auto* const grid = new QGridLayout(m_passwords);
+    auto* grid = new QGridLayout(m_passwords);
     grid->setContentsMargins(ClDialogColumn::DEPENDENT_INDENT, 0, 0, 0);
     const QRegularExpression password(QStringLiteral("[!-~]{1,16}"));
     for (std::size_t i = 0; i < m_fields.size(); ++i) {
-        auto* const field = new QLineEdit(m_passwords);
+        auto* field = new QLineEdit(m_passwords);
         field->setEchoMode(QLineEdit::Password);
         field->setValidator(new QRegularExpressionValidator(password, field));
-        auto* const name = new QLabel(ClWidgetBasicSetting::tr(FIELD_NAMES[i]), m_passwords);
+        auto* name = new QLabel(ClWidgetBasicSetting::tr(FIELD_NAMES[i]), m_passwords);
         name->setBuddy(field);
         grid->addWidget(name, static_cast<int>(i), 0);
         grid->addWidget(field, static_cast<int>(i), 1);
         m_fields[i] = field;
     }
 
-    auto* const column = new ClDialogColumn(this);
+    auto* column = new ClDialogColumn(this);
     column->addWidget(choice);
     column->addWidget(m_passwords);
     addButtons();
@@ -71,7 +70,7 @@ QVariantList ClDialogAuthorization::getParam() {
 void ClDialogAuthorization::accept() {
     const QString text = m_notUse->isChecked() ? QString() : complaint();
     if (!text.isEmpty()) {
-        ClMessageBox(this, text, QCoreApplication::applicationName(), QDialogButtonBox::Ok).exec();
+        ClMessageBox::tell(this, text);
         return;
     }
     ClDialogBase::accept();

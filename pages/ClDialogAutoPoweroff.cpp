@@ -14,7 +14,7 @@ constexpr unsigned int LEAST_TIME = 60;  // seconds
 }  // namespace
 
 ClDialogAutoPoweroff::ClDialogAutoPoweroff(QWidget* parent) : ClDialogBase(parent) {
-    auto* const choice = new ClRadioGroup(tr("Set the time of auto power off"), this);
+    auto* choice = new ClRadioGroup(tr("Set the time of auto power off"), this);
     m_never = choice->addButton(tr("Not auto power off"));
     m_timed = choice->addButton(tr("Time of auto power off"));
     m_time = new ClTimeRow(LEAST_TIME, this);
@@ -24,7 +24,7 @@ ClDialogAutoPoweroff::ClDialogAutoPoweroff(QWidget* parent) : ClDialogBase(paren
     connect(m_timed, &QRadioButton::toggled, this, &ClDialogAutoPoweroff::slotChangeSetting);
     connect(m_time, &ClTimeRow::sigValueChanged, this, &ClDialogAutoPoweroff::slotChangeValue);
 
-    auto* const column = new ClDialogColumn(this);
+    auto* column = new ClDialogColumn(this);
     column->addWidget(choice);
     column->addWidget(m_time);
     addButtons();

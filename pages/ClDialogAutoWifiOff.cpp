@@ -18,26 +18,26 @@ constexpr int GREATEST = 10;  // minutes
 }  // namespace
 
 ClDialogAutoWifiOff::ClDialogAutoWifiOff(QWidget* parent) : ClDialogBase(parent) {
-    auto* const choice = new ClRadioGroup(tr("Set the time of auto Wi-Fi off"), this);
+    auto* choice = new ClRadioGroup(tr("Set the time of auto Wi-Fi off"), this);
     m_never = choice->addButton(tr("Not auto Wi-Fi off"));
     m_timed = choice->addButton(tr("Time of auto Wi-Fi off"));
 
-    auto* const time = new ClControlGroup(this);
+    auto* time = new ClControlGroup(this);
     time->setAccessibleName(m_timed->text());
     time->setEnabled(false);
     connect(m_timed, &QRadioButton::toggled, time, &QWidget::setEnabled);
     m_minutes = new QSpinBox(time);
     m_minutes->setRange(LEAST, GREATEST);
-    auto* const unit = new QLabel(tr("Minutes"), time);
+    auto* unit = new QLabel(tr("Minutes"), time);
     unit->setBuddy(m_minutes);
-    auto* const row = new QHBoxLayout(time);
+    auto* row = new QHBoxLayout(time);
     row->setContentsMargins(ClDialogColumn::DEPENDENT_INDENT, 0, 0, 0);
     row->addWidget(m_minutes);
     row->addWidget(unit);
     row->addWidget(new QLabel(QStringLiteral("(%1 - %2)").arg(LEAST).arg(GREATEST), time));
     row->addStretch();
 
-    auto* const column = new ClDialogColumn(this);
+    auto* column = new ClDialogColumn(this);
     column->addWidget(choice);
     column->addWidget(time);
     addButtons();

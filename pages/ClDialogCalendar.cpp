@@ -30,7 +30,7 @@ ClDialogCalendar::ClDialogCalendar(QWidget* parent)
     // The name is that of the days, which have the keyboard.
     m_calendar->focusProxy()->setAccessibleName(ClWidgetBasicSetting::tr("Calendar"));
     for (const stMonthButton& row : MONTH_BUTTONS) {
-        auto* const button = m_calendar->findChild<QToolButton*>(QLatin1String(row.objectName));
+        auto* button = m_calendar->findChild<QToolButton*>(QLatin1String(row.objectName));
         if (button != nullptr) {
             button->setAccessibleName(tr(row.name));
         }

@@ -5,7 +5,6 @@
 #include "ui/ClDialogColumn.h"
 #include "ui/ClMessageBox.h"
 
-#include <QCoreApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QRegularExpressionValidator>
@@ -13,12 +12,12 @@
 ClDialogCameraName::ClDialogCameraName(QWidget* parent)
     : ClDialogBase(parent),
       m_name(new QLineEdit(this)) {
-    auto* const label = new QLabel(ClWidgetBasicSetting::tr("Set the favarite camera name"), this);
+    auto* label = new QLabel(ClWidgetBasicSetting::tr("Set the favarite camera name"), this);
     label->setBuddy(m_name);
     m_name->setValidator(new QRegularExpressionValidator(
         QRegularExpression(QStringLiteral("[0-9a-zA-Z]{1,8}")), m_name));
 
-    auto* const column = new ClDialogColumn(this);
+    auto* column = new ClDialogColumn(this);
     column->addWidget(label);
     column->addWidget(m_name);
     addButtons();
@@ -34,9 +33,7 @@ QVariantList ClDialogCameraName::getParam() {
 
 void ClDialogCameraName::accept() {
     if (m_name->text().isEmpty()) {
-        ClMessageBox(this, ClWidgetBasicSetting::tr("No camera name"),
-                     QCoreApplication::applicationName(), QDialogButtonBox::Ok)
-            .exec();
+        ClMessageBox::tell(this, ClWidgetBasicSetting::tr("No camera name"));
         return;
     }
     ClDialogBase::accept();

@@ -37,10 +37,10 @@ constexpr int FULL_FORMAT = 2;
 }  // namespace
 
 ClDialogGps::ClDialogGps(QWidget* parent) : ClDialogBase(parent) {
-    auto* const column = new ClDialogColumn(this);
+    auto* column = new ClDialogColumn(this);
     addChoice(Use, this);
-    auto* const options = new QWidget(this);
-    auto* const rows = new QVBoxLayout(options);
+    auto* options = new QWidget(this);
+    auto* rows = new QVBoxLayout(options);
     rows->setContentsMargins(0, 0, 0, 0);
     rows->setSpacing(column->spacing());
     for (const Choice choice : {Log, Format, Adjust}) {
@@ -53,7 +53,7 @@ ClDialogGps::ClDialogGps(QWidget* parent) : ClDialogBase(parent) {
 
 void ClDialogGps::addChoice(Choice choice, QWidget* parent) {
     const stText& text = TEXTS[choice];
-    auto* const group = new ClRadioGroup(tr(text.label), parent);
+    auto* group = new ClRadioGroup(tr(text.label), parent);
     m_pairs[choice].first = group->addButton(tr(text.first));
     m_pairs[choice].second = group->addButton(tr(text.second));
     parent->layout()->addWidget(group);

@@ -19,18 +19,18 @@ constexpr int SLIDER_WIDTH = 160;  // pixels
 ClDialogImageQuarity::ClDialogImageQuarity(QWidget* parent)
     : ClDialogBase(parent),
       m_contrast(new QSlider(Qt::Horizontal, this)) {
-    auto* const label = new QLabel(tr("Setting contrast"), this);
+    auto* label = new QLabel(tr("Setting contrast"), this);
     label->setBuddy(m_contrast);
     m_contrast->setRange(0, DARKEST);
     m_contrast->setPageStep(1);
     m_contrast->setMinimumWidth(SLIDER_WIDTH);
     m_contrast->setTickPosition(QSlider::TicksBelow);
 
-    auto* const row = new QHBoxLayout;
+    auto* row = new QHBoxLayout;
     row->addWidget(new QLabel(tr("Light"), this));
     row->addWidget(m_contrast);
     row->addWidget(new QLabel(tr("Dark"), this));
-    auto* const column = new ClDialogColumn(this);
+    auto* column = new ClDialogColumn(this);
     column->addWidget(label);
     column->addLayout(row);
     addButtons();

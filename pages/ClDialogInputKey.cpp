@@ -6,8 +6,6 @@
 #include "ui/ClMessageBox.h"
 
 #include <QCheckBox>
-#include <QCoreApplication>
-#include <QEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QRegularExpressionValidator>
@@ -24,14 +22,11 @@ ClDialogInputKey::ClDialogInputKey(QWidget* parent, bool mustInput)
     auto* show = new QCheckBox(ClWidgetNetworkSetting::tr("Show input"));
     connect(show, &QCheckBox::toggled, this, &ClDialogInputKey::slotChangeShow);
 
-    auto* const column = new ClDialogColumn(this);
+    auto* column = new ClDialogColumn(this);
     column->addWidget(prompt);
     column->addWidget(m_key);
     column->addWidget(show);
     addButtons();
-    if (parent != nullptr) {
-        parent->installEventFilter(this);
-    }
 }
 
 void ClDialogInputKey::setParam(const QVariantList& params) {
@@ -46,20 +41,10 @@ QVariantList ClDialogInputKey::getParam() {
 
 void ClDialogInputKey::accept() {
     if (m_mustInput && m_key->text().isEmpty()) {
-        ClMessageBox(this, ClWidgetNetworkSetting::tr("Not input key"),
-                     QCoreApplication::applicationName(), QDialogButtonBox::Ok)
-            .exec();
+        ClMessageBox::tell(this, ClWidgetNetworkSetting::tr("Not input key"));
     } else {
         ClDialogBase::accept();
     }
-}
-
-bool ClDialogInputKey::eventFilter(QObject* watched, QEvent* event) {
-    // A spontaneous event comes from a window that is minimised.
-    if (watched == parent() && event->type() == QEvent::Hide && !event->spontaneous()) {
-        reject();
-    }
-    return ClDialogBase::eventFilter(watched, event);
 }
 
 void ClDialogInputKey::slotChangeShow(bool isShown) {

@@ -6,10 +6,7 @@
 class QLineEdit;
 
 /// Asks for the encryption key of an access point. Its parameter list holds the key, of letters and
-/// digits.
-///
-/// It closes, as by "Cancel", when the page that opened it is hidden: the camera has been
-/// unplugged, and the key was meant for that one. Main thread.
+/// digits. Main thread.
 class ClDialogInputKey : public ClDialogBase {
     Q_OBJECT
 
@@ -21,8 +18,6 @@ public:
     [[nodiscard]] QVariantList getParam() override;
     /// Closes the dialog, unless a key is missing: then the user is told so.
     void accept() override;
-
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
 Q_SIGNALS:
     void sigConnect(const QString& key);

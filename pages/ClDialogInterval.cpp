@@ -16,7 +16,7 @@ constexpr unsigned int LEAST_INTERVAL = 1;  // seconds
 constexpr unsigned int LEAST_DELAY = 0;     // seconds
 
 void addRow(QVBoxLayout* column, const QString& text, ClTimeRow* row) {
-    auto* const label = new QLabel(text, column->parentWidget());
+    auto* label = new QLabel(text, column->parentWidget());
     label->setBuddy(row);
     column->addWidget(label);
     column->addWidget(row);
@@ -25,25 +25,25 @@ void addRow(QVBoxLayout* column, const QString& text, ClTimeRow* row) {
 }  // namespace
 
 ClDialogInterval::ClDialogInterval(QWidget* parent) : ClDialogBase(parent) {
-    auto* const choice = new ClRadioGroup(
+    auto* choice = new ClRadioGroup(
         ClWidgetBasicSetting::tr("Set the interval timer\nUse the interval timer that "
                                  "keep capture at a certain interval"),
         this);
     m_use = choice->addButton(ClWidgetBasicSetting::tr("Use interval timer"));
     m_notUse = choice->addButton(ClWidgetBasicSetting::tr("Not use interval timer"));
 
-    auto* const settings = new QWidget(this);
+    auto* settings = new QWidget(this);
     connect(m_use, &QRadioButton::toggled, settings, &QWidget::setEnabled);
     m_interval = new ClTimeRow(LEAST_INTERVAL, settings);
     m_delay = new ClTimeRow(LEAST_DELAY, settings);
     connect(m_interval, &ClTimeRow::sigValueChanged, this, &ClDialogInterval::slotValueChange);
     connect(m_delay, &ClTimeRow::sigValueChanged, this, &ClDialogInterval::slotValueChange);
-    auto* const rows = new QVBoxLayout(settings);
+    auto* rows = new QVBoxLayout(settings);
     rows->setContentsMargins(ClDialogColumn::DEPENDENT_INDENT, 0, 0, 0);
     addRow(rows, ClWidgetBasicSetting::tr("Time of interval that captured"), m_interval);
     addRow(rows, ClWidgetBasicSetting::tr("Time of until start interval timer"), m_delay);
 
-    auto* const column = new ClDialogColumn(this);
+    auto* column = new ClDialogColumn(this);
     column->addWidget(choice);
     column->addWidget(settings);
     addButtons();
@@ -66,7 +66,7 @@ QVariantList ClDialogInterval::getParam() {
 }
 
 void ClDialogInterval::slotValueChange(int /*value*/) {
-    if (auto* const row = qobject_cast<ClTimeRow*>(sender())) {
+    if (auto* row = qobject_cast<ClTimeRow*>(sender())) {
         row->keepInRange();
     }
 }

@@ -7,7 +7,7 @@
 #include <QRadioButton>
 
 ClDialogLed::ClDialogLed(QWidget* parent) : ClDialogBase(parent) {
-    auto* const choice = new ClRadioGroup(tr("Can set to light led on power on"), this);
+    auto* choice = new ClRadioGroup(tr("Can set to light led on power on"), this);
     m_light = choice->addButton(tr("Light"));
     m_notLight = choice->addButton(tr("Not light"));
 

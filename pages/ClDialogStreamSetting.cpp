@@ -43,7 +43,7 @@ ClDialogStreamSetting::ClDialogStreamSetting(QWidget* parent)
           ClWidgetStreamSetting::tr("Set the fps at the time of %1")
               .arg(ClWidgetStreamSetting::tr("LiveView")),
           RATES, SMOOTHEST, this)) {
-    auto* const column = new ClDialogColumn(this);
+    auto* column = new ClDialogColumn(this);
     column->addWidget(m_sizes);
     column->addWidget(m_rates);
     addButtons();

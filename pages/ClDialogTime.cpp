@@ -6,7 +6,6 @@
 #include "ui/ClDialogColumn.h"
 #include "ui/ClMessageBox.h"
 
-#include <QCoreApplication>
 #include <QHBoxLayout>
 #include <QIntValidator>
 #include <QLabel>
@@ -51,8 +50,8 @@ std::array<int, 6> componentsOf(const QDateTime& time) {
 }
 
 QLineEdit* createField(const stField& row, QWidget* parent) {
-    auto* const field = new QLineEdit(parent);
-    auto* const validator = new QIntValidator(row.least, row.greatest, field);
+    auto* field = new QLineEdit(parent);
+    auto* validator = new QIntValidator(row.least, row.greatest, field);
     // Digits alone: what is read from the field knows no separators either.
     QLocale digits = QLocale::c();
     digits.setNumberOptions(QLocale::RejectGroupSeparator);
@@ -68,7 +67,7 @@ QLineEdit* createField(const stField& row, QWidget* parent) {
 ClDialogTime::ClDialogTime(QWidget* parent, Clock clock)
     : ClDialogBase(parent),
       m_clock(std::move(clock)) {
-    auto* const fields = new QHBoxLayout;
+    auto* fields = new QHBoxLayout;
     fields->setSpacing(FIELD_SPACING);
     fields->addStretch();
     for (std::size_t i = 0; i < m_fields.size(); ++i) {
@@ -84,10 +83,10 @@ ClDialogTime::ClDialogTime(QWidget* parent, Clock clock)
     m_synchronize = new QPushButton(ClWidgetBasicSetting::tr("Synchronize PC"), this);
     m_synchronize->setCheckable(true);
     m_calendar = new QPushButton(ClWidgetBasicSetting::tr("Calendar"), this);
-    auto* const buttons = new QHBoxLayout;
+    auto* buttons = new QHBoxLayout;
     buttons->addWidget(m_synchronize);
     buttons->addWidget(m_calendar);
-    auto* const column = new ClDialogColumn(this);
+    auto* column = new ClDialogColumn(this);
     column->addLayout(fields);
     column->addLayout(buttons);
     addButtons();
@@ -114,9 +113,9 @@ QVariantList ClDialogTime::getParam() {
 void ClDialogTime::accept() {
     const auto isEmpty = [](const QLineEdit* field) { return field->text().isEmpty(); };
     if (std::ranges::any_of(m_fields, isEmpty)) {
-        complain(ClWidgetBasicSetting::tr("There are not input value"));
+        ClMessageBox::tell(this, ClWidgetBasicSetting::tr("There are not input value"));
     } else if (value(Year) < FIRST_YEAR || value(Year) > LAST_YEAR) {
-        complain(ClWidgetBasicSetting::tr("Invalid year\nSet from 2000 to 2100"));
+        ClMessageBox::tell(this, ClWidgetBasicSetting::tr("Invalid year\nSet from 2000 to 2100"));
     } else {
         ClDialogBase::accept();
     }
@@ -171,8 +170,4 @@ void ClDialogTime::showTime(const QDateTime& time, const QDateTime& shown) {
             m_fields[i]->setText(QString::number(now[i]));
         }
     }
-}
-
-void ClDialogTime::complain(const QString& text) {
-    ClMessageBox(this, text, QCoreApplication::applicationName(), QDialogButtonBox::Ok).exec();
 }

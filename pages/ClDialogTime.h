@@ -50,7 +50,6 @@ private:
     [[nodiscard]] QDate date() const;
     /// Rewrites the fields in which @p time differs from @p shown.
     void showTime(const QDateTime& time, const QDateTime& shown);
-    void complain(const QString& text);
 
     Clock m_clock;
     QTimer m_timer;

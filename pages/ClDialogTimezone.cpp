@@ -62,8 +62,7 @@ ClDialogTimezone::ClDialogTimezone(QWidget* parent)
     }
     // The box expects a single line.
     m_zone->setMinimumHeight(m_zone->sizeHint().height() + m_zone->fontMetrics().lineSpacing());
-    auto* const group =
-        new ClControlGroup(ClWidgetBasicSetting::tr("Setting time zone"), m_zone, this);
+    auto* group = new ClControlGroup(ClWidgetBasicSetting::tr("Setting time zone"), m_zone, this);
     (new ClDialogColumn(this))->addWidget(group);
     addButtons();
     connect(m_zone, &QComboBox::currentIndexChanged, this,

@@ -20,7 +20,7 @@ ClDialogWifiCountry::ClDialogWifiCountry(QWidget* parent)
     m_country->addItems({ClWidgetBasicSetting::tr("Japan"),
                          ClWidgetBasicSetting::tr("United States,Canada,Taiwan"),
                          ClWidgetBasicSetting::tr("EU"), ClWidgetBasicSetting::tr("Auto")});
-    auto* const group =
+    auto* group =
         new ClControlGroup(ClWidgetBasicSetting::tr("Setting Wi-Fi country"), m_country, this);
     (new ClDialogColumn(this))->addWidget(group);
     addButtons();

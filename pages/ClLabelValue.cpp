@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "pages/ClLabelValue.h"
 
+#include "pages/PageParts.h"
+
 #include <QFocusEvent>
 
 #include <algorithm>
@@ -25,9 +27,7 @@ QString onOneLine(QString text) {
 }  // namespace
 
 ClLabelValue::ClLabelValue(int widest, QWidget* parent) : QLabel(parent), m_widest(widest) {
-    QFont bold = font();
-    bold.setWeight(QFont::Bold);
-    setFont(bold);
+    setBold(this);
     setTextFormat(Qt::PlainText);
     setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     setFocusPolicy(Qt::StrongFocus);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "pages/ClLabelWifiState.h"
 
+#include "pages/PageParts.h"
+#include "pages/WifiCodes.h"
 #include "ui/Artwork.h"
 
 #include <QPaintEvent>
@@ -18,9 +20,11 @@ struct stAppearance {
 };
 
 constexpr std::array APPEARANCES{
-    stAppearance{1, ":/img/wifi_notlink", QT_TRANSLATE_NOOP("ClLabelWifiState", "Not link")},
-    stAppearance{2, ":/img/wifi_link", QT_TRANSLATE_NOOP("ClLabelWifiState", "Link")},
-    stAppearance{3, ":/img/wifi_link", QT_TRANSLATE_NOOP("ClLabelWifiState", "Adhoc Link")},
+    stAppearance{WIFI_NOT_LINKED, ":/img/wifi_notlink",
+                 QT_TRANSLATE_NOOP("ClLabelWifiState", "Not link")},
+    stAppearance{WIFI_LINKED, ":/img/wifi_link", QT_TRANSLATE_NOOP("ClLabelWifiState", "Link")},
+    stAppearance{WIFI_ADHOC_LINKED, ":/img/wifi_link",
+                 QT_TRANSLATE_NOOP("ClLabelWifiState", "Adhoc Link")},
 };
 constexpr stAppearance UNKNOWN{0, ":/img/wifi_link", nullptr};
 
@@ -33,9 +37,7 @@ ClLabelWifiState::ClLabelWifiState(QWidget* parent)
       m_picture(QString::fromLatin1(APPEARANCES.front().picture)) {
     setFixedSize(BADGE_SIZE);
     setAlignment(Qt::AlignCenter);
-    QFont bold = font();
-    bold.setWeight(QFont::Bold);
-    setFont(bold);
+    setBold(this);
     QPalette white = palette();
     white.setColor(QPalette::WindowText, Qt::white);
     setPalette(white);

@@ -7,13 +7,13 @@
 
 ClRadioGroup::ClRadioGroup(const QString& label, QWidget* parent) : ClControlGroup(parent) {
     setAccessibleName(label);
-    auto* const column = new QVBoxLayout(this);
+    auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->addWidget(new QLabel(label, this));
 }
 
 QRadioButton* ClRadioGroup::addButton(const QString& text) {
-    auto* const button = new QRadioButton(text, this);
+    auto* button = new QRadioButton(text, this);
     // Tab stops at the checked button. The toolkit sees to that only after a button has had the
     // keyboard, and gives it to the first one until then, where a blank would change the choice.
     button->setFocusPolicy(Qt::ClickFocus);

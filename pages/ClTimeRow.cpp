@@ -53,13 +53,13 @@ void correct(QSpinBox* box, int value) {
 }  // namespace
 
 ClTimeRow::ClTimeRow(unsigned int least, QWidget* parent) : ClControlGroup(parent), m_least(least) {
-    auto* const row = new QHBoxLayout(this);
+    auto* row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
     for (std::size_t i = 0; i < m_boxes.size(); ++i) {
         if (i > 0) {
             row->addWidget(new QLabel(QStringLiteral(":"), this));
         }
-        auto* const box = new QSpinBox(this);
+        auto* box = new QSpinBox(this);
         box->setMaximum(UNIT_ROWS[i].maximum);
         box->setAccessibleName(tr(UNIT_ROWS[i].name));
         connect(box, &QSpinBox::valueChanged, this, &ClTimeRow::sigValueChanged);

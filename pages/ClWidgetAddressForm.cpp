@@ -8,7 +8,6 @@
 #include "ui/ClIpv4Validator.h"
 #include "ui/ClMessageBox.h"
 
-#include <QCoreApplication>
 #include <QDialogButtonBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -65,9 +64,7 @@ void ClWidgetAddressForm::slotClicked() {
         if (isValid()) {
             writeChanges();
         } else {
-            ClMessageBox(this, ClWidgetNetworkSetting::tr("Not valid settings of network"),
-                         QCoreApplication::applicationName(), QDialogButtonBox::Ok)
-                .exec();
+            ClMessageBox::tell(this, ClWidgetNetworkSetting::tr("Not valid settings of network"));
         }
     }
 }

@@ -2,8 +2,10 @@
 #include "pages/ClWidgetBasicSetting.h"
 
 #include "pages/BasicSettingRows.h"
+#include "pages/PageParts.h"
 #include "protocol/CommandIdentifiers.h"
 #include "protocol/ResultCodes.h"
+#include "ui/ClDialogBase.h"
 #include "ui/ClLabelSepalator.h"
 
 #include <QHBoxLayout>
@@ -13,6 +15,7 @@
 #include <QScopedValueRollback>
 
 #include <algorithm>
+#include <memory>
 #include <optional>
 #include <utility>
 
@@ -24,7 +27,6 @@ constexpr int CAPTION_INDENT = 37;
 // Room for the text. The lines of some fonts, Japanese ones above all, are higher: with them the
 // last button would not fit on the page.
 constexpr int CAPTION_HEIGHT = 16;
-constexpr QSize BUTTON_MINIMUM{309, 30};
 const QString UNKNOWN_NAME = QStringLiteral("--");
 
 using Identifier = QUuid stCameraSetting::*;
@@ -32,7 +34,7 @@ using Identifier = QUuid stCameraSetting::*;
 /// The setting of @p row whose identifier of that kind is @p command, or null.
 const stCameraSetting* settingWith(const stBasicSettingRow& row, Identifier kind,
                                    const QUuid& command) {
-    const auto* const found = std::ranges::find(row.settings, command, kind);
+    const auto* found = std::ranges::find(row.settings, command, kind);
     return command.isNull() || found == row.settings.end() ? nullptr : found;
 }
 
@@ -83,7 +85,7 @@ void ClWidgetBasicSetting::addCaption(const char* text, QVBoxLayout* column) {
 
 void ClWidgetBasicSetting::addButton(const stBasicSettingRow& row, QVBoxLayout* column) {
     auto* button = new QPushButton(this);
-    button->setMinimumSize(BUTTON_MINIMUM);
+    button->setMinimumSize(WIDE_BUTTON_MINIMUM);
     connect(button, &QPushButton::clicked, this, &ClWidgetBasicSetting::slotClicked);
     m_buttons.append(button);
     if (showsName(row)) {
@@ -133,8 +135,7 @@ void ClWidgetBasicSetting::slotClicked() {
 
 void ClWidgetBasicSetting::slotReceiveCommand(const VX_CMD& clCommand) {
     // An answer to the page that was left for this one would open a dialog that nobody asked for.
-    const auto* asker = clCommand.value(Key::SENDER).value<QObject*>();
-    if (asker != nullptr && asker != this) {
+    if (isAnswerToAnother(clCommand)) {
         return;
     }
     m_waiting.append(clCommand);
@@ -150,6 +151,8 @@ void ClWidgetBasicSetting::slotReceiveCommand(const VX_CMD& clCommand) {
 void ClWidgetBasicSetting::handle(const VX_CMD& message) {
     const QUuid received = getCommand(message);
     if (received == USB_NUBO_CMD_RESPONSE || received == USB_CMD_ERROR) {
+        // Not an stCommandResult: a click that comes to nothing is told here even when the camera
+        // has gone.
         const auto result = message.value(Key::PARAM3).value<unsigned short>();
         handleResult(message.value(Key::PARAM2).toUuid(), result,
                      received == USB_CMD_ERROR || result != USB_ERROR_SUCCESS);
@@ -183,18 +186,20 @@ void ClWidgetBasicSetting::goOn(const stBasicSettingRow& row, const stCameraSett
             return;
         }
     }
-    const auto* const next = std::next(&answered);
+    const auto* next = std::next(&answered);
     if (next != row.settings.end() && !next->request.isNull()) {
         sendUsbCommand(next->request);
     } else {
-        ask(row);
+        showDialog(row);
     }
 }
 
-void ClWidgetBasicSetting::ask(const stBasicSettingRow& row) {
+void ClWidgetBasicSetting::showDialog(const stBasicSettingRow& row) {
     const int before = visit();
-    const std::optional<QVariantList> values = row.ask(this, readValues(row));
-    // The camera that the values are of has left; the one that may have come is another matter.
+    const std::unique_ptr<ClDialogBase> dialog = row.createDialog(this);
+    dialog->setParam(readValues(row));
+    const bool isAccepted = ask(*dialog);
+    // What waits by now is of the camera that has come.
     if (before != visit()) {
         return;
     }
@@ -202,8 +207,8 @@ void ClWidgetBasicSetting::ask(const stBasicSettingRow& row) {
     m_waiting.removeIf([&row](const VX_CMD& message) {
         return settingWith(row, &stCameraSetting::answer, getCommand(message)) != nullptr;
     });
-    if (values) {
-        write(row, *values);
+    if (isAccepted) {
+        write(row, dialog->getParam());
     }
 }
 

@@ -18,8 +18,7 @@ struct stCameraSetting;
 /// name, on the first button; it changes when the camera confirms the new one.
 ///
 /// A dialog runs inside slotReceiveCommand(). What arrives meanwhile waits until it is closed, so
-/// that dialogs and boxes come one after the other. When the camera leaves meanwhile, the dialog
-/// stays, but its values go nowhere, not even to a camera that comes next. Main thread.
+/// that dialogs and boxes come one after the other. Main thread.
 class ClWidgetBasicSetting : public ClWidgetBase {
     Q_OBJECT
 
@@ -45,7 +44,7 @@ private:
     void handleResult(const QUuid& command, unsigned short result, bool isFailure);
     /// Reads the row's next setting, or runs its dialog when @p answered was the last one.
     void goOn(const stBasicSettingRow& row, const stCameraSetting& answered);
-    void ask(const stBasicSettingRow& row);
+    void showDialog(const stBasicSettingRow& row);
     [[nodiscard]] QVariantList readValues(const stBasicSettingRow& row) const;
     void write(const stBasicSettingRow& row, const QVariantList& values);
 

@@ -2,12 +2,14 @@
 #include "pages/ClWidgetCameraState.h"
 
 #include "pages/ClLabelWifiState.h"
+#include "pages/CommandResult.h"
 #include "pages/PageParts.h"
+#include "pages/WifiCodes.h"
 #include "protocol/CommandIdentifiers.h"
-#include "protocol/ResultCodes.h"
 #include "ui/ClLabelSepalator.h"
 #include "ui/ClMessageBox.h"
 #include "ui/ClWidgetProgress.h"
+#include "ui/Colours.h"
 
 #include <QCoreApplication>
 #include <QHBoxLayout>
@@ -40,10 +42,7 @@ constexpr std::array ACTIONS{
 
 constexpr std::array<const char*, 4> FILE_SYSTEMS{"", "FAT12", "FAT16", "FAT32"};
 
-constexpr unsigned int NOT_LINKED = 1;
-constexpr QColor GOOD_COLOUR{26, 97, 9};
 constexpr QSize WIFI_PANEL_SIZE{600, 50};
-constexpr QSize BUTTON_MINIMUM{133, 30};
 constexpr int BUTTONS_RIGHT = 586;
 constexpr int BUTTONS_Y = 419;
 
@@ -142,16 +141,12 @@ void ClWidgetCameraState::sendRead(const QUuid& request) {
 
 void ClWidgetCameraState::slotReceiveCommand(const VX_CMD& clCommand) {
     const QUuid received = getCommand(clCommand);
-    const QUuid answered = clCommand.value(Key::PARAM2).toUuid();
-    const auto result = clCommand.value(Key::PARAM3).value<unsigned short>();
-    if (received == USB_NUBO_CMD_RESPONSE) {
-        showResult(answered, result);
-    } else if (received == USB_CMD_ERROR) {
-        // A camera that has gone needs no box: the not-connected page is on its way.
-        if (result != USB_NO_DEVICE) {
+    const stCommandResult result(clCommand);
+    if (result.isSuccess || result.isFailure) {
+        if (received == USB_CMD_ERROR) {
             stopPolling();
-            showResult(answered, result);
         }
+        showResult(result);
     } else if (const auto step = std::ranges::find(READS, received, &stRead::answer);
                step != std::end(READS)) {
         (this->*step->show)(clCommand);
@@ -162,18 +157,17 @@ void ClWidgetCameraState::slotReceiveCommand(const VX_CMD& clCommand) {
     }
 }
 
-void ClWidgetCameraState::showResult(const QUuid& command, unsigned short result) {
+void ClWidgetCameraState::showResult(const stCommandResult& result) {
+    const QUuid& command = result.command;
     if (command == m_awaitedRead) {
         m_awaitedRead = {};
     }
     const bool isRead = std::ranges::find(READS, command, &stRead::request) != std::end(READS);
     const bool isAction = std::ranges::find(ACTIONS, command, &stAction::command) != ACTIONS.end();
-    if (result != USB_ERROR_SUCCESS && (isRead || isAction)) {
-        showErrorMsgBox(result);
-    } else if (result == USB_ERROR_SUCCESS && command == USB_NUBO_CMD_FORMAT_SD) {
-        ClMessageBox(this, tr("Completed %1").arg(tr("SD card format")),
-                     QCoreApplication::applicationName(), QDialogButtonBox::Ok)
-            .exec();
+    if (result.isFailure && (isRead || isAction)) {
+        showErrorMsgBox(result.code);
+    } else if (result.isSuccess && command == USB_NUBO_CMD_FORMAT_SD) {
+        ClMessageBox::tell(this, tr("Completed %1").arg(tr("SD card format")));
     }
 }
 
@@ -185,8 +179,7 @@ void ClWidgetCameraState::slotClicked() {
     const stAction& action = ACTIONS[static_cast<std::size_t>(index)];
     ClMessageBox box(this, tr(action.confirmation), QCoreApplication::applicationName(),
                      QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
-    const int before = visit();
-    if (box.exec() == QDialog::Accepted && before == visit()) {
+    if (ask(box)) {
         sendUsbCommand(action.command, {});
     }
 }
@@ -207,7 +200,7 @@ void ClWidgetCameraState::showSdCard(const VX_CMD& answer) {
 
 void ClWidgetCameraState::setWifiState(unsigned int state, int sensitivity, unsigned int channel) {
     m_wifiState->setState(state);
-    const bool hasSignal = state != NOT_LINKED && sensitivity >= 1;
+    const bool hasSignal = state != WIFI_NOT_LINKED && sensitivity >= 1;
     if (hasSignal) {
         setValue(m_sensitivity, QStringLiteral("%1dBm").arg(sensitivity));
         setValue(m_channel, QStringLiteral("%1ch").arg(channel));

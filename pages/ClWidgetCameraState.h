@@ -9,6 +9,7 @@ class ClLabelWifiState;
 class ClWidgetProgress;
 class QLabel;
 class QPushButton;
+struct stCommandResult;
 
 /// The camera state page: battery, Wi-Fi link and SD card, read again every five seconds while the
 /// page is visible, and three maintenance actions behind confirmation boxes.
@@ -48,7 +49,7 @@ private:
     void sendRead(const QUuid& request);
 
     /// Deals with a result of one of this page's commands; others are left alone.
-    void showResult(const QUuid& command, unsigned short result);
+    void showResult(const stCommandResult& result);
 
     QUuid m_awaitedRead;  ///< the request of the refresh that is under way; null: none
     ClWidgetProgress* m_battery;

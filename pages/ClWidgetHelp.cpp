@@ -4,8 +4,8 @@
 #include "app/Tool.h"
 #include "pages/ClLabelValue.h"
 #include "pages/ClWidgetLogo.h"
+#include "pages/CommandResult.h"
 #include "protocol/CommandIdentifiers.h"
-#include "protocol/ResultCodes.h"
 #include "ui/ClLabelSepalator.h"
 
 #include <QDateTime>
@@ -95,21 +95,18 @@ void ClWidgetHelp::showInit(bool /*isPolling*/) {
 
 void ClWidgetHelp::slotReceiveCommand(const VX_CMD& clCommand) {
     const QUuid received = getCommand(clCommand);
-    if (const auto* const step = std::ranges::find(READS, received, &stRead::answer);
+    if (const auto* step = std::ranges::find(READS, received, &stRead::answer);
         step != READS.end()) {
         m_values[step - READS.begin()]->setValue(step->toText(clCommand.value(Key::PARAM2)));
-        if (const auto* const next = std::next(step); next != READS.end()) {
+        if (const auto* next = std::next(step); next != READS.end()) {
             sendUsbCommand(next->request);
         }
         return;
     }
-    const auto result = clCommand.value(Key::PARAM3).value<unsigned short>();
-    // A camera that has gone needs no box: the not-connected page is on its way.
-    const bool isFailure = (received == USB_NUBO_CMD_RESPONSE && result != USB_ERROR_SUCCESS) ||
-                           (received == USB_CMD_ERROR && result != USB_NO_DEVICE);
-    const QUuid asked = clCommand.value(Key::PARAM2).toUuid();
-    if (isFailure && std::ranges::find(READS, asked, &stRead::request) != READS.end()) {
-        showErrorMsgBox(result);
+    const stCommandResult result(clCommand);
+    if (result.isFailure &&
+        std::ranges::find(READS, result.command, &stRead::request) != READS.end()) {
+        showErrorMsgBox(result.code);
     }
 }
 

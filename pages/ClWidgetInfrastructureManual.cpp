@@ -71,7 +71,7 @@ void ClWidgetInfrastructureManual::decide() {
         return;
     }
     ClDialogInputKey dialog(this, false);
-    if (dialog.exec() != QDialog::Accepted) {
+    if (!ask(dialog)) {
         return;
     }
     const QString key = dialog.getParam().value(0).toString();

@@ -10,7 +10,7 @@
 #include "ui/ClWidgetApInfo.h"
 #include "ui/ClWidgetApList.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QLabel>
 #include <QPushButton>
 #include <QScrollArea>
@@ -86,7 +86,7 @@ void ClWidgetInfrastructureSearch::slotSelect(const QString& ssid, bool isEncryp
     QString key;
     if (isEncrypted) {
         ClDialogInputKey dialog(this, true);
-        if (dialog.exec() != QDialog::Accepted) {
+        if (!ask(dialog)) {
             return;
         }
         key = dialog.getParam().value(0).toString();
@@ -103,6 +103,10 @@ void ClWidgetInfrastructureSearch::slotSelect(const QString& ssid, bool isEncryp
 void ClWidgetInfrastructureSearch::slotReceiveCommand(const VX_CMD& clCommand) {
     const QUuid received = getCommand(clCommand);
     if (received == USB_RES_NUBO_CMD_GET_WIFI_INFO) {
+        // The top sub-page may have asked, too, the moment before it was left for this one.
+        if (isAnswerToAnother(clCommand)) {
+            return;
+        }
         if (clCommand.value(Key::PARAM2).toBool()) {
             m_linkedSsid = clCommand.value(Key::PARAM4).toString();
         }
@@ -146,9 +150,12 @@ void ClWidgetInfrastructureSearch::showList(const AccesspointList& accesspoints)
     list->resize(list->sizeHint());
     m_area->show();
     // Every widget that has been shown asks to be repainted. For each one out of sight Qt would
-    // then look through all its siblings, which makes long lists slow: one repaint does instead.
+    // then look through all its siblings, which makes long lists slow: one repaint of each window
+    // does instead.
     QCoreApplication::removePostedEvents(nullptr, QEvent::UpdateLater);
-    window()->update();
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        window->update();
+    }
 }
 
 void ClWidgetInfrastructureSearch::showResult(const QUuid& kind, const stCommandResult& result) {

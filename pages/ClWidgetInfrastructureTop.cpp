@@ -6,6 +6,7 @@
 #include "pages/InfrastructureParts.h"
 #include "pages/NetworkState.h"
 #include "pages/PageParts.h"
+#include "pages/WifiCodes.h"
 #include "ui/ClButtonApInfo.h"
 
 #include <QCheckBox>
@@ -23,7 +24,6 @@ constexpr std::array READS{
     USB_REQ_NUBO_CMD_GET_INFRA_KEY,
 };
 
-constexpr unsigned int NOT_LINKED = 1;
 constexpr int NO_ENCRYPTION = -1;
 
 constexpr QPoint USE_INFRA_PLACE{27, 28};
@@ -106,7 +106,7 @@ void ClWidgetInfrastructureTop::sendRead(const QUuid& request) {
 }
 
 void ClWidgetInfrastructureTop::showLink(const VX_CMD& answer) {
-    const bool isLinked = answer.value(Key::PARAM2).toUInt() != NOT_LINKED &&
+    const bool isLinked = answer.value(Key::PARAM2).toUInt() != WIFI_NOT_LINKED &&
                           answer.value(Key::PARAM3).toString() == m_ssid;
     m_selected->setLinking(isLinked);
     m_selected->setSsid(std::exchange(m_ssid, {}));

@@ -2,6 +2,7 @@
 #include "pages/ClWidgetLogo.h"
 
 #include "pages/ClWidgetHelp.h"
+#include "pages/PageParts.h"
 #include "ui/Artwork.h"
 
 #include <QHBoxLayout>
@@ -9,7 +10,7 @@
 
 namespace {
 
-constexpr QColor TEXT_COLOUR{93, 97, 102};
+constexpr QColor LETTER_COLOUR{93, 97, 102};
 constexpr int SPACING = 9;         // pixels
 constexpr int TEXT_REDUCTION = 3;  // pixels by which the letters are lower than the logo
 
@@ -17,7 +18,7 @@ constexpr int TEXT_REDUCTION = 3;  // pixels by which the letters are lower than
 
 ClWidgetLogo::ClWidgetLogo(QWidget* parent) : QWidget(parent) {
     QPalette grey = palette();
-    grey.setColor(QPalette::WindowText, TEXT_COLOUR);
+    grey.setColor(QPalette::WindowText, LETTER_COLOUR);
     setPalette(grey);
 
     auto* row = new QHBoxLayout(this);
@@ -30,10 +31,10 @@ ClWidgetLogo::ClWidgetLogo(QWidget* parent) : QWidget(parent) {
     logo->setAccessibleName(QStringLiteral("NuBo"));
     row->addWidget(logo);
 
-    QFont bold = font();
-    bold.setWeight(QFont::Bold);
-    bold.setPixelSize(picture.deviceIndependentSize().toSize().height() - TEXT_REDUCTION);
-    setFont(bold);
+    QFont large = font();
+    large.setPixelSize(picture.deviceIndependentSize().toSize().height() - TEXT_REDUCTION);
+    setFont(large);
+    setBold(this);
 
     auto* text = new QLabel(ClWidgetHelp::tr("Setting Application"), this);
     text->setAlignment(Qt::AlignLeft | Qt::AlignHCenter | Qt::AlignVCenter);

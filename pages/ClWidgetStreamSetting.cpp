@@ -3,12 +3,13 @@
 
 #include "pages/ClDialogRecSetting.h"
 #include "pages/ClDialogStreamSetting.h"
+#include "pages/CommandResult.h"
+#include "pages/PageParts.h"
 #include "protocol/CommandIdentifiers.h"
 #include "protocol/ResultCodes.h"
 #include "ui/ClLabelSepalator.h"
 #include "ui/ClMessageBox.h"
 
-#include <QCoreApplication>
 #include <QPushButton>
 
 #include <algorithm>
@@ -27,7 +28,6 @@ constexpr std::array WRITES{
     stWrites{USB_NUBO_CMD_SET_LIVE_IMAGESIZE, USB_NUBO_CMD_SET_LIVE_FRAMERATE},
 };
 
-constexpr QSize BUTTON_MINIMUM{309, 30};
 constexpr int BUTTON_X = 143;
 
 bool isWrite(const QUuid& command) {
@@ -71,16 +71,13 @@ ClWidgetStreamSetting::ClWidgetStreamSetting(QWidget* parent) : ClWidgetBase(par
 void ClWidgetStreamSetting::addButton(const QString& use, int y,
                                       void (ClWidgetStreamSetting::*clicked)()) {
     auto* button = new QPushButton(tr("%1 setting").arg(use), this);
-    button->setMinimumSize(BUTTON_MINIMUM);
+    button->setMinimumSize(WIDE_BUTTON_MINIMUM);
     button->move(BUTTON_X, y);
     connect(button, &QPushButton::clicked, this, clicked);
 }
 
 void ClWidgetStreamSetting::showInit(bool /*isPolling*/) {
     m_awaitedRead = {};
-    if (m_dialog != nullptr) {
-        m_dialog->reject();
-    }
 }
 
 void ClWidgetStreamSetting::slotSetRec() {
@@ -131,23 +128,19 @@ void ClWidgetStreamSetting::slotReceiveCommand(const VX_CMD& clCommand) {
 }
 
 void ClWidgetStreamSetting::showResult(const VX_CMD& message) {
-    const QUuid command = message.value(Key::PARAM2).toUuid();
-    const auto result = message.value(Key::PARAM3).value<unsigned short>();
-    if (command == m_awaitedRead) {
+    const stCommandResult result(message);
+    if (result.command == m_awaitedRead) {
         m_awaitedRead = {};
     }
-    const bool isLinkError = getCommand(message) == USB_CMD_ERROR;
-    // A camera that has gone needs no box: the not-connected page is on its way.
-    if (result == (isLinkError ? USB_NO_DEVICE : USB_ERROR_SUCCESS)) {
+    if (!result.isFailure) {
         return;
     }
-    if (!isLinkError && command == USB_NUBO_CMD_SET_REC_IMAGESIZE &&
-        result == NUBO_CMD_ERROR_EXEC) {
-        ClMessageBox(this, tr("Set failed for recording"), QCoreApplication::applicationName(),
-                     QDialogButtonBox::Ok)
-            .exec();
-    } else if (isRead(command) || isWrite(command)) {
-        showErrorMsgBox(result);
+    const bool isRefusal = getCommand(message) == USB_NUBO_CMD_RESPONSE;
+    if (isRefusal && result.command == USB_NUBO_CMD_SET_REC_IMAGESIZE &&
+        result.code == NUBO_CMD_ERROR_EXEC) {
+        ClMessageBox::tell(this, tr("Set failed for recording"));
+    } else if (isRead(result.command) || isWrite(result.command)) {
+        showErrorMsgBox(result.code);
     }
 }
 
@@ -160,9 +153,8 @@ std::unique_ptr<ClDialogBase> ClWidgetStreamSetting::createDialog(eDialogType ty
 
 void ClWidgetStreamSetting::showDialog(eDialogType type) {
     const std::unique_ptr<ClDialogBase> dialog = createDialog(type);
-    m_dialog = dialog.get();
     dialog->setParam({m_imageSize, m_frameRate});
-    if (dialog->exec() == QDialog::Accepted) {
+    if (ask(*dialog)) {
         const stWrites& writes = WRITES[static_cast<std::size_t>(type)];
         const QVariantList chosen = dialog->getParam();
         const QSize size = chosen.value(0).toSize();

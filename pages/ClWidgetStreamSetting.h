@@ -3,7 +3,6 @@
 
 #include "ui/ClWidgetBase.h"
 
-#include <QPointer>
 #include <QSize>
 #include <QUuid>
 
@@ -28,8 +27,7 @@ public:
 
     explicit ClWidgetStreamSetting(QWidget* parent);
 
-    /// Forgets what went on when the page was left. A dialog still open then shows the values of a
-    /// camera that has gone, and is cancelled.
+    /// Forgets what went on when the page was left.
     void showInit(bool isPolling) override;
 
     /// Shows the values just read in the dialog of @p type, and sends those that the user changed:
@@ -58,5 +56,4 @@ private:
     QSize m_imageSize;             ///< just read; (-1, -1): none
     unsigned int m_frameRate = 0;  ///< just read; 0: none
     QUuid m_awaitedRead;           ///< the request of the chain that is under way; null: none
-    QPointer<ClDialogBase> m_dialog;
 };

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "pages/InfrastructureParts.h"
 
+#include "pages/PageParts.h"
+
 #include <QHBoxLayout>
 #include <QPushButton>
 
@@ -9,7 +11,6 @@ namespace {
 constexpr int BAR_WIDTH = 600;
 constexpr int RIGHT_MARGIN = 15;
 constexpr int SPACING = 10;
-constexpr QSize BUTTON_MINIMUM{133, 30};
 
 }  // namespace
 

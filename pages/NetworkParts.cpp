@@ -11,7 +11,6 @@
 namespace {
 
 constexpr int BOX_RIGHT = 585;
-constexpr QSize BUTTON_MINIMUM{133, 30};
 
 }  // namespace
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "pages/WifiCodes.h"
+
 #include <QtGlobal>
 
 // What the network pages know of the camera's Wi-Fi, and whether they have complained yet. One
@@ -8,8 +10,6 @@
 // Main thread.
 
 inline constexpr quint32 WIFI_MODE_UNKNOWN = 0;  ///< not read yet, or Wi-Fi was switched off here
-inline constexpr quint32 WIFI_MODE_INFRASTRUCTURE = 1;
-inline constexpr quint32 WIFI_MODE_ADHOC = 2;
 
 inline bool g_bIsWifiON = false;                  ///< as last read from the camera
 inline quint32 g_ulWifiMode = WIFI_MODE_UNKNOWN;  ///< as last read from or written to the camera

@@ -2,12 +2,16 @@
 #pragma once
 
 #include <QPoint>
+#include <QSize>
 
 class QLabel;
 class QString;
 class QWidget;
 
 // The parts that pages at fixed places are made of. They become children of the page. Main thread.
+
+inline constexpr QSize BUTTON_MINIMUM{133, 30};
+inline constexpr QSize WIDE_BUTTON_MINIMUM{309, 30};  ///< of a page that is a column of buttons
 
 /// A text at @p place.
 QLabel* addLabel(const QString& text, QPoint place, QWidget* page);

@@ -10,7 +10,6 @@ class QRect;
 
 inline constexpr QColor AP_ROW_COLOUR{185, 193, 202};
 inline constexpr QColor AP_ROW_HOVER_COLOUR{206, 212, 218};
-inline constexpr QColor AP_TEXT_COLOUR{0x2B, 0x30, 0x36};
 inline constexpr QColor AP_SEPARATOR_COLOUR{136, 140, 145};
 
 /// Marks the row that covers @p area as the one that has the keyboard. @p radius rounds its

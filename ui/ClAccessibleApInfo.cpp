@@ -9,10 +9,10 @@
 namespace {
 
 QAccessibleInterface* create(const QString& /*className*/, QObject* object) {
-    if (auto* const row = qobject_cast<ClWidgetApInfo*>(object)) {
+    if (auto* row = qobject_cast<ClWidgetApInfo*>(object)) {
         return new ClAccessibleApInfo(row);
     }
-    auto* const list = qobject_cast<ClWidgetApList*>(object);
+    auto* list = qobject_cast<ClWidgetApList*>(object);
     return list != nullptr ? new QAccessibleWidget(list, QAccessible::List) : nullptr;
 }
 
@@ -34,7 +34,7 @@ void ClAccessibleApInfo::doAction(const QString& actionName) {
         QAccessibleWidget::doAction(actionName);
         return;
     }
-    auto* const row = qobject_cast<ClWidgetApInfo*>(widget());
+    auto* row = qobject_cast<ClWidgetApInfo*>(widget());
     const auto select = [row] {
         // An open dialog keeps mouse and keyboard off the row by itself.
         if (QApplication::activeModalWidget() == nullptr) {

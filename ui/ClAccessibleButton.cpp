@@ -22,7 +22,7 @@ QAccessibleInterface* create(const QString& className, QObject* object) {
     const auto isMeant = [&className](const QMetaObject* meant) {
         return className == QLatin1String(meant->className());
     };
-    auto* const button =
+    auto* button =
         std::ranges::any_of(CLASSES, isMeant) ? qobject_cast<QAbstractButton*>(object) : nullptr;
     return button != nullptr ? new ClAccessibleButton(button) : nullptr;
 }
@@ -57,7 +57,7 @@ QAccessible::State ClAccessibleButton::state() const {
     state.checkable = button()->isCheckable();
     state.checked = button()->isChecked();
     state.pressed = button()->isDown();
-    const auto* const pushButton = qobject_cast<QPushButton*>(button());
+    const auto* pushButton = qobject_cast<QPushButton*>(button());
     state.defaultButton = pushButton != nullptr && pushButton->isDefault();
     return state;
 }

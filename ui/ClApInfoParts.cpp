@@ -6,6 +6,7 @@
 #include "ui/ClLinkCheck.h"
 #include "ui/ClWidgetEncryption.h"
 #include "ui/ClWidgetRssi.h"
+#include "ui/Colours.h"
 
 namespace {
 
@@ -26,7 +27,7 @@ ClApInfoParts::ClApInfoParts(QWidget& row, const QString& ssid, int type, int rs
     colours.setColor(QPalette::Window, AP_ROW_COLOUR);
     // The parts of a button take the button's text colour.
     for (const QPalette::ColorRole text : {QPalette::WindowText, QPalette::ButtonText}) {
-        colours.setColor(text, AP_TEXT_COLOUR);
+        colours.setColor(text, TEXT_COLOUR);
     }
     row.setPalette(colours);
     row.setAutoFillBackground(true);

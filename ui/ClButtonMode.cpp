@@ -26,7 +26,7 @@ ClButtonMode::ClButtonMode(const QString& image, const QString& caption, QWidget
     setImgShow(artworkIcon({{QIcon::Active, QStringLiteral(":/img/button1")},
                             {QIcon::Selected, QStringLiteral(":/img/button2")}}));
 
-    auto* const label = new QLabel(caption, this);
+    auto* label = new QLabel(caption, this);
     label->setMinimumWidth(SIZE.width());
     label->setAlignment(Qt::AlignHCenter);
     if (label->sizeHint().width() > SIZE.width()) {

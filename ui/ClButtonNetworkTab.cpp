@@ -2,13 +2,13 @@
 #include "ui/ClButtonNetworkTab.h"
 
 #include "ui/ArtworkIcon.h"
+#include "ui/Colours.h"
 
 #include <QLabel>
 
 namespace {
 
 constexpr QSize SIZE{172, 36};
-constexpr QColor TEXT_COLOUR{0x2B, 0x30, 0x36};
 
 }  // namespace
 
@@ -19,7 +19,7 @@ ClButtonNetworkTab::ClButtonNetworkTab(const QString& text, QWidget* parent)
     setImgShow(artworkIcon({{QIcon::Active, QStringLiteral(":/img/tab1")},
                             {QIcon::Selected, QStringLiteral(":/img/tab2")}}));
 
-    auto* const label = new QLabel(text, this);
+    auto* label = new QLabel(text, this);
     label->resize(SIZE);
     label->setAlignment(Qt::AlignCenter);
 }

@@ -3,6 +3,7 @@
 
 #include "ui/ArtworkIcon.h"
 #include "ui/ClRollOverToolBtn.h"
+#include "ui/Colours.h"
 
 #include <QLabel>
 
@@ -11,12 +12,11 @@ namespace {
 constexpr QSize SIZE{600, 30};
 constexpr QRect CLOSE_BUTTON{0, 0, 30, 20};
 constexpr int TITLE_TOP = 10;
-constexpr QColor TITLE_COLOUR{0x2B, 0x30, 0x36};
 
 }  // namespace
 
 ClCaptionBar::ClCaptionBar(const QString& title, QWidget* parent) : QWidget(parent) {
-    auto* const closeButton = new ClRollOverToolBtn(this);
+    auto* closeButton = new ClRollOverToolBtn(this);
     closeButton->setImgShow(artworkIcon({{QIcon::Normal, QStringLiteral(":/img/close_mac1")},
                                          {QIcon::Active, QStringLiteral(":/img/close_mac2")},
                                          {QIcon::Selected, QStringLiteral(":/img/close_mac3")}}));
@@ -25,9 +25,9 @@ ClCaptionBar::ClCaptionBar(const QString& title, QWidget* parent) : QWidget(pare
     closeButton->setAccessibleName(tr("Close"));
     connect(closeButton, &QAbstractButton::clicked, this, &ClCaptionBar::sigClose);
 
-    auto* const titleLabel = new QLabel(title, this);
+    auto* titleLabel = new QLabel(title, this);
     QPalette colours = titleLabel->palette();
-    colours.setColor(QPalette::WindowText, TITLE_COLOUR);
+    colours.setColor(QPalette::WindowText, TEXT_COLOUR);
     titleLabel->setPalette(colours);
     titleLabel->move((SIZE.width() - titleLabel->sizeHint().width()) / 2, TITLE_TOP);
 }

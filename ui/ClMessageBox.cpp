@@ -4,6 +4,7 @@
 #include "ui/ClDialogBase.h"
 #include "ui/ClDialogColumn.h"
 
+#include <QCoreApplication>
 #include <QLabel>
 #include <QPushButton>
 
@@ -40,10 +41,10 @@ ClMessageBox::ClMessageBox(QWidget* parent, const QString& text, const QString& 
     setWindowFlags(ClDialogBase::WINDOW_FLAGS);
     setWindowTitle(title);
 
-    auto* const label = new QLabel(text, this);
+    auto* label = new QLabel(text, this);
     label->setAlignment(Qt::AlignCenter);
 
-    auto* const column = new ClDialogColumn(this);
+    auto* column = new ClDialogColumn(this);
     column->setSpacing(SPACING);
     column->addWidget(label, 0, Qt::AlignHCenter);
     column->addWidget(createButtonBox(buttons), 0, Qt::AlignHCenter);
@@ -52,8 +53,12 @@ ClMessageBox::ClMessageBox(QWidget* parent, const QString& text, const QString& 
     setMinimumWidth(ClDialogBase::MINIMUM_WIDTH);
 }
 
+void ClMessageBox::tell(QWidget* parent, const QString& text) {
+    ClMessageBox(parent, text, QCoreApplication::applicationName(), QDialogButtonBox::Ok).exec();
+}
+
 QDialogButtonBox* ClMessageBox::createButtonBox(QDialogButtonBox::StandardButtons buttons) {
-    auto* const box = new QDialogButtonBox(this);
+    auto* box = new QDialogButtonBox(this);
     for (const stButtonChoice& choice : CHOICES) {
         for (const stButton& candidate : choice.candidates) {
             if (buttons.testFlag(candidate.flag)) {

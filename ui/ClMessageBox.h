@@ -15,6 +15,10 @@ public:
     ClMessageBox(QWidget* parent, const QString& text, const QString& title,
                  QDialogButtonBox::StandardButtons buttons);
 
+    /// Tells the user @p text, in a box with "OK" under the program's name. Returns when it is
+    /// closed.
+    static void tell(QWidget* parent, const QString& text);
+
 private:
     QDialogButtonBox* createButtonBox(QDialogButtonBox::StandardButtons buttons);
 };

@@ -13,7 +13,7 @@
 namespace {
 
 QWidget* createSeparator() {
-    auto* const line = new QFrame;
+    auto* line = new QFrame;
     line->setFrameShape(QFrame::HLine);
     line->setFrameShadow(QFrame::Plain);
     line->setFixedHeight(1);

@@ -6,10 +6,12 @@
 #include "ui/ClMessageBox.h"
 
 #include <QApplication>
+#include <QDialog>
 #include <QHideEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPushButton>
+#include <QShowEvent>
 
 #include <algorithm>
 #include <array>
@@ -42,7 +44,7 @@ constexpr const char* OTHER_ERROR_TEXT =
     QT_TRANSLATE_NOOP("ClWidgetBase", "Exec failed, unknown error");
 
 const char* errorText(unsigned short error) {
-    const auto* const found = std::ranges::find(ERROR_TEXTS, error, &stErrorText::code);
+    const auto* found = std::ranges::find(ERROR_TEXTS, error, &stErrorText::code);
     return found == ERROR_TEXTS.end() ? OTHER_ERROR_TEXT : found->text;
 }
 
@@ -54,7 +56,7 @@ ClWidgetBase::ClWidgetBase(QWidget* parent) : QWidget(parent) {
     connect(&m_pollingTimer, &QTimer::timeout, this, &ClWidgetBase::slotPollingFired);
 }
 
-void ClWidgetBase::showInit(bool /*fromPolling*/) {}
+void ClWidgetBase::showInit(bool /*isPolling*/) {}
 
 void ClWidgetBase::startPolling() {
     if (!m_pollingTimer.isActive()) {
@@ -72,12 +74,18 @@ void ClWidgetBase::showErrorMsgBox(unsigned short error) {
         return;
     }
     do {
-        ClMessageBox(this, tr(errorText(m_errors.first())), QCoreApplication::applicationName(),
-                     QDialogButtonBox::Ok)
-            .exec();
+        ClMessageBox::tell(this, tr(errorText(m_errors.first())));
         m_errors.removeFirst();
     } while (!m_errors.isEmpty() && isVisible());
     m_errors.clear();
+}
+
+bool ClWidgetBase::ask(QDialog& dialog) {
+    const int before = m_visit;
+    m_questions.append(&dialog);
+    const bool isAccepted = dialog.exec() == QDialog::Accepted;
+    m_questions.removeOne(&dialog);
+    return isAccepted && before == m_visit;
 }
 
 void ClWidgetBase::sendUsbCommand(QUuid command, VX_CMD message) {
@@ -102,17 +110,37 @@ void ClWidgetBase::slotPollingFired() {
     }
 }
 
+bool ClWidgetBase::isAnswerToAnother(const VX_CMD& message) const {
+    const auto* asker = message.value(Key::SENDER).value<QObject*>();
+    return asker != nullptr && asker != this;
+}
+
+void ClWidgetBase::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    if (event->spontaneous()) {
+        return;
+    }
+    for (QDialog* question : std::as_const(m_questions)) {
+        for (QDialog* inner : question->findChildren<QDialog*>()) {
+            inner->reject();
+        }
+        question->reject();
+    }
+}
+
 void ClWidgetBase::hideEvent(QHideEvent* event) {
     QWidget::hideEvent(event);
     // Minimising the window is not leaving the page.
     if (!event->spontaneous()) {
         ++m_visit;
+        // What was to follow the box that is open is of a camera that may have left.
+        m_errors.resize(std::min<qsizetype>(m_errors.size(), 1));
     }
 }
 
 void ClWidgetBase::keyPressEvent(QKeyEvent* event) {
     const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    auto* const button = qobject_cast<QPushButton*>(focusWidget());
+    auto* button = qobject_cast<QPushButton*>(focusWidget());
     if (isEnter && !event->isAutoRepeat() && button != nullptr) {
         button->click();
     } else {

@@ -3,9 +3,12 @@
 
 #include "protocol/CommandMessage.h"
 
+#include <QList>
 #include <QTimer>
 #include <QUuid>
 #include <QWidget>
+
+class QDialog;
 
 /// The base of every page: sends command messages, receives results, polls while it is visible and
 /// shows the standard error box.
@@ -19,9 +22,9 @@ class ClWidgetBase : public QWidget {
 public:
     explicit ClWidgetBase(QWidget* parent = nullptr);
 
-    /// Refreshes the page; @p fromPolling is false when the user has it shown or shown again. Does
+    /// Refreshes the page; @p isPolling is false when the user has it shown or shown again. Does
     /// nothing here.
-    virtual void showInit(bool fromPolling);
+    virtual void showInit(bool isPolling);
 
     /// Has showInit(true) called every 5000 ms while the page is visible and no modal box is open.
     /// A timer that already runs keeps its phase.
@@ -32,6 +35,13 @@ public:
     /// Returns when the box is closed. A failure that comes while this page has a box open is told
     /// when that is closed, unless the page has been left: boxes never pile up.
     virtual void showErrorMsgBox(unsigned short error);
+
+    /// Runs @p dialog, which asks the user something about the camera, and tells whether it was
+    /// accepted and still counts. Once the page has been left it does not: the answer is for the
+    /// camera that the question was about, not for one that has been plugged in in its place. The
+    /// dialog stays open then until the user closes it or the page is shown again, which cancels it
+    /// and whatever it has opened itself.
+    [[nodiscard]] bool ask(QDialog& dialog);
 
     /// Sends @p message, whose arguments the caller has filled in, as @p command from this page.
     void sendUsbCommand(QUuid command, VX_CMD message = {});
@@ -53,10 +63,12 @@ protected:
     /// Whether polling refreshes the page now: it is visible and no modal box is open.
     [[nodiscard]] bool isPollable() const;
 
-    /// How often the page has been left. Who asks the user something compares it before and after:
-    /// the answer is for the camera that the question was about, not for one that has been plugged
-    /// in in its place.
+    /// How often the page has been left. Who waits for the user compares it before and after.
     [[nodiscard]] int visit() const { return m_visit; }
+    /// Whether @p message answers a request of another page. Plain results name no page.
+    [[nodiscard]] bool isAnswerToAnother(const VX_CMD& message) const;
+
+    void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
     /// The Enter key presses the button that has the keyboard, as it does in a dialog.
     void keyPressEvent(QKeyEvent* event) override;
@@ -65,4 +77,5 @@ private:
     QTimer m_pollingTimer;
     int m_visit = 0;
     QList<unsigned short> m_errors;  ///< of the box that is open, and of those to follow
+    QList<QDialog*> m_questions;     ///< of ask(), that are open
 };

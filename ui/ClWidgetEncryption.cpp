@@ -40,7 +40,7 @@ ClWidgetEncryption::ClWidgetEncryption(int type, QWidget* parent)
 }
 
 void ClWidgetEncryption::setValue(int type) {
-    const auto* const known = std::ranges::find(ENCRYPTIONS, type, &stEncryption::type);
+    const auto* known = std::ranges::find(ENCRYPTIONS, type, &stEncryption::type);
     if (known != ENCRYPTIONS.end()) {
         m_label->setText(QString::fromLatin1(known->text));
     }

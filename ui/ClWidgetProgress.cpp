@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ui/ClWidgetProgress.h"
 
+#include "ui/Colours.h"
+
 #include <QLabel>
 #include <QProgressBar>
 #include <QVBoxLayout>
@@ -12,13 +14,12 @@ constexpr int SPACING = 9;  // pixels
 constexpr int MAXIMUM = 100;
 constexpr int GOOD_FROM = 50;
 constexpr int LOW_BELOW = 10;
-constexpr QColor GOOD{26, 97, 9};
 constexpr QColor MIDDLING{120, 110, 25};
 constexpr QColor LOW{180, 25, 8};
 
 QColor colourOf(int value) {
     if (value >= GOOD_FROM) {
-        return GOOD;
+        return GOOD_COLOUR;
     }
     return value < LOW_BELOW ? LOW : MIDDLING;
 }
@@ -39,7 +40,7 @@ ClWidgetProgress::ClWidgetProgress(QWidget* parent)
     m_label->setFont(font);
 
     setFixedWidth(WIDTH);
-    auto* const column = new QVBoxLayout(this);
+    auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(SPACING);
     column->addWidget(m_bar);

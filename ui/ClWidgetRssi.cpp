@@ -21,7 +21,7 @@ constexpr std::array LEVELS{
 };
 
 QPixmap pictureOf(int rssi) {
-    const auto* const level =
+    const auto* level =
         std::ranges::find_if(LEVELS, [rssi](const stLevel& each) { return rssi >= each.from; });
     return level == LEVELS.end() ? QPixmap() : artwork(QString::fromLatin1(level->picture));
 }

@@ -9,7 +9,7 @@
     </message>
     <message>
         <source>United States</source>
-        <translation>アメリカ合衆国</translation>
+        <translation>アメリカ</translation>
     </message>
     <message>
         <source>Japan</source>
@@ -173,7 +173,7 @@
     <message>
         <source>Eniwetok/Kwajalein
 GMT-12:00</source>
-        <translation>エニウェトク、クワジェリン
+        <translation>エニウェトク、クェゼリン
 GMT-12:00</translation>
     </message>
     <message>
@@ -325,7 +325,7 @@ GMT+12:00</translation>
     <name>ClLinkCheck</name>
     <message>
         <source>Linked</source>
-        <translation>接続中のアクセスポイント</translation>
+        <translation>接続済み</translation>
     </message>
 </context>
 <context>
@@ -366,11 +366,11 @@ GMT+12:00</translation>
     <name>ClWidgetBase</name>
     <message>
         <source>Timeout error, please reset</source>
-        <translation>応答がありません。カメラをリセットしてください</translation>
+        <translation>タイムアウトしました。カメラを再起動してください</translation>
     </message>
     <message>
         <source>Parameter setting failed</source>
-        <translation>設定値をカメラに書き込めませんでした</translation>
+        <translation>パラメーターの設定に失敗しました</translation>
     </message>
     <message>
         <source>Command error, version up</source>
@@ -465,7 +465,7 @@ GMT+12:00</translation>
     </message>
     <message>
         <source>Check password</source>
-        <translation>パスワードの確認</translation>
+        <translation>新しいパスワード（確認）</translation>
     </message>
     <message>
         <source>There are not input value</source>
@@ -666,23 +666,23 @@ Set from 2000 to 2100</source>
     </message>
     <message>
         <source>30 sheets(30fps)</source>
-        <translation>30 枚 (30fps)</translation>
+        <translation>毎秒 30 枚 (30fps)</translation>
     </message>
     <message>
         <source>15 sheets(15fps)</source>
-        <translation>15 枚 (15fps)</translation>
+        <translation>毎秒 15 枚 (15fps)</translation>
     </message>
     <message>
         <source>10 sheets(10fps)</source>
-        <translation>10 枚 (10fps)</translation>
+        <translation>毎秒 10 枚 (10fps)</translation>
     </message>
     <message>
         <source>6 sheets(6fps)</source>
-        <translation>6 枚 (6fps)</translation>
+        <translation>毎秒 6 枚 (6fps)</translation>
     </message>
     <message>
         <source>1 sheets(1fps)</source>
-        <translation>1 枚 (1fps)</translation>
+        <translation>毎秒 1 枚 (1fps)</translation>
     </message>
 </context>
 <context>
@@ -751,7 +751,7 @@ Set from 2000 to 2100</source>
     </message>
     <message>
         <source>SD card format</source>
-        <translation>SD カードの初期化</translation>
+        <translation>SD カードのフォーマット</translation>
     </message>
     <message>
         <source>Initialize settings</source>
@@ -798,7 +798,7 @@ Set from 2000 to 2100</source>
     </message>
     <message>
         <source>AP search and setting</source>
-        <translation>アクセスポイントの検索</translation>
+        <translation>アクセスポイントの検索と設定</translation>
     </message>
     <message>
         <source>AP manual setting</source>
@@ -822,7 +822,7 @@ Set from 2000 to 2100</source>
     </message>
     <message>
         <source>Input the encryption key of AP</source>
-        <translation>アクセスポイントの暗号化キーを入力</translation>
+        <translation>アクセスポイントの暗号化キーを入力してください</translation>
     </message>
     <message>
         <source>Show input</source>
@@ -842,7 +842,7 @@ Set from 2000 to 2100</source>
     </message>
     <message>
         <source>Set ON when use DHCP server</source>
-        <translation>DHCP サーバーを使う場合は ON にしてください</translation>
+        <translation>DHCP サーバーを使用する場合は ON にしてください</translation>
     </message>
     <message>
         <source>DHCP</source>

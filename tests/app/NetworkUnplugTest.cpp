@@ -95,7 +95,7 @@ void NetworkUnplugTest::nothingIsSentUntilItIsBack() {
         m_bench->user.setAction([&](QWidget& box) {
             QTest::keyClicks(box.findChild<QLineEdit*>(), u"key"_s);
             unplug();
-            TRY_VERIFY(!box.isVisible());
+            acceptBox(box);
         });
         decide(name);
         QCOMPARE(m_bench->user.boxes().size(), boxes + 1);

@@ -55,6 +55,7 @@ private Q_SLOTS:
     void itsTextsAreTheNetworkPages();
     void theButtonsScanAndLeave();
     void comingOnShowReadsTheLinkAndScans();
+    void whatTheTopSubPageHasAskedForIsNoReasonToScan();
 
     void listsWhatWasFoundInItsOrder_data();
     void listsWhatWasFoundInItsOrder();
@@ -65,6 +66,7 @@ private Q_SLOTS:
     void aNewScanReplacesTheList();
     void theListIsHiddenWhileItIsFilled();
     void theListIsPaintedOnTheScreen();
+    void otherWindowsArePaintedAllTheSame();
     void theKeyboardScrollsTheList();
     void scrollingLaysNothingOutAgain();
 
@@ -150,6 +152,23 @@ void InfrastructureSearchTest::comingOnShowReadsTheLinkAndScans() {
         page().slotReceiveCommand(scanAnswer(THREE));
         QVERIFY(m_bench->takeSent().isEmpty());
     }
+}
+
+void InfrastructureSearchTest::whatTheTopSubPageHasAskedForIsNoReasonToScan() {
+    QWidget top;
+    const auto answerTo = [](QWidget& asker, const QString& linked) {
+        VX_CMD answer = linkAnswer(2, {}, linked);
+        answer.insert(u"Sender"_s, QVariant::fromValue<QObject*>(&asker));
+        return answer;
+    };
+    page().showInit(false);
+    page().slotReceiveCommand(answerTo(top, u"Lighthouse"_s));
+    QCOMPARE(m_bench->takeSent(), QStringList{GET_LINK});
+    page().slotReceiveCommand(answerTo(page(), u"Quay"_s));
+    QCOMPARE(m_bench->takeSent(), QStringList{SCAN});
+    page().slotReceiveCommand(scanAnswer(THREE));
+    QVERIFY(!rows()[1]->findChild<ClLinkCheck*>()->pixmap().isNull());
+    QVERIFY(rows()[2]->findChild<ClLinkCheck*>()->pixmap().isNull());
 }
 
 void InfrastructureSearchTest::listsWhatWasFoundInItsOrder_data() {
@@ -271,6 +290,25 @@ void InfrastructureSearchTest::theListIsPaintedOnTheScreen() {
     }
     area().verticalScrollBar()->setValue(1000);
     TRY_COMPARE(onScreen(), expected());
+}
+
+void InfrastructureSearchTest::otherWindowsArePaintedAllTheSame() {
+    class Child : public QWidget {
+    public:
+        using QWidget::QWidget;
+        bool isPainted = false;
+
+    protected:
+        void paintEvent(QPaintEvent* /*event*/) override { isPainted = true; }
+    };
+    QWidget window;
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    QCoreApplication::processEvents();
+    Child child(&window);
+    child.show();
+    page().slotReceiveCommand(scanAnswer(THREE));
+    QTRY_VERIFY(child.isPainted);
 }
 
 void InfrastructureSearchTest::theKeyboardScrollsTheList() {

@@ -4,7 +4,6 @@
 #include "tests/support/PageUser.h"
 #include "tests/ui/TaggingTranslator.h"
 
-#include <QtTest/qtestspontaneevent.h>
 #include <QCheckBox>
 #include <QDialogButtonBox>
 #include <QLabel>
@@ -40,8 +39,6 @@ private Q_SLOTS:
     void cancelAndEscapeReject();
     void anEmptyKeyIsRefused();
     void anEmptyKeyMayBeAllowed();
-    void closesWhenThePageIsHidden();
-    void staysWhenTheWindowIsMinimised();
 
 private:
     void open(bool mustInput);
@@ -184,20 +181,6 @@ void InputKeyTest::anEmptyKeyMayBeAllowed() {
     QCOMPARE(*m_finished, (QList<QVariantList>{{QDialog::Accepted}}));
     QCOMPARE(m_dialog->getParam(), QVariantList{QString()});
     QVERIFY(user.boxes().isEmpty());
-}
-
-void InputKeyTest::closesWhenThePageIsHidden() {
-    QTest::keyClicks(edit(), u"key1"_s);
-    m_page->hide();
-    QCOMPARE(*m_finished, (QList<QVariantList>{{QDialog::Rejected}}));
-}
-
-void InputKeyTest::staysWhenTheWindowIsMinimised() {
-    // What the page gets of it.
-    QHideEvent hidden;
-    QSpontaneKeyEvent::setSpontaneous(&hidden);
-    qApp->notify(m_page.get(), &hidden);
-    QVERIFY(m_finished->isEmpty());
 }
 
 QTEST_MAIN(InputKeyTest)

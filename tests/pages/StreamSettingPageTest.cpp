@@ -347,7 +347,9 @@ void StreamSettingPageTest::showingThePageAnewCancelsAnOpenDialog() {
     bool isClosed = false;
     m_user->setAction([&](QWidget& box) {
         DialogControls(box).click(u"Economy(640x480)"_s);
-        m_page->showInit(false);
+        m_page->hide();
+        QVERIFY(box.isVisible());
+        m_page->show();
         isClosed = !box.isVisible();
     });
     read(REC, QSize(1280, 720), 30U);

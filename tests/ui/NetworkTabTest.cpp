@@ -8,7 +8,6 @@
 #include <QApplication>
 #include <QBitmap>
 #include <QLabel>
-#include <QSignalSpy>
 #include <QTest>
 
 #include <memory>

@@ -7,9 +7,12 @@
 #include "ui/ClMessageBox.h"
 #include "ui/ClWidgetBase.h"
 
+#include <QtTest/qtestspontaneevent.h>
+#include <QHideEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QShowEvent>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -29,9 +32,14 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override { m_mouse.append(event->type()); }
 };
 
+// Accepted by Return, rejected by Escape.
+ClMessageBox createQuestion(QWidget* parent) {
+    return {parent, u"Sure?"_s, u"Question"_s, QDialogButtonBox::Ok | QDialogButtonBox::Cancel};
+}
+
 }  // namespace
 
-/// The base of the pages: commands out, error boxes, the mouse of a child.
+/// The base of the pages: commands out, error boxes, questions, the mouse of a child.
 class WidgetBaseTest : public QObject {
     Q_OBJECT
 
@@ -49,7 +57,15 @@ private Q_SLOTS:
     void closesTheErrorBoxByKey_data();
     void closesTheErrorBoxByKey();
     void tellsOneErrorAfterTheOther();
+    void tellsNoMoreErrorsOfAPageThatWasLeft_data();
     void tellsNoMoreErrorsOfAPageThatWasLeft();
+    void tellsTheErrorsSinceThePageIsBack();
+
+    void asksTheUser_data();
+    void asksTheUser();
+    void anAnswerDoesNotCountAfterThePageWasLeft();
+    void theNextShowCancelsAQuestionAndWhatItHasOpened();
+    void aMinimisedWindowLeavesAQuestionAlone();
 
     void enterPressesTheButtonThatHasTheKeyboard_data();
     void enterPressesTheButtonThatHasTheKeyboard();
@@ -217,16 +233,29 @@ void WidgetBaseTest::tellsOneErrorAfterTheOther() {
     QCOMPARE(told.size(), 4);
 }
 
+void WidgetBaseTest::tellsNoMoreErrorsOfAPageThatWasLeft_data() {
+    QTest::addColumn<bool>("isBack");
+    QTest::newRow("while it is away") << false;
+    QTest::newRow("when it is back") << true;
+}
+
 void WidgetBaseTest::tellsNoMoreErrorsOfAPageThatWasLeft() {
+    QFETCH(bool, isBack);
     ClWidgetBase page;
     page.show();
+    qsizetype unwanted = 0;
+    std::unique_ptr<ModalAnswer> next;
     const ModalAnswer first([&](QDialog& box) {
         page.showErrorMsgBox(NUBO_CMD_ERROR_PARAM);
         page.hide();
+        page.setVisible(isBack);
+        next = std::make_unique<ModalAnswer>([&](QDialog&) { ++unwanted; });
         QTest::keyClick(&box, Qt::Key_Return);
     });
     page.showErrorMsgBox(NUBO_CMD_ERROR_TIMEOUT);
     QVERIFY(first.closed());
+    QCOMPARE(unwanted, 0);
+    next.reset();
 
     page.show();
     QString told;
@@ -276,6 +305,98 @@ void WidgetBaseTest::enterElsewherePressesNothing() {
     page.setFocus();
     QTest::keyClick(&page, Qt::Key_Return);
     QVERIFY(clicked.isEmpty());
+}
+
+void WidgetBaseTest::tellsTheErrorsSinceThePageIsBack() {
+    ClWidgetBase page;
+    page.show();
+    QString told;
+    std::unique_ptr<ModalAnswer> next;
+    const ModalAnswer first([&](QDialog& box) {
+        page.showErrorMsgBox(NUBO_CMD_ERROR_PARAM);
+        page.hide();
+        page.show();
+        page.showErrorMsgBox(NUBO_CMD_ERROR_COMMAND);
+        next = std::make_unique<ModalAnswer>([&](QDialog& second) {
+            told = second.findChild<QLabel*>()->text();
+            QTest::keyClick(&second, Qt::Key_Return);
+        });
+        QTest::keyClick(&box, Qt::Key_Return);
+    });
+    page.showErrorMsgBox(NUBO_CMD_ERROR_TIMEOUT);
+    QCOMPARE(told, u"Command error, version up"_s);
+}
+
+void WidgetBaseTest::asksTheUser_data() {
+    QTest::addColumn<Qt::Key>("key");
+    QTest::addColumn<bool>("isAccepted");
+    QTest::newRow("accepted") << Qt::Key_Return << true;
+    QTest::newRow("rejected") << Qt::Key_Escape << false;
+}
+
+void WidgetBaseTest::asksTheUser() {
+    QFETCH(Qt::Key, key);
+    QFETCH(bool, isAccepted);
+    ClWidgetBase page;
+    page.show();
+    ClMessageBox question = createQuestion(&page);
+    const ModalAnswer answer([key](QDialog& box) { QTest::keyClick(&box, key); });
+    QCOMPARE(page.ask(question), isAccepted);
+    QVERIFY(answer.closed());
+}
+
+void WidgetBaseTest::anAnswerDoesNotCountAfterThePageWasLeft() {
+    ClWidgetBase page;
+    page.show();
+    ClMessageBox question = createQuestion(&page);
+    const ModalAnswer answer([&page](QDialog& box) {
+        page.hide();
+        QVERIFY(box.isVisible());
+        QTest::keyClick(&box, Qt::Key_Return);
+    });
+    QVERIFY(!page.ask(question));
+    QVERIFY(answer.closed());
+    QCOMPARE(question.result(), int(QDialog::Accepted));
+}
+
+void WidgetBaseTest::theNextShowCancelsAQuestionAndWhatItHasOpened() {
+    ClWidgetBase page;
+    page.show();
+    ClMessageBox question = createQuestion(&page);
+    bool isInnerClosed = false;
+    const ModalAnswer answer([&](QDialog& box) {
+        ClMessageBox inner = createQuestion(&box);
+        const ModalAnswer next([&](QDialog& opened) {
+            QCOMPARE(&opened, &inner);
+            page.hide();
+            QVERIFY(opened.isVisible());
+            page.show();
+        });
+        QCOMPARE(inner.exec(), int(QDialog::Rejected));
+        isInnerClosed = next.closed();
+    });
+    QVERIFY(!page.ask(question));
+    QVERIFY(isInnerClosed);
+    QVERIFY(answer.closed());
+}
+
+void WidgetBaseTest::aMinimisedWindowLeavesAQuestionAlone() {
+    ClWidgetBase page;
+    page.show();
+    ClMessageBox question = createQuestion(&page);
+    const ModalAnswer answer([&page](QDialog& box) {
+        // What the page gets of it.
+        QHideEvent minimised;
+        QShowEvent restored;
+        for (QEvent* event : std::initializer_list<QEvent*>{&minimised, &restored}) {
+            QSpontaneKeyEvent::setSpontaneous(event);
+            QApplication::instance()->notify(&page, event);
+        }
+        QVERIFY(box.isVisible());
+        QTest::keyClick(&box, Qt::Key_Return);
+    });
+    QVERIFY(page.ask(question));
+    QVERIFY(answer.closed());
 }
 
 void WidgetBaseTest::takesTheMouseOfAChild() {
