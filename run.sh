@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
+# NUBO_PRESET chooses another configuration than release, as in test.sh.
 set -euo pipefail
 cd "$(dirname "$0")"
 
@@ -44,15 +45,16 @@ needed=("${BUILD_PACKAGES[@]}")
 $has_display || needed+=("${HEADLESS_PACKAGES[@]}")
 [ -z "${WAYLAND_DISPLAY-}" ] || needed+=("${WAYLAND_PACKAGES[@]}")
 install_missing "${needed[@]}"
-build release
+preset=${NUBO_PRESET:-release}
+build "$preset"
 
-tool=build/release/app/nubo-setting-tool
-simulator=build/release/simulator/nubo-camera-simulator
+tool=build/$preset/app/nubo-setting-tool
+simulator=build/$preset/simulator/nubo-camera-simulator
 if [ $bus = real ]; then
     exec "$tool"
 elif ! $has_display; then
     exec xvfb-run --auto-servernum --server-args '-screen 0 1280x1024x24' \
-        "$simulator" -- build/release/tour/nubo-tour build/tour
+        "$simulator" -- "build/$preset/tour/nubo-tour" build/tour
 elif [ -t 0 ]; then
     exec "$simulator" --interactive -- "$tool"
 else
