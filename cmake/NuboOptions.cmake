@@ -35,7 +35,9 @@ if(NUBO_SANITIZE)
 endif()
 
 # The camera's USB identity, for whoever needs it as a compile definition.
+nubo_usb_digits(vendor NUBO_USB_VENDOR_ID)
+nubo_usb_digits(product NUBO_USB_PRODUCT_ID)
 add_library(nubo_usb_identity INTERFACE)
 target_compile_definitions(
-    nubo_usb_identity INTERFACE NUBO_USB_VENDOR_ID=${NUBO_USB_VENDOR_ID}
-                                NUBO_USB_PRODUCT_ID=${NUBO_USB_PRODUCT_ID})
+    nubo_usb_identity INTERFACE NUBO_USB_VENDOR_ID=0x${vendor}
+                                NUBO_USB_PRODUCT_ID=0x${product})
