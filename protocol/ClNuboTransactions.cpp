@@ -8,9 +8,7 @@
 #include "protocol/NuboCommands.h"
 #include "protocol/ResultCodes.h"
 
-#include <QDeadlineTimer>
-
-#include <algorithm>
+#include <optional>
 
 namespace {
 
@@ -157,19 +155,12 @@ unsigned short ClNuboTransactions::receiveAnswer(ClNuboCommand& command, int tim
 
 unsigned short ClNuboTransactions::receive(unsigned short id, int timeoutMs, CameraErrors errors,
                                            QByteArray& packet) {
-    // Foreign packets start the wait anew, but a camera that sends nothing else must not hold the
-    // thread for ever: in all, a packet has three time-outs to come. Without them each read has its
-    // full time-out, however late the ones before came back.
-    const QDeadlineTimer patience(READS_PER_PACKET * timeoutMs);
-    bool isForeignSeen = false;
+    std::optional<std::chrono::steady_clock::time_point> patienceEnd;  // of foreign packets
     int silentReads = 0;
     int status = USB_ERROR_OTHER;
     while (silentReads < READS_PER_PACKET && !m_stop) {
-        const int wait = isForeignSeen
-                             ? std::clamp(static_cast<int>(patience.remainingTime()), 1, timeoutMs)
-                             : timeoutMs;
         status = USB_ERROR_OTHER;
-        packet = m_port.read(wait, OWN_ENDPOINT, &status);
+        packet = m_port.read(timeoutMs, OWN_ENDPOINT, &status);
         if (packet.isEmpty()) {
             if (status == USB_NO_DEVICE) {
                 break;
@@ -186,10 +177,12 @@ unsigned short ClNuboTransactions::receive(unsigned short id, int timeoutMs, Cam
         if (m_stop) {
             return USB_ERROR_SUCCESS;
         }
-        if (patience.hasExpired()) {
+        const auto now = m_clock();
+        if (!patienceEnd) {
+            patienceEnd = now + std::chrono::milliseconds(READS_PER_PACKET * timeoutMs);
+        } else if (now > *patienceEnd) {
             return USB_ERROR_TIMEOUT;
         }
-        isForeignSeen = true;
         silentReads = 0;
         status = USB_ERROR_OTHER;
     }
