@@ -85,12 +85,12 @@ unsigned short ClNuboTransactions::wifiInfo(stWifiInfo& info) {
     }
     const ClNuboCommandWifiInfo1 first(texts);
     const ClNuboCommandWifiInfo2 second(values);
-    info.firstText = first.firstString();
-    info.secondText = first.secondString();
+    info.linkedSsid = first.firstString();
+    info.searchSsid = first.secondString();
     info.channel = second.param(2);
     info.encryption = second.param(3);
-    info.reserved = second.param(4);
-    info.signal = second.param(5);
+    info.reserved = static_cast<qint32>(second.param(4));
+    info.signal = static_cast<qint32>(second.param(5));
     return USB_ERROR_SUCCESS;
 }
 

@@ -45,12 +45,12 @@ void WifiInfoTransactionTest::sevenFieldsComeFromThreePackets() {
     QCOMPARE(ClNuboTransactions(port, port.stop()).wifiInfo(info), 0);
     QCOMPARE(port.complaint(), QString());
     QCOMPARE(info.status, 2U);
-    QCOMPARE(info.firstText, QStringLiteral("net"));
-    QCOMPARE(info.secondText, QStringLiteral("ab"));
+    QCOMPARE(info.linkedSsid, QStringLiteral("net"));
+    QCOMPARE(info.searchSsid, QStringLiteral("ab"));
     QCOMPARE(info.channel, 6U);
     QCOMPARE(info.encryption, 4U);
-    QCOMPARE(info.reserved, 9U);
-    QCOMPARE(info.signal, 0xFFFFFFC4U);
+    QCOMPARE(info.reserved, 9);
+    QCOMPARE(info.signal, -60);
     QCOMPARE(port.writeTimeouts(), QList<int>{1000});
     QCOMPARE(port.readTimeouts(), (QList<int>{3000, 1000, 1000}));
     for (const ScriptedPort::stTransfer& transfer : port.transfers()) {
@@ -80,8 +80,8 @@ void WifiInfoTransactionTest::onlyTwoPacketsOfTheTransactionCount() {
     stWifiInfo info;
     QCOMPARE(ClNuboTransactions(port, port.stop()).wifiInfo(info), 0);
     QCOMPARE(port.complaint(), QString());
-    QCOMPARE(info.firstText, QStringLiteral("net"));
-    QCOMPARE(info.signal, 0xFFFFFFC4U);
+    QCOMPARE(info.linkedSsid, QStringLiteral("net"));
+    QCOMPARE(info.signal, -60);
 }
 
 void WifiInfoTransactionTest::onlyTheStatusComesBeforeTheRest_data() {
@@ -127,12 +127,12 @@ void WifiInfoTransactionTest::onlyTheStatusComesBeforeTheRest() {
     QCOMPARE(ClNuboTransactions(port, port.stop()).wifiInfo(info), result);
     QCOMPARE(port.complaint(), QString());
     QTEST(info.status, "status");
-    QCOMPARE(info.firstText, QStringLiteral("before"));
-    QCOMPARE(info.secondText, QStringLiteral("too"));
+    QCOMPARE(info.linkedSsid, QStringLiteral("before"));
+    QCOMPARE(info.searchSsid, QStringLiteral("too"));
     QCOMPARE(info.channel, 71U);
     QCOMPARE(info.encryption, 72U);
-    QCOMPARE(info.reserved, 73U);
-    QCOMPARE(info.signal, 74U);
+    QCOMPARE(info.reserved, 73);
+    QCOMPARE(info.signal, 74);
 }
 
 void WifiInfoTransactionTest::packetsThatAreSkippedCannotHoldTheThreadForEver() {
@@ -145,7 +145,7 @@ void WifiInfoTransactionTest::packetsThatAreSkippedCannotHoldTheThreadForEver() 
     QVERIFY(port.elapsed() <= PATIENCE + std::chrono::milliseconds(2 * PACE_MS));
     QCOMPARE(port.complaint(), QString());
     QCOMPARE(info.status, 2U);
-    QCOMPARE(info.signal, 0U);
+    QCOMPARE(info.signal, 0);
 }
 
 QTEST_GUILESS_MAIN(WifiInfoTransactionTest)
