@@ -2,11 +2,10 @@
 #include "protocol/ClNuboTransactions.h"
 
 #include "protocol/ClBulkPort.h"
-#include "protocol/ClNuboCommandDataReceive.h"
-#include "protocol/ClNuboCommandDataSend.h"
-#include "protocol/ClNuboCommandRecord.h"
+#include "protocol/DataPackets.h"
 #include "protocol/NuboCommands.h"
 #include "protocol/ResultCodes.h"
+#include "protocol/TextPackets.h"
 
 #include <optional>
 

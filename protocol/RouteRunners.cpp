@@ -2,7 +2,7 @@
 #include "protocol/RouteRunners.h"
 
 #include "protocol/Answers.h"
-#include "protocol/ClNuboCommandDataSend.h"
+#include "protocol/DataPackets.h"
 
 #include <QBuffer>
 #include <QImageReader>

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "protocol/ClCameraAccess.h"
-#include "protocol/ClNuboCommandDataReceive.h"
 #include "protocol/CommandRoutes.h"
+#include "protocol/DataPackets.h"
 #include "protocol/MessageValues.h"
 #include "protocol/NuboCommands.h"
 #include "protocol/ResultCodes.h"

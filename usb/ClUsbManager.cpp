@@ -4,6 +4,7 @@
 #include "protocol/CommandIdentifiers.h"
 #include "protocol/RequestDispatcher.h"
 #include "usb/ClUsbController.h"
+#include "usb/DescriptorText.h"
 #include "usb/UsbLog.h"
 
 #include <algorithm>
@@ -224,4 +225,27 @@ void ClUsbManager::forgetFailuresBut(const LibusbDeviceList& present) {
             return placeOf(device) == failure.first;
         });
     });
+}
+
+void ClUsbManager::sendDeviceInfo(libusb_device* device) {
+    if (const QString text = DescriptorText::ofAll(device); !text.isEmpty()) {
+        sendMessage({{Key::CMD, USB_CMD_DESCRIPTOR_INFO}, {Key::PARAM1, text}});
+    }
+}
+
+QString ClUsbManager::getDeviceDescriptorInfo(libusb_device_descriptor* descriptor) {
+    return DescriptorText::ofDevice(*descriptor);
+}
+
+QString ClUsbManager::getConfigDescriptorInfo(libusb_config_descriptor* descriptor, int index) {
+    return DescriptorText::ofConfig(*descriptor, index);
+}
+
+QString ClUsbManager::getInterfaceDescriptorInfo(libusb_interface_descriptor* descriptor,
+                                                 int index) {
+    return DescriptorText::ofInterface(*descriptor, index);
+}
+
+QString ClUsbManager::getEndpointDescriptorInfo(libusb_endpoint_descriptor* descriptor, int index) {
+    return DescriptorText::ofEndpoint(*descriptor, index);
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "protocol/ClNuboCommandString.h"
 #include "protocol/ClNuboTransactions.h"
 #include "protocol/NuboCommands.h"
+#include "protocol/TextPackets.h"
 #include "tests/protocol/WirePackets.h"
 #include "tests/support/ScriptedPort.h"
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "protocol/ClNuboCommandDataReceive.h"
 #include "protocol/CommandIdentifiers.h"
+#include "protocol/DataPackets.h"
 #include "protocol/NuboCommands.h"
 #include "protocol/ResultCodes.h"
 #include "tests/usb/ManagerBench.h"
