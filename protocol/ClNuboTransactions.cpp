@@ -131,13 +131,13 @@ bool ClNuboTransactions::send(const QByteArray& packet, unsigned short& result) 
         return false;
     }
     const int written = m_port.write(packet, WRITE_TIMEOUT_MS, OWN_ENDPOINT);
-    // A large packet may be as long as a transport code is high: the whole packet is never a
-    // failure.
+    // A count of bytes can have the value of a transport code. If it is the packet's size, all of
+    // the packet went out.
     if (written == packet.size()) {
         return true;
     }
     result = transportResult(written);
-    // Nor is a count above 16 bits one, whatever its low half looks like.
+    // Only a value that fits into 16 bits can be a code; a larger one is a count.
     const bool isCode = written == result && isTransportError(result);
     return written > 0 && !isCode;
 }
