@@ -5,6 +5,7 @@
 #include "pages/CommandResult.h"
 #include "pages/PageParts.h"
 #include "pages/WifiCodes.h"
+#include "protocol/Answers.h"
 #include "protocol/CommandIdentifiers.h"
 #include "ui/ClLabelSepalator.h"
 #include "ui/ClMessageBox.h"
@@ -185,17 +186,17 @@ void ClWidgetCameraState::slotClicked() {
 }
 
 void ClWidgetCameraState::showBattery(const VX_CMD& answer) {
-    m_battery->setValue(answer.value(Key::PARAM3).toInt());
+    m_battery->setValue(battery(answer).charge);
 }
 
 void ClWidgetCameraState::showWifi(const VX_CMD& answer) {
-    setWifiState(answer.value(Key::PARAM2).toUInt(), answer.value(Key::PARAM8).toInt(),
-                 answer.value(Key::PARAM5).toUInt());
+    const stWifiInfo info = wifiInfo(answer);
+    setWifiState(info.status, info.signal, info.channel);
 }
 
 void ClWidgetCameraState::showSdCard(const VX_CMD& answer) {
-    setSdInfo(answer.value(Key::PARAM2).toULongLong(), answer.value(Key::PARAM3).toULongLong(),
-              answer.value(Key::PARAM4).toInt());
+    const stSdInfo info = sdInfo(answer);
+    setSdInfo(info.size, info.usedSize, info.fileSystem);
 }
 
 void ClWidgetCameraState::setWifiState(unsigned int state, int sensitivity, unsigned int channel) {

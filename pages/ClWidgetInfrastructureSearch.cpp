@@ -6,6 +6,7 @@
 #include "pages/CommandResult.h"
 #include "pages/InfrastructureParts.h"
 #include "pages/PageParts.h"
+#include "protocol/Answers.h"
 #include "ui/ApInfoLook.h"
 #include "ui/ClWidgetApInfo.h"
 #include "ui/ClWidgetApList.h"
@@ -108,11 +109,11 @@ void ClWidgetInfrastructureSearch::slotReceiveCommand(const VX_CMD& clCommand) {
             return;
         }
         if (clCommand.value(Key::PARAM2).toBool()) {
-            m_linkedSsid = clCommand.value(Key::PARAM4).toString();
+            m_linkedSsid = wifiInfo(clCommand).searchSsid;
         }
         sendUsbCommand(USB_REQ_NUBO_CMD_GET_ACCESSPOINT_LIST);
     } else if (received == USB_RES_NUBO_CMD_GET_ACCESSPOINT_LIST) {
-        showList(clCommand.value(Key::PARAM2).value<AccesspointList>());
+        showList(accesspointList(clCommand));
     } else {
         showResult(received, stCommandResult(clCommand));
     }

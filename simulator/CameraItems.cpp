@@ -2,10 +2,9 @@
 #include "simulator/CameraItems.h"
 
 #include <algorithm>
-#include <array>
 #include <concepts>
 #include <cstddef>
-#include <utility>
+#include <vector>
 
 #include "simulator/CameraValues.h"
 #include "simulator/Words.h"
@@ -36,7 +35,7 @@ bool fromText(std::string& value, std::string_view text) {
 
 /// @p Find leads from the state to the value.
 template <auto Find>
-constexpr CameraItem item(std::string_view name, std::string_view explanation) {
+CameraItem item(std::string_view name, std::string_view explanation) {
     return {name, explanation, [](const CameraState& state) { return toText(Find(state)); },
             [](CameraState& state, std::string_view text) { return fromText(Find(state), text); }};
 }
@@ -50,7 +49,7 @@ bool setSwitch(std::uint32_t& value, std::string_view text) {
 }
 
 template <std::uint32_t CameraSettings::*Place>
-constexpr CameraItem switchItem(std::string_view name, std::string_view explanation) {
+CameraItem switchItem(std::string_view name, std::string_view explanation) {
     return {name, explanation,
             [](const CameraState& state) {
                 return std::string(state.settings.*Place == ON ? "on" : "off");
@@ -83,7 +82,7 @@ ByteVector pattern(std::size_t size) {
 }
 
 template <SharedBytes CameraData::*Place>
-constexpr CameraItem sizeItem(std::string_view name, std::string_view explanation) {
+CameraItem sizeItem(std::string_view name, std::string_view explanation) {
     return {name, explanation,
             [](const CameraState& state) { return toText((state.data.*Place)->size()); },
             [](CameraState& state, std::string_view text) {
@@ -113,7 +112,7 @@ bool setNothing(CameraState&, std::string_view) {
 }
 
 // clang-format off
-constexpr std::array ITEMS = {
+std::vector<CameraItem> irregularItems() { return {
     item<[](auto& camera) -> auto& { return camera.battery.charge; }>          ("battery",         "charge in percent"),
     item<[](auto& camera) -> auto& { return camera.battery.state; }>           ("battery-state",   "number"),
     item<[](auto& camera) -> auto& { return camera.settings.wifi.state; }>     ("wifi-state",      "1 not linked, 2 linked, 3 ad hoc"),
@@ -139,32 +138,25 @@ constexpr std::array ITEMS = {
     sizeItem<&CameraData::picture>            ("picture-size",    "bytes of the picture that is asked for"),
     sizeItem<&CameraData::audio>              ("audio-size",      "bytes of the audio that is asked for"),
     CameraItem{"firmware", "size and checksum of the image that came last; only told", getFirmware, setNothing},
-};
+}; }
 // clang-format on
 
-template <std::size_t Row>
-CameraItem valueItem() {
-    const CameraValue& value = cameraValues()[Row];
-    return {value.name, value.explanation,
-            [](const CameraState& state) { return valueText(cameraValues()[Row], state); },
-            [](CameraState& state, std::string_view text) {
-                return setValueText(cameraValues()[Row], text, state);
-            }};
-}
-
-template <std::size_t... Rows>
-auto allItems(std::index_sequence<Rows...>) {
-    std::array<CameraItem, ITEMS.size() + sizeof...(Rows)> items;
-    const auto rest = std::ranges::copy(ITEMS, items.begin()).out;
-    const std::array values = {valueItem<Rows>()...};
-    std::ranges::copy(values, rest);
+std::vector<CameraItem> allItems() {
+    std::vector<CameraItem> items = irregularItems();
+    for (const CameraValue& value : cameraValues()) {
+        items.push_back({value.name, value.explanation,
+                         [&value](const CameraState& state) { return valueText(value, state); },
+                         [&value](CameraState& state, std::string_view text) {
+                             return setValueText(value, text, state);
+                         }});
+    }
     return items;
 }
 
 }  // namespace
 
 std::span<const CameraItem> cameraItems() {
-    static const auto ALL = allItems(std::make_index_sequence<CAMERA_VALUE_COUNT>());
+    static const std::vector<CameraItem> ALL = allItems();
     return ALL;
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <span>
 #include <string>
@@ -14,9 +15,9 @@ namespace nubo::simulator {
 struct CameraItem {
     std::string_view name;
     std::string_view explanation;
-    std::string (*get)(const CameraState& state);
+    std::function<std::string(const CameraState& state)> get;
     /// False, and nothing changes, when the text is no such value.
-    bool (*set)(CameraState& state, std::string_view text);
+    std::function<bool(CameraState& state, std::string_view text)> set;
 };
 
 /// All items, in the order in which they are listed.

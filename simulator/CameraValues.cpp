@@ -68,7 +68,6 @@ constexpr std::array VALUES = {
     CameraValue{"adjust-flag",        0x0042, 0x0041, ValueForm::Number,  0,    ANY,         &Identity::adjustFlag,          "number"},
 };
 // clang-format on
-static_assert(VALUES.size() == CAMERA_VALUE_COUNT);
 
 template <class State, class Content>
 auto& at(State& state, Content CameraSettings::*place) {

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
 #include <span>
 #include <string>
@@ -34,8 +33,6 @@ struct CameraValue {
     Place place;
     std::string_view explanation;
 };
-
-constexpr std::size_t CAMERA_VALUE_COUNT = 41;
 
 /// All values, in the order in which they are listed.
 std::span<const CameraValue> cameraValues();
