@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "pages/ClWidgetBasicSetting.h"
+#include "pages/basic/ClWidgetBasicSetting.h"
 #include "tests/app/BasicSettingCases.h"
 #include "tests/app/BusBench.h"
 #include "ui/ClDialogBase.h"

@@ -1,0 +1,245 @@
+// SPDX-License-Identifier: MIT
+#include "pages/basic/ClWidgetBasicSetting.h"
+
+#include "pages/basic/BasicSettingRows.h"
+#include "pages/common/PageParts.h"
+#include "protocol/CommandIdentifiers.h"
+#include "protocol/ResultCodes.h"
+#include "ui/ClDialogBase.h"
+#include "ui/ClLabelSepalator.h"
+
+#include <QHBoxLayout>
+#include <QHideEvent>
+#include <QLabel>
+#include <QPushButton>
+#include <QScopedValueRollback>
+
+#include <algorithm>
+#include <memory>
+#include <optional>
+#include <utility>
+
+namespace {
+
+constexpr QMargins PAGE_MARGINS{0, 19, 0, 0};
+constexpr int SPACING = 6;
+constexpr int CAPTION_INDENT = 37;
+// Room for the text. The lines of some fonts, Japanese ones above all, are higher: with them the
+// last button would not fit on the page.
+constexpr int CAPTION_HEIGHT = 16;
+const QString UNKNOWN_NAME = QStringLiteral("--");
+
+using Identifier = QUuid stCameraSetting::*;
+
+/// The setting of @p row whose identifier of that kind is @p command, or null.
+const stCameraSetting* settingWith(const stBasicSettingRow& row, Identifier kind,
+                                   const QUuid& command) {
+    const auto* found = std::ranges::find(row.settings, command, kind);
+    return command.isNull() || found == row.settings.end() ? nullptr : found;
+}
+
+bool isRequestOrCommand(const QUuid& command) {
+    return std::ranges::any_of(basicSettingRows(), [&command](const stBasicSettingRow& row) {
+        return settingWith(row, &stCameraSetting::request, command) != nullptr ||
+               settingWith(row, &stCameraSetting::command, command) != nullptr;
+    });
+}
+
+bool showsName(const stBasicSettingRow& row) {
+    return row.text == nullptr;
+}
+
+}  // namespace
+
+ClWidgetBasicSetting::ClWidgetBasicSetting(QWidget* parent) : ClWidgetBase(parent) {
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(PAGE_MARGINS);
+    column->setSpacing(SPACING);
+    std::optional<BasicSettingSection> section;
+    for (const stBasicSettingRow& row : basicSettingRows()) {
+        if (section != row.section) {
+            if (section) {
+                column->addWidget(new ClLabelSepalator(this));
+            }
+            section = row.section;
+            addCaption(sectionCaption(row.section), column);
+        }
+        addButton(row, column);
+    }
+    column->addStretch();
+}
+
+void ClWidgetBasicSetting::addCaption(const char* text, QVBoxLayout* column) {
+    if (text == nullptr) {
+        return;
+    }
+    auto* line = new QHBoxLayout;
+    line->setContentsMargins(0, 0, 0, 0);
+    line->setSpacing(0);
+    line->addSpacing(CAPTION_INDENT);
+    auto* label = new QLabel(tr(text), this);
+    label->setFixedHeight(CAPTION_HEIGHT);
+    line->addWidget(label, 0, Qt::AlignLeft);
+    column->addLayout(line);
+}
+
+void ClWidgetBasicSetting::addButton(const stBasicSettingRow& row, QVBoxLayout* column) {
+    auto* button = new QPushButton(this);
+    button->setMinimumSize(WIDE_BUTTON_MINIMUM);
+    connect(button, &QPushButton::clicked, this, &ClWidgetBasicSetting::slotClicked);
+    m_buttons.append(button);
+    if (showsName(row)) {
+        m_nameButton = button;
+        m_nameButton->setAccessibleName(tr(sectionCaption(row.section)));
+        showName(UNKNOWN_NAME);
+    } else {
+        button->setText(tr(row.text));
+    }
+    auto* line = new QHBoxLayout;
+    line->addStretch();
+    line->addWidget(button);
+    line->addStretch();
+    column->addLayout(line);
+}
+
+void ClWidgetBasicSetting::showName(const QString& name) {
+    // An ampersand in the camera's name is no shortcut.
+    m_nameButton->setText(QString(name).replace(u'&', QStringLiteral("&&")));
+    m_nameButton->setAccessibleDescription(name);
+}
+
+void ClWidgetBasicSetting::showInit(bool /*isPolling*/) {
+    showName(UNKNOWN_NAME);
+    sendUsbCommand(USB_REQ_NUBO_CMD_GET_CAMERANAME);
+}
+
+void ClWidgetBasicSetting::hideEvent(QHideEvent* event) {
+    ClWidgetBase::hideEvent(event);
+    if (!event->spontaneous()) {
+        m_isNameDialogPending = false;
+        m_waiting.clear();
+    }
+}
+
+void ClWidgetBasicSetting::slotClicked() {
+    const auto index = m_buttons.indexOf(qobject_cast<QPushButton*>(sender()));
+    if (index < 0) {
+        return;
+    }
+    const stBasicSettingRow& row = basicSettingRows()[static_cast<std::size_t>(index)];
+    if (showsName(row)) {
+        m_isNameDialogPending = true;
+    }
+    sendUsbCommand(row.settings.front().request);
+}
+
+void ClWidgetBasicSetting::slotReceiveCommand(const VX_CMD& clCommand) {
+    // An answer to the page that was left for this one would open a dialog that nobody asked for.
+    if (isAnswerToAnother(clCommand)) {
+        return;
+    }
+    m_waiting.append(clCommand);
+    if (m_isHandling) {
+        return;
+    }
+    const QScopedValueRollback handling(m_isHandling, true);
+    while (!m_waiting.isEmpty()) {
+        handle(m_waiting.takeFirst());
+    }
+}
+
+void ClWidgetBasicSetting::handle(const VX_CMD& message) {
+    const QUuid received = getCommand(message);
+    if (received == USB_NUBO_CMD_RESPONSE || received == USB_CMD_ERROR) {
+        // Not an stCommandResult: a click that comes to nothing is told here even when the camera
+        // has gone.
+        const auto result = message.value(Key::PARAM3).value<unsigned short>();
+        handleResult(message.value(Key::PARAM2).toUuid(), result,
+                     received == USB_CMD_ERROR || result != USB_ERROR_SUCCESS);
+        return;
+    }
+    for (const stBasicSettingRow& row : basicSettingRows()) {
+        if (const auto* setting = settingWith(row, &stCameraSetting::answer, received)) {
+            m_answers.insert(received, message);
+            goOn(row, *setting);
+            return;
+        }
+    }
+}
+
+void ClWidgetBasicSetting::handleResult(const QUuid& command, unsigned short result,
+                                        bool isFailure) {
+    if (isFailure) {
+        m_isNameDialogPending = false;
+        if (isRequestOrCommand(command)) {
+            showErrorMsgBox(result);
+        }
+    } else if (command == USB_NUBO_CMD_SET_CAMERANAME) {
+        showName(m_sentName);
+    }
+}
+
+void ClWidgetBasicSetting::goOn(const stBasicSettingRow& row, const stCameraSetting& answered) {
+    if (showsName(row)) {
+        showName(m_answers.value(answered.answer).value(Key::PARAM2).toString());
+        if (!std::exchange(m_isNameDialogPending, false)) {
+            return;
+        }
+    }
+    const auto* next = std::next(&answered);
+    if (next != row.settings.end() && !next->request.isNull()) {
+        sendUsbCommand(next->request);
+    } else {
+        showDialog(row);
+    }
+}
+
+void ClWidgetBasicSetting::showDialog(const stBasicSettingRow& row) {
+    const int before = visit();
+    const std::unique_ptr<ClDialogBase> dialog = row.createDialog(this);
+    dialog->setParam(readValues(row));
+    const bool isAccepted = ask(*dialog);
+    // What waits by now is of the camera that has come.
+    if (before != visit()) {
+        return;
+    }
+    // What a double click has read a second time is out of date by now.
+    m_waiting.removeIf([&row](const VX_CMD& message) {
+        return settingWith(row, &stCameraSetting::answer, getCommand(message)) != nullptr;
+    });
+    if (isAccepted) {
+        write(row, dialog->getParam());
+    }
+}
+
+QVariantList ClWidgetBasicSetting::readValues(const stBasicSettingRow& row) const {
+    QVariantList values;
+    for (const stCameraSetting& setting : row.settings) {
+        const VX_CMD answer = m_answers.value(setting.answer);
+        for (auto key = Key::VALUES.begin(); const auto convert : setting.values) {
+            if (convert != nullptr) {
+                values.append(convert(answer.value(*key++)));
+            }
+        }
+    }
+    return values;
+}
+
+void ClWidgetBasicSetting::write(const stBasicSettingRow& row, const QVariantList& values) {
+    qsizetype written = 0;
+    for (const stCameraSetting& setting : row.settings) {
+        if (setting.command.isNull()) {
+            continue;
+        }
+        VX_CMD message;
+        for (auto key = Key::VALUES.begin(); const auto convert : setting.values) {
+            if (convert != nullptr) {
+                message.insert(*key++, convert(values.value(written++)));
+            }
+        }
+        if (setting.command == USB_NUBO_CMD_SET_CAMERANAME) {
+            m_sentName = message.value(Key::PARAM2).toString();
+        }
+        sendUsbCommand(setting.command, message);
+    }
+}
