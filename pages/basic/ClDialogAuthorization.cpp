@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "pages/basic/ClDialogAuthorization.h"
 
-#include "pages/basic/ClWidgetBasicSetting.h"
+#include "pages/basic/ClBasicSettingText.h"
 #include "pages/common/ClRadioGroup.h"
 #include "ui/ClDialogColumn.h"
 #include "ui/ClMessageBox.h"
@@ -28,9 +28,9 @@ ClDialogAuthorization::ClDialogAuthorization(QWidget* parent)
     : ClDialogBase(parent),
       m_passwords(new QWidget(this)) {
     auto* choice = new ClRadioGroup(
-        ClWidgetBasicSetting::tr("Set the authorization that enhances security"), this);
-    m_notUse = choice->addButton(ClWidgetBasicSetting::tr("Not use authorization"));
-    m_use = choice->addButton(ClWidgetBasicSetting::tr("Use authorization"));
+        ClBasicSettingText::tr("Set the authorization that enhances security"), this);
+    m_notUse = choice->addButton(ClBasicSettingText::tr("Not use authorization"));
+    m_use = choice->addButton(ClBasicSettingText::tr("Use authorization"));
     m_use->setChecked(true);
     connect(m_use, &QRadioButton::toggled, this, &ClDialogAuthorization::slotChangeSetting);
 
@@ -41,7 +41,7 @@ ClDialogAuthorization::ClDialogAuthorization(QWidget* parent)
         auto* field = new QLineEdit(m_passwords);
         field->setEchoMode(QLineEdit::Password);
         field->setValidator(new QRegularExpressionValidator(password, field));
-        auto* name = new QLabel(ClWidgetBasicSetting::tr(FIELD_NAMES[i]), m_passwords);
+        auto* name = new QLabel(ClBasicSettingText::tr(FIELD_NAMES[i]), m_passwords);
         name->setBuddy(field);
         grid->addWidget(name, static_cast<int>(i), 0);
         grid->addWidget(field, static_cast<int>(i), 1);
@@ -83,16 +83,16 @@ void ClDialogAuthorization::slotChangeSetting(bool use) {
 QString ClDialogAuthorization::complaint() const {
     const auto isEmpty = [](const QLineEdit* field) { return field->text().isEmpty(); };
     if (std::ranges::any_of(m_fields, isEmpty)) {
-        return ClWidgetBasicSetting::tr("There are not input value");
+        return ClBasicSettingText::tr("There are not input value");
     }
     if (m_fields[Now]->text() != m_current) {
-        return ClWidgetBasicSetting::tr("Different now password");
+        return ClBasicSettingText::tr("Different now password");
     }
     if (m_fields[New]->text() != m_fields[Check]->text()) {
-        return ClWidgetBasicSetting::tr("Not same password new and check");
+        return ClBasicSettingText::tr("Not same password new and check");
     }
     if (m_fields[New]->text() == m_fields[Now]->text()) {
-        return ClWidgetBasicSetting::tr("Not change password");
+        return ClBasicSettingText::tr("Not change password");
     }
     return {};
 }

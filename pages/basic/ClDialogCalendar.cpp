@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "pages/basic/ClDialogCalendar.h"
 
-#include "pages/basic/ClDialogTime.h"
-#include "pages/basic/ClWidgetBasicSetting.h"
+#include "pages/basic/ClBasicSettingText.h"
 #include "ui/ClDialogColumn.h"
 
 #include <QCalendarWidget>
@@ -28,7 +27,7 @@ ClDialogCalendar::ClDialogCalendar(QWidget* parent)
     : ClDialogBase(parent),
       m_calendar(new QCalendarWidget(this)) {
     // The name is that of the days, which have the keyboard.
-    m_calendar->focusProxy()->setAccessibleName(ClWidgetBasicSetting::tr("Calendar"));
+    m_calendar->focusProxy()->setAccessibleName(ClBasicSettingText::tr("Calendar"));
     for (const stMonthButton& row : MONTH_BUTTONS) {
         auto* button = m_calendar->findChild<QToolButton*>(QLatin1String(row.objectName));
         if (button != nullptr) {
@@ -36,8 +35,7 @@ ClDialogCalendar::ClDialogCalendar(QWidget* parent)
         }
     }
     m_calendar->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
-    m_calendar->setDateRange(QDate(ClDialogTime::FIRST_YEAR, 1, 1),
-                             QDate(ClDialogTime::LAST_YEAR, 12, 31));
+    m_calendar->setDateRange(QDate(FIRST_YEAR, 1, 1), QDate(LAST_YEAR, 12, 31));
     // The calendar keeps the Enter key to itself.
     connect(m_calendar, &QCalendarWidget::activated, this, &ClDialogCalendar::accept);
 

@@ -12,6 +12,9 @@ class ClDialogCalendar : public ClDialogBase {
     Q_OBJECT
 
 public:
+    static constexpr int FIRST_YEAR = 2000;
+    static constexpr int LAST_YEAR = 2100;
+
     explicit ClDialogCalendar(QWidget* parent = nullptr);
 
     void setParam(const QVariantList& params) override;

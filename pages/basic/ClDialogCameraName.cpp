@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "pages/basic/ClDialogCameraName.h"
 
-#include "pages/basic/ClWidgetBasicSetting.h"
+#include "pages/basic/ClBasicSettingText.h"
 #include "ui/ClDialogColumn.h"
 #include "ui/ClMessageBox.h"
 
@@ -12,7 +12,7 @@
 ClDialogCameraName::ClDialogCameraName(QWidget* parent)
     : ClDialogBase(parent),
       m_name(new QLineEdit(this)) {
-    auto* label = new QLabel(ClWidgetBasicSetting::tr("Set the favarite camera name"), this);
+    auto* label = new QLabel(ClBasicSettingText::tr("Set the favarite camera name"), this);
     label->setBuddy(m_name);
     m_name->setValidator(new QRegularExpressionValidator(
         QRegularExpression(QStringLiteral("[0-9a-zA-Z]{1,8}")), m_name));
@@ -33,7 +33,7 @@ QVariantList ClDialogCameraName::getParam() {
 
 void ClDialogCameraName::accept() {
     if (m_name->text().isEmpty()) {
-        ClMessageBox::tell(this, ClWidgetBasicSetting::tr("No camera name"));
+        ClMessageBox::tell(this, ClBasicSettingText::tr("No camera name"));
         return;
     }
     ClDialogBase::accept();

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "pages/basic/ClDialogInterval.h"
 
+#include "pages/basic/ClBasicSettingText.h"
 #include "pages/basic/ClTimeRow.h"
-#include "pages/basic/ClWidgetBasicSetting.h"
 #include "pages/common/ClRadioGroup.h"
 #include "ui/ClDialogColumn.h"
 
@@ -26,11 +26,11 @@ void addRow(QVBoxLayout* column, const QString& text, ClTimeRow* row) {
 
 ClDialogInterval::ClDialogInterval(QWidget* parent) : ClDialogBase(parent) {
     auto* choice = new ClRadioGroup(
-        ClWidgetBasicSetting::tr("Set the interval timer\nUse the interval timer that "
-                                 "keep capture at a certain interval"),
+        ClBasicSettingText::tr("Set the interval timer\nUse the interval timer that "
+                               "keep capture at a certain interval"),
         this);
-    m_use = choice->addButton(ClWidgetBasicSetting::tr("Use interval timer"));
-    m_notUse = choice->addButton(ClWidgetBasicSetting::tr("Not use interval timer"));
+    m_use = choice->addButton(ClBasicSettingText::tr("Use interval timer"));
+    m_notUse = choice->addButton(ClBasicSettingText::tr("Not use interval timer"));
 
     auto* settings = new QWidget(this);
     connect(m_use, &QRadioButton::toggled, settings, &QWidget::setEnabled);
@@ -40,8 +40,8 @@ ClDialogInterval::ClDialogInterval(QWidget* parent) : ClDialogBase(parent) {
     connect(m_delay, &ClTimeRow::sigValueChanged, this, &ClDialogInterval::slotValueChange);
     auto* rows = new QVBoxLayout(settings);
     rows->setContentsMargins(ClDialogColumn::DEPENDENT_INDENT, 0, 0, 0);
-    addRow(rows, ClWidgetBasicSetting::tr("Time of interval that captured"), m_interval);
-    addRow(rows, ClWidgetBasicSetting::tr("Time of until start interval timer"), m_delay);
+    addRow(rows, ClBasicSettingText::tr("Time of interval that captured"), m_interval);
+    addRow(rows, ClBasicSettingText::tr("Time of until start interval timer"), m_delay);
 
     auto* column = new ClDialogColumn(this);
     column->addWidget(choice);

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "pages/basic/ClDialogTime.h"
 
+#include "pages/basic/ClBasicSettingText.h"
 #include "pages/basic/ClDialogCalendar.h"
-#include "pages/basic/ClWidgetBasicSetting.h"
 #include "ui/ClDialogColumn.h"
 #include "ui/ClMessageBox.h"
 
@@ -33,8 +33,8 @@ struct stField {
 };
 
 constexpr std::array<stField, 6> FIELD_ROWS{{
-    {QT_TRANSLATE_NOOP("ClWidgetBasicSetting", "Year"), nullptr, ClDialogTime::FIRST_YEAR,
-     ClDialogTime::LAST_YEAR, 45},
+    {QT_TRANSLATE_NOOP("ClWidgetBasicSetting", "Year"), nullptr, ClDialogCalendar::FIRST_YEAR,
+     ClDialogCalendar::LAST_YEAR, 45},
     {QT_TRANSLATE_NOOP("ClWidgetBasicSetting", "Month"), "/", 1, 12, 25},
     {QT_TRANSLATE_NOOP("ClWidgetBasicSetting", "Day"), "/", 1, 31, 25},
     {QT_TRANSLATE_NOOP("ClWidgetBasicSetting", "Hour"), nullptr, 0, 24, 25},
@@ -58,7 +58,7 @@ QLineEdit* createField(const stField& row, QWidget* parent) {
     validator->setLocale(digits);
     field->setValidator(validator);
     field->setMaximumWidth(row.width);
-    field->setAccessibleName(ClWidgetBasicSetting::tr(row.name));
+    field->setAccessibleName(ClBasicSettingText::tr(row.name));
     return field;
 }
 
@@ -80,9 +80,9 @@ ClDialogTime::ClDialogTime(QWidget* parent, Clock clock)
         fields->addWidget(m_fields[i]);
     }
     fields->addStretch();
-    m_synchronize = new QPushButton(ClWidgetBasicSetting::tr("Synchronize PC"), this);
+    m_synchronize = new QPushButton(ClBasicSettingText::tr("Synchronize PC"), this);
     m_synchronize->setCheckable(true);
-    m_calendar = new QPushButton(ClWidgetBasicSetting::tr("Calendar"), this);
+    m_calendar = new QPushButton(ClBasicSettingText::tr("Calendar"), this);
     auto* buttons = new QHBoxLayout;
     buttons->addWidget(m_synchronize);
     buttons->addWidget(m_calendar);
@@ -113,9 +113,10 @@ QVariantList ClDialogTime::getParam() {
 void ClDialogTime::accept() {
     const auto isEmpty = [](const QLineEdit* field) { return field->text().isEmpty(); };
     if (std::ranges::any_of(m_fields, isEmpty)) {
-        ClMessageBox::tell(this, ClWidgetBasicSetting::tr("There are not input value"));
-    } else if (value(Year) < FIRST_YEAR || value(Year) > LAST_YEAR) {
-        ClMessageBox::tell(this, ClWidgetBasicSetting::tr("Invalid year\nSet from 2000 to 2100"));
+        ClMessageBox::tell(this, ClBasicSettingText::tr("There are not input value"));
+    } else if (value(Year) < ClDialogCalendar::FIRST_YEAR ||
+               value(Year) > ClDialogCalendar::LAST_YEAR) {
+        ClMessageBox::tell(this, ClBasicSettingText::tr("Invalid year\nSet from 2000 to 2100"));
     } else {
         ClDialogBase::accept();
     }

@@ -24,9 +24,6 @@ class ClDialogTime : public ClDialogBase {
 public:
     using Clock = std::function<QDateTime()>;
 
-    static constexpr int FIRST_YEAR = 2000;
-    static constexpr int LAST_YEAR = 2100;
-
     /// @p clock tells the computer's time.
     explicit ClDialogTime(
         QWidget* parent = nullptr, Clock clock = [] { return QDateTime::currentDateTime(); });

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "pages/basic/ClDialogTimezone.h"
 
-#include "pages/basic/ClWidgetBasicSetting.h"
+#include "pages/basic/ClBasicSettingText.h"
 #include "pages/common/ClControlGroup.h"
 #include "ui/ClDialogColumn.h"
 
@@ -62,7 +62,7 @@ ClDialogTimezone::ClDialogTimezone(QWidget* parent)
     }
     // The box expects a single line.
     m_zone->setMinimumHeight(m_zone->sizeHint().height() + m_zone->fontMetrics().lineSpacing());
-    auto* group = new ClControlGroup(ClWidgetBasicSetting::tr("Setting time zone"), m_zone, this);
+    auto* group = new ClControlGroup(ClBasicSettingText::tr("Setting time zone"), m_zone, this);
     (new ClDialogColumn(this))->addWidget(group);
     addButtons();
     connect(m_zone, &QComboBox::currentIndexChanged, this,

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "pages/basic/ClDialogWifiCountry.h"
 
-#include "pages/basic/ClWidgetBasicSetting.h"
+#include "pages/basic/ClBasicSettingText.h"
 #include "pages/common/ClControlGroup.h"
 #include "ui/ClDialogColumn.h"
 
@@ -17,11 +17,11 @@ constexpr int AUTO_INDEX = AUTO - 1;
 ClDialogWifiCountry::ClDialogWifiCountry(QWidget* parent)
     : ClDialogBase(parent),
       m_country(new QComboBox(this)) {
-    m_country->addItems({ClWidgetBasicSetting::tr("Japan"),
-                         ClWidgetBasicSetting::tr("United States,Canada,Taiwan"),
-                         ClWidgetBasicSetting::tr("EU"), ClWidgetBasicSetting::tr("Auto")});
+    m_country->addItems({ClBasicSettingText::tr("Japan"),
+                         ClBasicSettingText::tr("United States,Canada,Taiwan"),
+                         ClBasicSettingText::tr("EU"), ClBasicSettingText::tr("Auto")});
     auto* group =
-        new ClControlGroup(ClWidgetBasicSetting::tr("Setting Wi-Fi country"), m_country, this);
+        new ClControlGroup(ClBasicSettingText::tr("Setting Wi-Fi country"), m_country, this);
     (new ClDialogColumn(this))->addWidget(group);
     addButtons();
     connect(m_country, &QComboBox::currentIndexChanged, this,
@@ -37,7 +37,7 @@ void ClDialogWifiCountry::setParam(const QVariantList& params) {
     if (isCountryNeeded) {
         m_country->removeItem(AUTO_INDEX);
     } else if (m_country->count() <= AUTO_INDEX) {
-        m_country->addItem(ClWidgetBasicSetting::tr("Auto"));
+        m_country->addItem(ClBasicSettingText::tr("Auto"));
     }
     if (isCountryNeeded && country == AUTO) {
         return;

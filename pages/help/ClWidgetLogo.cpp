@@ -2,7 +2,7 @@
 #include "pages/help/ClWidgetLogo.h"
 
 #include "pages/common/PageParts.h"
-#include "pages/help/ClWidgetHelp.h"
+#include "pages/help/ClHelpText.h"
 #include "ui/Artwork.h"
 
 #include <QHBoxLayout>
@@ -36,7 +36,7 @@ ClWidgetLogo::ClWidgetLogo(QWidget* parent) : QWidget(parent) {
     setFont(large);
     setBold(this);
 
-    auto* text = new QLabel(ClWidgetHelp::tr("Setting Application"), this);
+    auto* text = new QLabel(ClHelpText::tr("Setting Application"), this);
     text->setAlignment(Qt::AlignLeft | Qt::AlignHCenter | Qt::AlignVCenter);
     row->addWidget(text);
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "pages/network/ClDialogInputKey.h"
 
-#include "pages/network/ClWidgetNetworkSetting.h"
+#include "pages/network/ClNetworkText.h"
 #include "ui/ClDialogColumn.h"
 #include "ui/ClMessageBox.h"
 
@@ -17,9 +17,9 @@ ClDialogInputKey::ClDialogInputKey(QWidget* parent, bool mustInput)
     m_key->setEchoMode(QLineEdit::Password);
     m_key->setValidator(
         new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[0-9a-zA-Z]*")), m_key));
-    auto* prompt = new QLabel(ClWidgetNetworkSetting::tr("Input the encryption key of AP"));
+    auto* prompt = new QLabel(ClNetworkText::tr("Input the encryption key of AP"));
     prompt->setBuddy(m_key);
-    auto* show = new QCheckBox(ClWidgetNetworkSetting::tr("Show input"));
+    auto* show = new QCheckBox(ClNetworkText::tr("Show input"));
     connect(show, &QCheckBox::toggled, this, &ClDialogInputKey::slotChangeShow);
 
     auto* column = new ClDialogColumn(this);
@@ -41,7 +41,7 @@ QVariantList ClDialogInputKey::getParam() {
 
 void ClDialogInputKey::accept() {
     if (m_mustInput && m_key->text().isEmpty()) {
-        ClMessageBox::tell(this, ClWidgetNetworkSetting::tr("Not input key"));
+        ClMessageBox::tell(this, ClNetworkText::tr("Not input key"));
     } else {
         ClDialogBase::accept();
     }

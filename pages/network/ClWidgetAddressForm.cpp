@@ -3,7 +3,7 @@
 
 #include "pages/common/CommandResult.h"
 #include "pages/common/PageParts.h"
-#include "pages/network/ClWidgetNetworkSetting.h"
+#include "pages/network/ClNetworkText.h"
 #include "pages/network/NetworkParts.h"
 #include "ui/ClIpv4Validator.h"
 #include "ui/ClMessageBox.h"
@@ -64,7 +64,7 @@ void ClWidgetAddressForm::slotClicked() {
         if (isValid()) {
             writeChanges();
         } else {
-            ClMessageBox::tell(this, ClWidgetNetworkSetting::tr("Not valid settings of network"));
+            ClMessageBox::tell(this, ClNetworkText::tr("Not valid settings of network"));
         }
     }
 }

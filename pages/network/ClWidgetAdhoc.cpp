@@ -2,7 +2,7 @@
 #include "pages/network/ClWidgetAdhoc.h"
 
 #include "pages/common/PageParts.h"
-#include "pages/network/ClWidgetNetworkSetting.h"
+#include "pages/network/ClNetworkText.h"
 #include "pages/network/NetworkParts.h"
 #include "pages/network/NetworkState.h"
 #include "protocol/CommandIdentifiers.h"
@@ -30,9 +30,8 @@ constexpr int BUTTONS_Y = 424;
 
 ClWidgetAdhoc::ClWidgetAdhoc(QWidget* parent)
     : ClWidgetAddressForm(parent),
-      m_useAdhoc(new QCheckBox(ClWidgetNetworkSetting::tr("Connect %1 on startup")
-                                   .arg(ClWidgetNetworkSetting::tr("Adhoc")),
-                               this)) {
+      m_useAdhoc(new QCheckBox(
+          ClNetworkText::tr("Connect %1 on startup").arg(ClNetworkText::tr("Adhoc")), this)) {
     m_useAdhoc->move(USE_PLACE);
     connect(m_useAdhoc, &QCheckBox::clicked, this, &ClWidgetAdhoc::slotClicked);
     buildNetwork();
@@ -58,17 +57,17 @@ void ClWidgetAdhoc::buildNetwork() {
                  [value] { return value->text(); }});
         return value;
     };
-    m_ssid = addRow(ClWidgetNetworkSetting::tr("SSID of adhoc"), SSID_PLACE,
-                    USB_REQ_NUBO_CMD_GET_SSID, USB_RES_NUBO_CMD_GET_SSID);
-    m_key = addRow(ClWidgetNetworkSetting::tr("Encryption key of adhoc"), KEY_PLACE,
+    m_ssid = addRow(ClNetworkText::tr("SSID of adhoc"), SSID_PLACE, USB_REQ_NUBO_CMD_GET_SSID,
+                    USB_RES_NUBO_CMD_GET_SSID);
+    m_key = addRow(ClNetworkText::tr("Encryption key of adhoc"), KEY_PLACE,
                    USB_REQ_NUBO_CMD_GET_ADHOCKEY, USB_RES_NUBO_CMD_GET_ADHOCKEY);
 }
 
 void ClWidgetAdhoc::buildAddresses() {
-    addLabel(ClWidgetNetworkSetting::tr("Set the IP Adderss and Subnetmask when connect by adhoc"),
+    addLabel(ClNetworkText::tr("Set the IP Adderss and Subnetmask when connect by adhoc"),
              ADDRESS_TITLE_PLACE, this);
-    m_address = addAddressRow(ClWidgetNetworkSetting::tr("IP Address"), ADDRESS_Y).edit;
-    m_subnetmask = addAddressRow(ClWidgetNetworkSetting::tr("Subnetmask"), SUBNETMASK_Y).edit;
+    m_address = addAddressRow(ClNetworkText::tr("IP Address"), ADDRESS_Y).edit;
+    m_subnetmask = addAddressRow(ClNetworkText::tr("Subnetmask"), SUBNETMASK_Y).edit;
     addAddress(USB_REQ_NUBO_CMD_GET_ADHOC_ADDRESS, USB_RES_NUBO_CMD_GET_ADHOC_ADDRESS,
                USB_NUBO_CMD_SET_ADHOC_ADDRESS, m_address);
     addAddress(USB_REQ_NUBO_CMD_GET_ADHOC_SUBNETMASK, USB_RES_NUBO_CMD_GET_ADHOC_SUBNETMASK,

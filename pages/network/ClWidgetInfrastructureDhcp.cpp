@@ -2,7 +2,7 @@
 #include "pages/network/ClWidgetInfrastructureDhcp.h"
 
 #include "pages/common/PageParts.h"
-#include "pages/network/ClWidgetNetworkSetting.h"
+#include "pages/network/ClNetworkText.h"
 #include "pages/network/InfrastructureParts.h"
 #include "protocol/CommandIdentifiers.h"
 #include "ui/ClLabelSepalator.h"
@@ -31,7 +31,7 @@ constexpr int BUTTONS_Y = 423;
 
 ClWidgetInfrastructureDhcp::ClWidgetInfrastructureDhcp(QWidget* parent)
     : ClWidgetAddressForm(parent) {
-    addLabel(ClWidgetNetworkSetting::tr("Set ON when use DHCP server"), DHCP_TITLE_PLACE, this);
+    addLabel(ClNetworkText::tr("Set ON when use DHCP server"), DHCP_TITLE_PLACE, this);
     buildDhcpRow();
     (new ClLabelSepalator(this))->move(SEPARATOR_PLACE);
     buildAddresses();
@@ -40,14 +40,14 @@ ClWidgetInfrastructureDhcp::ClWidgetInfrastructureDhcp(QWidget* parent)
 
 void ClWidgetInfrastructureDhcp::buildDhcpRow() {
     auto* row = new QWidget(this);
-    auto* caption = new QLabel(ClWidgetNetworkSetting::tr("DHCP"));
+    auto* caption = new QLabel(ClNetworkText::tr("DHCP"));
     const auto addChoice = [row, caption](const QString& text) {
         auto* button = new QRadioButton(text, row);
         button->setAccessibleName(caption->text() + u' ' + text);
         return button;
     };
-    m_on = addChoice(ClWidgetNetworkSetting::tr("ON"));
-    m_off = addChoice(ClWidgetNetworkSetting::tr("OFF"));
+    m_on = addChoice(ClNetworkText::tr("ON"));
+    m_off = addChoice(ClNetworkText::tr("OFF"));
     m_off->setChecked(true);
 
     auto* layout = new QHBoxLayout(row);
@@ -67,9 +67,8 @@ void ClWidgetInfrastructureDhcp::buildDhcpRow() {
 }
 
 void ClWidgetInfrastructureDhcp::buildAddresses() {
-    auto* title =
-        addLabel(ClWidgetNetworkSetting::tr("Set the IP Address, Subnetmask and Default Gateway"),
-                 ADDRESS_TITLE_PLACE, this);
+    auto* title = addLabel(ClNetworkText::tr("Set the IP Address, Subnetmask and Default Gateway"),
+                           ADDRESS_TITLE_PLACE, this);
     connect(m_off, &QRadioButton::toggled, title, &QWidget::setEnabled);
 
     const auto addRow = [this](const QString& caption, int y) {
@@ -78,9 +77,9 @@ void ClWidgetInfrastructureDhcp::buildAddresses() {
         connect(m_off, &QRadioButton::toggled, row.edit, &QWidget::setEnabled);
         return row.edit;
     };
-    m_address = addRow(ClWidgetNetworkSetting::tr("IP Address"), ADDRESS_Y);
-    m_subnetmask = addRow(ClWidgetNetworkSetting::tr("Subnetmask"), SUBNETMASK_Y);
-    m_gateway = addRow(ClWidgetNetworkSetting::tr("Default Gateway"), GATEWAY_Y);
+    m_address = addRow(ClNetworkText::tr("IP Address"), ADDRESS_Y);
+    m_subnetmask = addRow(ClNetworkText::tr("Subnetmask"), SUBNETMASK_Y);
+    m_gateway = addRow(ClNetworkText::tr("Default Gateway"), GATEWAY_Y);
 
     addAddress(USB_REQ_NUBO_CMD_GET_INFRA_ADDRESS, USB_RES_NUBO_CMD_GET_INFRA_ADDRESS,
                USB_NUBO_CMD_SET_INFRA_ADDRESS, m_address);

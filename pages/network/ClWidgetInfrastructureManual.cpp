@@ -4,7 +4,7 @@
 #include "pages/common/CommandResult.h"
 #include "pages/common/PageParts.h"
 #include "pages/network/ClDialogInputKey.h"
-#include "pages/network/ClWidgetNetworkSetting.h"
+#include "pages/network/ClNetworkText.h"
 #include "pages/network/InfrastructureParts.h"
 #include "pages/network/NetworkParts.h"
 #include "protocol/CommandIdentifiers.h"
@@ -30,7 +30,7 @@ constexpr int BUTTONS_Y = 423;
 ClWidgetInfrastructureManual::ClWidgetInfrastructureManual(QWidget* parent)
     : ClWidgetBase(parent),
       m_ssid(new QLineEdit) {
-    addLabel(ClWidgetNetworkSetting::tr("Input SSID to connect AP"), TITLE_PLACE, this);
+    addLabel(ClNetworkText::tr("Input SSID to connect AP"), TITLE_PLACE, this);
     buildSsidRow();
     m_buttonBox = addDecisionBox(BUTTONS_Y, this);
     for (const QAbstractButton* button : m_buttonBox->buttons()) {
@@ -44,7 +44,7 @@ void ClWidgetInfrastructureManual::buildSsidRow() {
     // 1 to 32 printable characters of ASCII, without the space.
     m_ssid->setValidator(
         new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[!-~]{1,32}")), m_ssid));
-    auto* caption = new QLabel(ClWidgetNetworkSetting::tr("SSID"));
+    auto* caption = new QLabel(ClNetworkText::tr("SSID"));
     caption->setBuddy(m_ssid);
 
     auto* row = new QWidget(this);

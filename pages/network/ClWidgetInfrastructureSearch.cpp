@@ -4,7 +4,7 @@
 #include "pages/common/CommandResult.h"
 #include "pages/common/PageParts.h"
 #include "pages/network/ClDialogInputKey.h"
-#include "pages/network/ClWidgetNetworkSetting.h"
+#include "pages/network/ClNetworkText.h"
 #include "pages/network/InfrastructureParts.h"
 #include "ui/ApInfoLook.h"
 #include "ui/ClWidgetApInfo.h"
@@ -48,8 +48,8 @@ constexpr int BUTTONS_Y = 423;
 ClWidgetInfrastructureSearch::ClWidgetInfrastructureSearch(QWidget* parent)
     : ClWidgetBase(parent),
       m_area(new QScrollArea(this)) {
-    QLabel* caption = addLabel(ClWidgetNetworkSetting::tr("Display list that can connect AP"),
-                               CAPTION_PLACE, this);
+    QLabel* caption =
+        addLabel(ClNetworkText::tr("Display list that can connect AP"), CAPTION_PLACE, this);
     m_area->setAccessibleName(caption->text());
     m_area->move(LIST_PLACE.topLeft());
     m_area->setFixedSize(LIST_PLACE.size());
@@ -61,8 +61,7 @@ ClWidgetInfrastructureSearch::ClWidgetInfrastructureSearch(QWidget* parent)
     m_area->setFocusPolicy(Qt::NoFocus);
 
     const QList<QPushButton*> buttons =
-        addButtonBar({ClWidgetNetworkSetting::tr("Research"), ClWidgetNetworkSetting::tr("Back")},
-                     BUTTONS_Y, this);
+        addButtonBar({ClNetworkText::tr("Research"), ClNetworkText::tr("Back")}, BUTTONS_Y, this);
     m_research = buttons[0];
     m_back = buttons[1];
     for (const QPushButton* button : buttons) {

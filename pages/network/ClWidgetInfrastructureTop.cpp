@@ -4,7 +4,7 @@
 #include "pages/common/CommandResult.h"
 #include "pages/common/PageParts.h"
 #include "pages/common/WifiCodes.h"
-#include "pages/network/ClWidgetNetworkSetting.h"
+#include "pages/network/ClNetworkText.h"
 #include "pages/network/InfrastructureParts.h"
 #include "pages/network/NetworkState.h"
 #include "ui/ClButtonApInfo.h"
@@ -35,19 +35,18 @@ constexpr int BUTTONS_Y = 154;
 
 ClWidgetInfrastructureTop::ClWidgetInfrastructureTop(QWidget* parent)
     : ClWidgetBase(parent),
-      m_useInfra(new QCheckBox(ClWidgetNetworkSetting::tr("Connect %1 on startup")
-                                   .arg(ClWidgetNetworkSetting::tr("Infrastructure")),
-                               this)),
+      m_useInfra(new QCheckBox(
+          ClNetworkText::tr("Connect %1 on startup").arg(ClNetworkText::tr("Infrastructure")),
+          this)),
       m_selected(new ClButtonApInfo(QString(), 0, 0, this)) {
     m_useInfra->move(USE_INFRA_PLACE);
     m_selected->move(SELECTED_PLACE);
     // Names the button while it shows no access point.
-    addLabel(ClWidgetNetworkSetting::tr("AP of selecting"), SELECTED_CAPTION_PLACE, this)
+    addLabel(ClNetworkText::tr("AP of selecting"), SELECTED_CAPTION_PLACE, this)
         ->setBuddy(m_selected);
-    const QList<QPushButton*> buttons =
-        addButtonBar({ClWidgetNetworkSetting::tr("AP search and setting"),
-                      ClWidgetNetworkSetting::tr("AP manual setting")},
-                     BUTTONS_Y, this);
+    const QList<QPushButton*> buttons = addButtonBar(
+        {ClNetworkText::tr("AP search and setting"), ClNetworkText::tr("AP manual setting")},
+        BUTTONS_Y, this);
     m_search = buttons[0];
     m_manual = buttons[1];
     const std::initializer_list<const QAbstractButton*> clickable{m_useInfra, m_search, m_manual,

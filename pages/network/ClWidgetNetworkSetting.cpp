@@ -13,9 +13,7 @@
 
 #include <QButtonGroup>
 #include <QDialogButtonBox>
-#include <QEvent>
 #include <QLabel>
-#include <QPushButton>
 #include <QStackedLayout>
 
 namespace {
@@ -24,21 +22,6 @@ constexpr QRect TAB_BAR{0, 3, 600, 36};
 constexpr QPoint INFRASTRUCTURE_TAB_PLACE{114, 3};
 constexpr QPoint ADHOC_TAB_PLACE{314, 3};
 constexpr QRect TAB_AREA{0, 39, 600, 466};
-
-/// Its accepting button does not look as if it had the keyboard. In a dialog that look goes to
-/// whatever button has it; on a page it would stay.
-class PageButtonBox : public QDialogButtonBox {
-protected:
-    bool event(QEvent* event) override {
-        const bool isHandled = QDialogButtonBox::event(event);
-        if (event->type() == QEvent::Show) {
-            for (QPushButton* button : findChildren<QPushButton*>()) {
-                button->setDefault(false);
-            }
-        }
-        return isHandled;
-    }
-};
 
 }  // namespace
 
@@ -98,10 +81,7 @@ void ClWidgetNetworkSetting::buildPages() {
 
 std::unique_ptr<QDialogButtonBox> ClWidgetNetworkSetting::createButtonBox(const QString& accept,
                                                                           const QString& reject) {
-    std::unique_ptr<QDialogButtonBox> box = std::make_unique<PageButtonBox>();
-    box->addButton(accept, QDialogButtonBox::AcceptRole);
-    box->addButton(reject, QDialogButtonBox::RejectRole);
-    return box;
+    return createPageButtonBox(accept, reject);
 }
 
 void ClWidgetNetworkSetting::slotClicked() {

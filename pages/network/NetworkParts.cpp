@@ -2,9 +2,10 @@
 #include "pages/network/NetworkParts.h"
 
 #include "pages/common/PageParts.h"
-#include "pages/network/ClWidgetNetworkSetting.h"
+#include "pages/network/ClNetworkText.h"
 
 #include <QDialogButtonBox>
+#include <QEvent>
 #include <QLineEdit>
 #include <QPushButton>
 
@@ -12,13 +13,34 @@ namespace {
 
 constexpr int BOX_RIGHT = 585;
 
+/// Its accepting button does not look as if it had the keyboard. In a dialog that look goes to
+/// whatever button has it; on a page it would stay.
+class PageButtonBox : public QDialogButtonBox {
+protected:
+    bool event(QEvent* event) override {
+        const bool isHandled = QDialogButtonBox::event(event);
+        if (event->type() == QEvent::Show) {
+            for (QPushButton* button : findChildren<QPushButton*>()) {
+                button->setDefault(false);
+            }
+        }
+        return isHandled;
+    }
+};
+
 }  // namespace
+
+std::unique_ptr<QDialogButtonBox> createPageButtonBox(const QString& accept,
+                                                      const QString& reject) {
+    std::unique_ptr<QDialogButtonBox> box = std::make_unique<PageButtonBox>();
+    box->addButton(accept, QDialogButtonBox::AcceptRole);
+    box->addButton(reject, QDialogButtonBox::RejectRole);
+    return box;
+}
 
 QDialogButtonBox* addDecisionBox(int y, QWidget* page) {
     QDialogButtonBox* box =
-        ClWidgetNetworkSetting::createButtonBox(ClWidgetNetworkSetting::tr("Decision"),
-                                                ClWidgetNetworkSetting::tr("Back"))
-            .release();
+        createPageButtonBox(ClNetworkText::tr("Decision"), ClNetworkText::tr("Back")).release();
     box->setParent(page);
     for (QAbstractButton* button : box->buttons()) {
         button->setMinimumSize(BUTTON_MINIMUM);

@@ -26,8 +26,7 @@ constexpr std::array SIZES{
 ClDialogRecSetting::ClDialogRecSetting(QWidget* parent)
     : ClDialogBase(parent),
       m_sizes(new ClStreamChoices<QSize>(
-          ClWidgetStreamSetting::tr("Set the image quality at the time of %1")
-              .arg(ClWidgetStreamSetting::tr("Rec")),
+          ClStreamText::tr("Set the image quality at the time of %1").arg(ClStreamText::tr("Rec")),
           SIZES, FULL_HD, this)) {
     (new ClDialogColumn(this))->addWidget(m_sizes);
     addButtons();

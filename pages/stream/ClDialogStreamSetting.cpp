@@ -35,13 +35,11 @@ constexpr std::array RATES{
 
 ClDialogStreamSetting::ClDialogStreamSetting(QWidget* parent)
     : ClDialogBase(parent),
-      m_sizes(new ClStreamChoices<QSize>(
-          ClWidgetStreamSetting::tr("Set the image quality at the time of %1")
-              .arg(ClWidgetStreamSetting::tr("LiveView")),
-          SIZES, STANDARD, this)),
+      m_sizes(new ClStreamChoices<QSize>(ClStreamText::tr("Set the image quality at the time of %1")
+                                             .arg(ClStreamText::tr("LiveView")),
+                                         SIZES, STANDARD, this)),
       m_rates(new ClStreamChoices<unsigned int>(
-          ClWidgetStreamSetting::tr("Set the fps at the time of %1")
-              .arg(ClWidgetStreamSetting::tr("LiveView")),
+          ClStreamText::tr("Set the fps at the time of %1").arg(ClStreamText::tr("LiveView")),
           RATES, SMOOTHEST, this)) {
     auto* column = new ClDialogColumn(this);
     column->addWidget(m_sizes);

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "pages/common/ClRadioGroup.h"
-#include "pages/stream/ClWidgetStreamSetting.h"
+#include "pages/stream/ClStreamText.h"
 
 #include <QList>
 #include <QRadioButton>
@@ -30,7 +30,7 @@ public:
           m_choices(choices),
           m_fallback(fallback) {
         for (const stStreamChoice<Value>& choice : m_choices) {
-            m_buttons.append(addButton(ClWidgetStreamSetting::tr(choice.text)));
+            m_buttons.append(addButton(ClStreamText::tr(choice.text)));
         }
         check(m_fallback);
     }
