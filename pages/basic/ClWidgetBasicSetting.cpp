@@ -17,6 +17,7 @@
 #include <algorithm>
 #include <memory>
 #include <optional>
+#include <span>
 #include <utility>
 
 namespace {
@@ -45,6 +46,11 @@ bool isRequestOrCommand(const QUuid& command) {
     });
 }
 
+std::span<const stCameraSetting> settingsOf(const stBasicSettingRow& row) {
+    const auto* end = std::ranges::find_if(row.settings, &QUuid::isNull, &stCameraSetting::request);
+    return {row.settings.begin(), end};
+}
+
 bool showsName(const stBasicSettingRow& row) {
     return row.text == nullptr;
 }
@@ -65,6 +71,7 @@ ClWidgetBasicSetting::ClWidgetBasicSetting(QWidget* parent) : ClWidgetBase(paren
             addCaption(sectionCaption(row.section), column);
         }
         addButton(row, column);
+        addReads(row);
     }
     column->addStretch();
 }
@@ -126,11 +133,11 @@ void ClWidgetBasicSetting::slotClicked() {
     if (index < 0) {
         return;
     }
-    const stBasicSettingRow& row = basicSettingRows()[static_cast<std::size_t>(index)];
-    if (showsName(row)) {
+    const auto row = static_cast<std::size_t>(index);
+    if (showsName(basicSettingRows()[row])) {
         m_isNameDialogPending = true;
     }
-    sendUsbCommand(row.settings.front().request);
+    m_reads[row].start();
 }
 
 void ClWidgetBasicSetting::slotReceiveCommand(const VX_CMD& clCommand) {
@@ -149,6 +156,9 @@ void ClWidgetBasicSetting::slotReceiveCommand(const VX_CMD& clCommand) {
 }
 
 void ClWidgetBasicSetting::handle(const VX_CMD& message) {
+    if (std::ranges::any_of(m_reads, [&](ClReadChain& reads) { return reads.take(message); })) {
+        return;
+    }
     const QUuid received = getCommand(message);
     if (received == USB_NUBO_CMD_RESPONSE || received == USB_CMD_ERROR) {
         // Not an stCommandResult: a click that comes to nothing is told here even when the camera
@@ -156,14 +166,6 @@ void ClWidgetBasicSetting::handle(const VX_CMD& message) {
         const auto result = message.value(Key::PARAM3).value<unsigned short>();
         handleResult(message.value(Key::PARAM2).toUuid(), result,
                      received == USB_CMD_ERROR || result != USB_ERROR_SUCCESS);
-        return;
-    }
-    for (const stBasicSettingRow& row : basicSettingRows()) {
-        if (const auto* setting = settingWith(row, &stCameraSetting::answer, received)) {
-            m_answers.insert(received, message);
-            goOn(row, *setting);
-            return;
-        }
     }
 }
 
@@ -179,19 +181,28 @@ void ClWidgetBasicSetting::handleResult(const QUuid& command, unsigned short res
     }
 }
 
-void ClWidgetBasicSetting::goOn(const stBasicSettingRow& row, const stCameraSetting& answered) {
+void ClWidgetBasicSetting::addReads(const stBasicSettingRow& row) {
+    ClReadChain& reads = m_reads.emplace_back(this);
+    const auto settings = settingsOf(row);
+    for (const stCameraSetting& setting : settings) {
+        const bool isLast = &setting == &settings.back();
+        reads.add({setting.request, setting.answer, [this, &row, isLast](const VX_CMD& answer) {
+                       m_answers.insert(getCommand(answer), answer);
+                       if (isLast) {
+                           finish(row, answer);
+                       }
+                   }});
+    }
+}
+
+void ClWidgetBasicSetting::finish(const stBasicSettingRow& row, const VX_CMD& answer) {
     if (showsName(row)) {
-        showName(m_answers.value(answered.answer).value(Key::PARAM2).toString());
+        showName(answer.value(Key::PARAM2).toString());
         if (!std::exchange(m_isNameDialogPending, false)) {
             return;
         }
     }
-    const auto* next = std::next(&answered);
-    if (next != row.settings.end() && !next->request.isNull()) {
-        sendUsbCommand(next->request);
-    } else {
-        showDialog(row);
-    }
+    showDialog(row);
 }
 
 void ClWidgetBasicSetting::showDialog(const stBasicSettingRow& row) {

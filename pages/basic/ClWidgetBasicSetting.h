@@ -1,15 +1,17 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "pages/common/ClReadChain.h"
 #include "ui/ClWidgetBase.h"
 
 #include <QHash>
 #include <QList>
 
+#include <vector>
+
 class QPushButton;
 class QVBoxLayout;
 struct stBasicSettingRow;
-struct stCameraSetting;
 
 /// The basic settings page: a column of buttons, one for each setting of basicSettingRows().
 ///
@@ -38,17 +40,19 @@ protected:
 private:
     void addCaption(const char* text, QVBoxLayout* column);
     void addButton(const stBasicSettingRow& row, QVBoxLayout* column);
+    void addReads(const stBasicSettingRow& row);
     void showName(const QString& name);
 
     void handle(const VX_CMD& message);
     void handleResult(const QUuid& command, unsigned short result, bool isFailure);
-    /// Reads the row's next setting, or runs its dialog when @p answered was the last one.
-    void goOn(const stBasicSettingRow& row, const stCameraSetting& answered);
+    /// Deals with the last answer of the row: runs its dialog, unless only the name is wanted.
+    void finish(const stBasicSettingRow& row, const VX_CMD& answer);
     void showDialog(const stBasicSettingRow& row);
     [[nodiscard]] QVariantList readValues(const stBasicSettingRow& row) const;
     void write(const stBasicSettingRow& row, const QVariantList& values);
 
-    QList<QPushButton*> m_buttons;  ///< in the order of the rows
+    QList<QPushButton*> m_buttons;     ///< in the order of the rows
+    std::vector<ClReadChain> m_reads;  ///< in the order of the rows
     QPushButton* m_nameButton = nullptr;
     bool m_isNameDialogPending = false;  ///< the next camera name opens the dialog
     QString m_sentName;                  ///< on its way to the camera

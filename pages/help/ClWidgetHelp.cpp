@@ -10,7 +10,6 @@
 
 #include <QDateTime>
 
-#include <algorithm>
 #include <array>
 
 namespace {
@@ -37,8 +36,8 @@ QString asCountry(const QVariant& value) {
     return TOOL::codeToName(value.toString());
 }
 
-/// A step of the chain and the row that shows its answer.
-struct stRead {
+/// A value of the camera and the row that shows it.
+struct stCameraRow {
     int y;
     const char* caption;
     QUuid request;
@@ -46,17 +45,17 @@ struct stRead {
     QString (*toText)(const QVariant&);
 };
 
-constexpr std::array READS{
-    stRead{195, QT_TRANSLATE_NOOP("ClWidgetHelp", "NuBo firmware version"),
-           USB_REQ_NUBO_CMD_GET_FWVERSION, USB_RES_NUBO_CMD_GET_FWVERSION, asItStands},
-    stRead{322, QT_TRANSLATE_NOOP("ClWidgetHelp", "Serial number"), USB_REQ_NUBO_CMD_GET_SERIALNO,
-           USB_RES_NUBO_CMD_GET_SERIALNO, asItStands},
-    stRead{352, QT_TRANSLATE_NOOP("ClWidgetHelp", "MAC address"), USB_REQ_NUBO_CMD_GET_MACADDRESS,
-           USB_RES_NUBO_CMD_GET_MACADDRESS, asItStands},
-    stRead{382, QT_TRANSLATE_NOOP("ClWidgetHelp", "Create day"), USB_REQ_NUBO_CMD_GET_CREATEDAY,
-           USB_RES_NUBO_CMD_GET_CREATEDAY, asDay},
-    stRead{412, QT_TRANSLATE_NOOP("ClWidgetHelp", "Country"), USB_REQ_NUBO_CMD_GET_COUNTRY,
-           USB_RES_NUBO_CMD_GET_COUNTRY, asCountry},
+constexpr std::array CAMERA_ROWS{
+    stCameraRow{195, QT_TRANSLATE_NOOP("ClWidgetHelp", "NuBo firmware version"),
+                USB_REQ_NUBO_CMD_GET_FWVERSION, USB_RES_NUBO_CMD_GET_FWVERSION, asItStands},
+    stCameraRow{322, QT_TRANSLATE_NOOP("ClWidgetHelp", "Serial number"),
+                USB_REQ_NUBO_CMD_GET_SERIALNO, USB_RES_NUBO_CMD_GET_SERIALNO, asItStands},
+    stCameraRow{352, QT_TRANSLATE_NOOP("ClWidgetHelp", "MAC address"),
+                USB_REQ_NUBO_CMD_GET_MACADDRESS, USB_RES_NUBO_CMD_GET_MACADDRESS, asItStands},
+    stCameraRow{382, QT_TRANSLATE_NOOP("ClWidgetHelp", "Create day"),
+                USB_REQ_NUBO_CMD_GET_CREATEDAY, USB_RES_NUBO_CMD_GET_CREATEDAY, asDay},
+    stCameraRow{412, QT_TRANSLATE_NOOP("ClWidgetHelp", "Country"), USB_REQ_NUBO_CMD_GET_COUNTRY,
+                USB_RES_NUBO_CMD_GET_COUNTRY, asCountry},
 };
 
 }  // namespace
@@ -67,8 +66,12 @@ ClWidgetHelp::ClWidgetHelp(QWidget* parent) : ClWidgetBase(parent) {
     logo->move((PAGE_WIDTH - logo->width()) / 2, LOGO_Y);
 
     addRow(TOOL_VERSION_Y, tr("NuBoSettingTool version"))->setValue(TOOL_VERSION);
-    for (const stRead& read : READS) {
-        m_values.append(addRow(read.y, tr(read.caption)));
+    for (const stCameraRow& row : CAMERA_ROWS) {
+        ClLabelValue* value = addRow(row.y, tr(row.caption));
+        m_values.append(value);
+        m_reads.add({row.request, row.answer, [value, toText = row.toText](const VX_CMD& answer) {
+                         value->setValue(toText(answer.value(Key::PARAM2)));
+                     }});
     }
     (new ClLabelSepalator(this))->move(0, SEPARATOR_Y);
 }
@@ -90,22 +93,15 @@ void ClWidgetHelp::showInit(bool /*isPolling*/) {
     if (QWidget* focused = focusWidget(); focused != nullptr) {
         focused->clearFocus();
     }
-    sendUsbCommand(READS.front().request);
+    m_reads.start();
 }
 
 void ClWidgetHelp::slotReceiveCommand(const VX_CMD& clCommand) {
-    const QUuid received = getCommand(clCommand);
-    if (const auto* step = std::ranges::find(READS, received, &stRead::answer);
-        step != READS.end()) {
-        m_values[step - READS.begin()]->setValue(step->toText(clCommand.value(Key::PARAM2)));
-        if (const auto* next = std::next(step); next != READS.end()) {
-            sendUsbCommand(next->request);
-        }
+    if (m_reads.take(clCommand)) {
         return;
     }
     const stCommandResult result(clCommand);
-    if (result.isFailure &&
-        std::ranges::find(READS, result.command, &stRead::request) != READS.end()) {
+    if (result.isFailure && m_reads.asks(result.command)) {
         showErrorMsgBox(result.code);
     }
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "pages/common/ClReadChain.h"
 #include "ui/ClWidgetBase.h"
 
 #include <QList>
@@ -34,4 +35,5 @@ private:
     ClLabelValue* addRow(int y, const QString& caption);
 
     QList<ClLabelValue*> m_values;  ///< of the camera, in the order of the chain
+    ClReadChain m_reads{this};
 };

@@ -46,6 +46,11 @@ void ClWidgetAddressForm::addButtons(int y) {
 
 void ClWidgetAddressForm::addItem(stFormItem item) {
     item.read = item.shown();
+    m_reads.add({item.request, item.answer, [this, index = m_items.size()](const VX_CMD& answer) {
+                     stFormItem& answered = m_items[index];
+                     answered.show(answer.value(Key::PARAM2));
+                     answered.read = answered.shown();
+                 }});
     m_items.push_back(std::move(item));
 }
 
@@ -85,17 +90,11 @@ void ClWidgetAddressForm::writeChanges() {
 }
 
 void ClWidgetAddressForm::slotReceiveCommand(const VX_CMD& clCommand) {
-    const auto item = std::ranges::find(m_items, getCommand(clCommand), &stFormItem::answer);
-    if (item != m_items.end()) {
-        item->show(clCommand.value(Key::PARAM2));
-        item->read = item->shown();
-        if (const auto next = std::next(item); next != m_items.end()) {
-            sendUsbCommand(next->request);
-        }
+    if (m_reads.take(clCommand)) {
         return;
     }
     const stCommandResult result(clCommand);
-    if (result.isFailure && isOwn(result.command)) {
+    if (result.isFailure && (m_reads.asks(result.command) || isOwnWrite(result.command))) {
         showErrorMsgBox(result.code);
     } else if (result.isSuccess && isOwnWrite(result.command)) {
         m_succeeded.append(result.command);
@@ -103,11 +102,6 @@ void ClWidgetAddressForm::slotReceiveCommand(const VX_CMD& clCommand) {
             leave();
         }
     }
-}
-
-bool ClWidgetAddressForm::isOwn(const QUuid& command) const {
-    return isOwnWrite(command) ||
-           std::ranges::find(m_items, command, &stFormItem::request) != m_items.end();
 }
 
 bool ClWidgetAddressForm::isOwnWrite(const QUuid& command) const {

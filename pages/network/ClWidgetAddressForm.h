@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "pages/common/ClReadChain.h"
 #include "ui/ClWidgetBase.h"
 
 #include <QUuid>
@@ -54,6 +55,8 @@ protected:
     /// The last part of the page: the buttons.
     void addButtons(int y);
 
+    /// The values that are read, in the order of the items.
+    [[nodiscard]] ClReadChain& reads() { return m_reads; }
     /// The next value of the chain.
     void addItem(stFormItem item);
     /// The next value of the chain, in a line edit of addAddressRow().
@@ -66,10 +69,10 @@ protected:
 
 private:
     void writeChanges();
-    [[nodiscard]] bool isOwn(const QUuid& command) const;
     [[nodiscard]] bool isOwnWrite(const QUuid& command) const;
 
     std::vector<stFormItem> m_items;
+    ClReadChain m_reads{this};
     QDialogButtonBox* m_buttonBox = nullptr;
     qsizetype m_sent = 0;      ///< writes of the last "Decision"
     QList<QUuid> m_succeeded;  ///< those of them that have succeeded

@@ -75,8 +75,8 @@ void ClWidgetAdhoc::buildAddresses() {
 }
 
 void ClWidgetAdhoc::showInit(bool /*isPolling*/) {
-    sendUsbCommand(m_ssid->text().isEmpty() ? USB_REQ_NUBO_CMD_GET_SSID
-                                            : USB_REQ_NUBO_CMD_GET_ADHOC_ADDRESS);
+    reads().startAt(m_ssid->text().isEmpty() ? USB_REQ_NUBO_CMD_GET_SSID
+                                             : USB_REQ_NUBO_CMD_GET_ADHOC_ADDRESS);
 }
 
 void ClWidgetAdhoc::setUseAdhoc(bool isUsed) {

@@ -90,7 +90,7 @@ void ClWidgetInfrastructureDhcp::buildAddresses() {
 }
 
 void ClWidgetInfrastructureDhcp::showInit(bool /*isPolling*/) {
-    sendUsbCommand(USB_REQ_NUBO_CMD_GET_INFRA_USE_DHCP);
+    reads().start();
 }
 
 bool ClWidgetInfrastructureDhcp::isValid() const {

@@ -20,23 +20,15 @@
 
 namespace {
 
-constexpr std::array READS{
-    USB_REQ_NUBO_CMD_GET_WIFI_INFO,
-    USB_REQ_NUBO_CMD_GET_ACCESSPOINT_LIST,
-};
 constexpr std::array WRITES{
     USB_NUBO_CMD_SET_INFRA_SSID,
     USB_NUBO_CMD_SET_INFRA_KEY,
 };
 
-template <class Commands>
-bool contains(const Commands& commands, const QUuid& command) {
-    return std::ranges::find(commands, command) != commands.end();
-}
-
 // Of a write, only the camera's own refusal is told.
 bool isRefusedWrite(const QUuid& kind, const stCommandResult& result) {
-    return result.isFailure && kind == USB_NUBO_CMD_RESPONSE && contains(WRITES, result.command);
+    return result.isFailure && kind == USB_NUBO_CMD_RESPONSE &&
+           std::ranges::find(WRITES, result.command) != WRITES.end();
 }
 
 constexpr QPoint CAPTION_PLACE{35, 20};
@@ -67,15 +59,22 @@ ClWidgetInfrastructureSearch::ClWidgetInfrastructureSearch(QWidget* parent)
     for (const QPushButton* button : buttons) {
         connect(button, &QPushButton::clicked, this, &ClWidgetInfrastructureSearch::slotClicked);
     }
+
+    m_reads.add({USB_REQ_NUBO_CMD_GET_WIFI_INFO, USB_RES_NUBO_CMD_GET_WIFI_INFO,
+                 [this](const VX_CMD& answer) { takeLink(answer); }});
+    m_reads.add({USB_REQ_NUBO_CMD_GET_ACCESSPOINT_LIST, USB_RES_NUBO_CMD_GET_ACCESSPOINT_LIST,
+                 [this](const VX_CMD& answer) {
+                     showList(answer.value(Key::PARAM2).value<AccesspointList>());
+                 }});
 }
 
 void ClWidgetInfrastructureSearch::showInit(bool /*isPolling*/) {
-    sendUsbCommand(USB_REQ_NUBO_CMD_GET_WIFI_INFO);
+    m_reads.start();
 }
 
 void ClWidgetInfrastructureSearch::slotClicked() {
     if (sender() == m_research) {
-        sendUsbCommand(USB_REQ_NUBO_CMD_GET_ACCESSPOINT_LIST);
+        m_reads.startAt(USB_REQ_NUBO_CMD_GET_ACCESSPOINT_LIST);
     } else if (sender() == m_back) {
         Q_EMIT sigChangePage(INFRASTRUCTURE_TOP);
     }
@@ -101,19 +100,19 @@ void ClWidgetInfrastructureSearch::slotSelect(const QString& ssid, bool isEncryp
 
 void ClWidgetInfrastructureSearch::slotReceiveCommand(const VX_CMD& clCommand) {
     const QUuid received = getCommand(clCommand);
-    if (received == USB_RES_NUBO_CMD_GET_WIFI_INFO) {
-        // The top sub-page may have asked, too, the moment before it was left for this one.
-        if (isAnswerToAnother(clCommand)) {
-            return;
-        }
-        if (clCommand.value(Key::PARAM2).toBool()) {
-            m_linkedSsid = clCommand.value(Key::PARAM4).toString();
-        }
-        sendUsbCommand(USB_REQ_NUBO_CMD_GET_ACCESSPOINT_LIST);
-    } else if (received == USB_RES_NUBO_CMD_GET_ACCESSPOINT_LIST) {
-        showList(clCommand.value(Key::PARAM2).value<AccesspointList>());
-    } else {
+    // The top sub-page may have asked for the link, too, the moment before it was left for this
+    // one.
+    if (received == USB_RES_NUBO_CMD_GET_WIFI_INFO && isAnswerToAnother(clCommand)) {
+        return;
+    }
+    if (!m_reads.take(clCommand)) {
         showResult(received, stCommandResult(clCommand));
+    }
+}
+
+void ClWidgetInfrastructureSearch::takeLink(const VX_CMD& answer) {
+    if (answer.value(Key::PARAM2).toBool()) {
+        m_linkedSsid = answer.value(Key::PARAM4).toString();
     }
 }
 
@@ -162,7 +161,7 @@ void ClWidgetInfrastructureSearch::showResult(const QUuid& kind, const stCommand
     if (result.isSuccess && result.command == m_awaited) {
         Q_EMIT sigChangePage(INFRASTRUCTURE_TOP);
     }
-    if (isRefusedWrite(kind, result) || (result.isFailure && contains(READS, result.command))) {
+    if (isRefusedWrite(kind, result) || (result.isFailure && m_reads.asks(result.command))) {
         showErrorMsgBox(result.code);
     }
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "pages/common/ClReadChain.h"
 #include "protocol/NuboRecords.h"
 #include "ui/ClWidgetBase.h"
 
@@ -39,12 +40,14 @@ public Q_SLOTS:
     void slotReceiveLateResult(const VX_CMD& clCommand);
 
 private:
+    void takeLink(const VX_CMD& answer);
     void showList(const AccesspointList& accesspoints);
     void showResult(const QUuid& kind, const stCommandResult& result);
 
     QScrollArea* m_area;
     QPushButton* m_research = nullptr;
     QPushButton* m_back = nullptr;
+    ClReadChain m_reads{this};
     QString m_linkedSsid;
     QUuid m_awaited;          ///< the command whose success leads back to the top sub-page
     QList<QUuid> m_underWay;  ///< the writes of the last selection that have no result yet

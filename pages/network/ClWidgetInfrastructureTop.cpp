@@ -12,17 +12,9 @@
 #include <QCheckBox>
 #include <QLabel>
 
-#include <algorithm>
-#include <array>
 #include <utility>
 
 namespace {
-
-constexpr std::array READS{
-    USB_REQ_NUBO_CMD_GET_WIFI_INFO,
-    USB_REQ_NUBO_CMD_GET_INFRA_SSID,
-    USB_REQ_NUBO_CMD_GET_INFRA_KEY,
-};
 
 constexpr int NO_ENCRYPTION = -1;
 
@@ -54,16 +46,21 @@ ClWidgetInfrastructureTop::ClWidgetInfrastructureTop(QWidget* parent)
     for (const QAbstractButton* button : clickable) {
         connect(button, &QAbstractButton::clicked, this, &ClWidgetInfrastructureTop::slotClicked);
     }
+
+    m_reads.add({USB_REQ_NUBO_CMD_GET_INFRA_SSID, USB_RES_NUBO_CMD_GET_INFRA_SSID,
+                 [this](const VX_CMD& answer) { m_ssid = answer.value(Key::PARAM2).toString(); }});
+    m_reads.add({USB_REQ_NUBO_CMD_GET_WIFI_INFO, USB_RES_NUBO_CMD_GET_WIFI_INFO,
+                 [this](const VX_CMD& answer) { showLink(answer); }});
 }
 
 void ClWidgetInfrastructureTop::showInit(bool isPolling) {
-    if (isPolling && !m_awaitedRead.isNull()) {
+    if (isPolling && m_reads.isUnderWay()) {
         return;
     }
     if (!isPolling && isVisible()) {
         Q_EMIT sigStartPolling();
     }
-    sendRead(USB_REQ_NUBO_CMD_GET_INFRA_SSID);
+    m_reads.start();
 }
 
 void ClWidgetInfrastructureTop::setUseInfra(bool isUsed) {
@@ -84,24 +81,9 @@ void ClWidgetInfrastructureTop::slotClicked() {
 }
 
 void ClWidgetInfrastructureTop::slotReceiveCommand(const VX_CMD& clCommand) {
-    const QUuid received = getCommand(clCommand);
-    if (received == USB_RES_NUBO_CMD_GET_INFRA_SSID) {
-        m_ssid = clCommand.value(Key::PARAM2).toString();
-        // Of refreshes that overlap, the link is read once: it uses up the SSID.
-        if (m_awaitedRead != USB_REQ_NUBO_CMD_GET_WIFI_INFO) {
-            sendRead(USB_REQ_NUBO_CMD_GET_WIFI_INFO);
-        }
-    } else if (received == USB_RES_NUBO_CMD_GET_WIFI_INFO) {
-        m_awaitedRead = {};
-        showLink(clCommand);
-    } else {
+    if (!m_reads.take(clCommand)) {
         showResult(stCommandResult(clCommand));
     }
-}
-
-void ClWidgetInfrastructureTop::sendRead(const QUuid& request) {
-    m_awaitedRead = request;
-    sendUsbCommand(request);
 }
 
 void ClWidgetInfrastructureTop::showLink(const VX_CMD& answer) {
@@ -114,10 +96,9 @@ void ClWidgetInfrastructureTop::showLink(const VX_CMD& answer) {
 }
 
 void ClWidgetInfrastructureTop::showResult(const stCommandResult& result) {
-    if (result.command == m_awaitedRead) {
-        m_awaitedRead = {};
-    }
-    if (!result.isFailure || std::ranges::find(READS, result.command) == READS.end()) {
+    const bool isOwn =
+        m_reads.asks(result.command) || result.command == USB_REQ_NUBO_CMD_GET_INFRA_KEY;
+    if (!result.isFailure || !isOwn) {
         return;
     }
     Q_EMIT sigStopPolling();

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "pages/common/ClReadChain.h"
 #include "ui/ClWidgetBase.h"
-
-#include <QUuid>
 
 class ClButtonApInfo;
 class QCheckBox;
@@ -41,7 +40,6 @@ public Q_SLOTS:
     void slotReceiveCommand(const VX_CMD& clCommand) override;
 
 private:
-    void sendRead(const QUuid& request);
     void showLink(const VX_CMD& answer);
     void showResult(const stCommandResult& result);
 
@@ -49,6 +47,7 @@ private:
     QPushButton* m_search = nullptr;
     QPushButton* m_manual = nullptr;
     ClButtonApInfo* m_selected;
-    QString m_ssid;       ///< as set in the camera, from its answer until the link is known too
-    QUuid m_awaitedRead;  ///< the request of the refresh that is under way; null: none
+    QString m_ssid;  ///< as set in the camera, from its answer until the link is known too
+    /// Two refreshes may overlap. showLink() clears the SSID, so the link is asked for only once.
+    ClReadChain m_reads{this, {.asksOnce = true}};
 };

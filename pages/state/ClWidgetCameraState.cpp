@@ -48,20 +48,6 @@ constexpr int BUTTONS_Y = 419;
 
 }  // namespace
 
-/// A step of the refresh.
-struct ClWidgetCameraState::stRead {
-    QUuid request;
-    QUuid answer;
-    void (ClWidgetCameraState::*show)(const VX_CMD&);
-};
-
-const ClWidgetCameraState::stRead ClWidgetCameraState::READS[] = {
-    {USB_REQ_NUBO_CMD_GET_BATTERY, USB_RES_NUBO_CMD_GET_BATTERY, &ClWidgetCameraState::showBattery},
-    {USB_REQ_NUBO_CMD_GET_WIFI_INFO, USB_RES_NUBO_CMD_GET_WIFI_INFO,
-     &ClWidgetCameraState::showWifi},
-    {USB_REQ_NUBO_CMD_GET_SDINFO, USB_RES_NUBO_CMD_GET_SDINFO, &ClWidgetCameraState::showSdCard},
-};
-
 ClWidgetCameraState::ClWidgetCameraState(QWidget* parent)
     : ClWidgetBase(parent),
       m_battery(new ClWidgetProgress(this)),
@@ -75,6 +61,13 @@ ClWidgetCameraState::ClWidgetCameraState(QWidget* parent)
     (new ClLabelSepalator(this))->move(0, 190);
     buildSdCard();
     buildButtons();
+
+    m_reads.add({USB_REQ_NUBO_CMD_GET_BATTERY, USB_RES_NUBO_CMD_GET_BATTERY,
+                 [this](const VX_CMD& answer) { showBattery(answer); }});
+    m_reads.add({USB_REQ_NUBO_CMD_GET_WIFI_INFO, USB_RES_NUBO_CMD_GET_WIFI_INFO,
+                 [this](const VX_CMD& answer) { showWifi(answer); }});
+    m_reads.add({USB_REQ_NUBO_CMD_GET_SDINFO, USB_RES_NUBO_CMD_GET_SDINFO,
+                 [this](const VX_CMD& answer) { showSdCard(answer); }});
 }
 
 void ClWidgetCameraState::buildWifiPanel() {
@@ -128,43 +121,27 @@ void ClWidgetCameraState::showInit(bool isPolling) {
         setValue(m_sdFree, tr("%1 Byte").arg(unknown));
         setValue(m_sdFileSystem, unknown);
         startPolling();
-    } else if (!m_awaitedRead.isNull()) {
+    } else if (m_reads.isUnderWay()) {
         return;
     }
-    sendRead(std::begin(READS)->request);
-}
-
-void ClWidgetCameraState::sendRead(const QUuid& request) {
-    m_awaitedRead = request;
-    sendUsbCommand(request);
+    m_reads.start();
 }
 
 void ClWidgetCameraState::slotReceiveCommand(const VX_CMD& clCommand) {
-    const QUuid received = getCommand(clCommand);
-    const stCommandResult result(clCommand);
-    if (result.isSuccess || result.isFailure) {
-        if (received == USB_CMD_ERROR) {
-            stopPolling();
-        }
-        showResult(result);
-    } else if (const auto step = std::ranges::find(READS, received, &stRead::answer);
-               step != std::end(READS)) {
-        (this->*step->show)(clCommand);
-        m_awaitedRead = {};
-        if (const auto next = std::next(step); next != std::end(READS)) {
-            sendRead(next->request);
-        }
+    if (m_reads.take(clCommand)) {
+        return;
     }
+    const stCommandResult result(clCommand);
+    if (result.isFailure && getCommand(clCommand) == USB_CMD_ERROR) {
+        stopPolling();
+    }
+    showResult(result);
 }
 
 void ClWidgetCameraState::showResult(const stCommandResult& result) {
     const QUuid& command = result.command;
-    if (command == m_awaitedRead) {
-        m_awaitedRead = {};
-    }
-    const bool isRead = std::ranges::find(READS, command, &stRead::request) != std::end(READS);
     const bool isAction = std::ranges::find(ACTIONS, command, &stAction::command) != ACTIONS.end();
-    if (result.isFailure && (isRead || isAction)) {
+    if (result.isFailure && (m_reads.asks(command) || isAction)) {
         showErrorMsgBox(result.code);
     } else if (result.isSuccess && command == USB_NUBO_CMD_FORMAT_SD) {
         ClMessageBox::tell(this, tr("Completed %1").arg(tr("SD card format")));

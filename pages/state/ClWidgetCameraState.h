@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "pages/common/ClReadChain.h"
 #include "ui/ClWidgetBase.h"
 
 #include <QUuid>
@@ -32,9 +33,6 @@ public Q_SLOTS:
     void slotClicked();
 
 private:
-    struct stRead;
-    static const stRead READS[3];
-
     void buildWifiPanel();
     void buildSdCard();
     void buildButtons();
@@ -46,12 +44,10 @@ private:
     /// Sizes in KiB; they are shown in bytes.
     void setSdInfo(unsigned long long total, unsigned long long used, int fileSystem);
 
-    void sendRead(const QUuid& request);
-
     /// Deals with a result of one of this page's commands; others are left alone.
     void showResult(const stCommandResult& result);
 
-    QUuid m_awaitedRead;  ///< the request of the refresh that is under way; null: none
+    ClReadChain m_reads{this};
     ClWidgetProgress* m_battery;
     ClLabelWifiState* m_wifiState;
     QWidget* m_wifiPanel = nullptr;

@@ -38,34 +38,26 @@ bool isWrite(const QUuid& command) {
 
 }  // namespace
 
-/// A step of a chain.
-struct ClWidgetStreamSetting::stRead {
-    QUuid request;
-    QUuid answer;
-    void (ClWidgetStreamSetting::*take)(const QVariant&);
-    eDialogType use;
-    QUuid next;  ///< null: the chain is complete
-};
-
-const ClWidgetStreamSetting::stRead ClWidgetStreamSetting::READS[] = {
-    {USB_REQ_NUBO_CMD_GET_REC_IMAGESIZE, USB_RES_NUBO_CMD_GET_REC_IMAGESIZE,
-     &ClWidgetStreamSetting::takeSize, eDialogType::Rec, USB_REQ_NUBO_CMD_GET_REC_FRAMERATE},
-    {USB_REQ_NUBO_CMD_GET_REC_FRAMERATE, USB_RES_NUBO_CMD_GET_REC_FRAMERATE,
-     &ClWidgetStreamSetting::takeRate, eDialogType::Rec, QUuid()},
-    {USB_REQ_NUBO_CMD_GET_LIVE_IMAGESIZE, USB_RES_NUBO_CMD_GET_LIVE_IMAGESIZE,
-     &ClWidgetStreamSetting::takeSize, eDialogType::Stream, USB_REQ_NUBO_CMD_GET_LIVE_FRAMERATE},
-    {USB_REQ_NUBO_CMD_GET_LIVE_FRAMERATE, USB_RES_NUBO_CMD_GET_LIVE_FRAMERATE,
-     &ClWidgetStreamSetting::takeRate, eDialogType::Stream, QUuid()},
-};
-
-bool ClWidgetStreamSetting::isRead(const QUuid& command) {
-    return std::ranges::find(READS, command, &stRead::request) != std::end(READS);
-}
-
 ClWidgetStreamSetting::ClWidgetStreamSetting(QWidget* parent) : ClWidgetBase(parent) {
     addButton(tr("Rec"), 49, &ClWidgetStreamSetting::slotSetRec);
     (new ClLabelSepalator(this))->move(0, 110);
     addButton(tr("LiveView"), 164, &ClWidgetStreamSetting::slotSetStream);
+    addReads(m_recReads, eDialogType::Rec,
+             {USB_REQ_NUBO_CMD_GET_REC_IMAGESIZE, USB_RES_NUBO_CMD_GET_REC_IMAGESIZE},
+             {USB_REQ_NUBO_CMD_GET_REC_FRAMERATE, USB_RES_NUBO_CMD_GET_REC_FRAMERATE});
+    addReads(m_liveReads, eDialogType::Stream,
+             {USB_REQ_NUBO_CMD_GET_LIVE_IMAGESIZE, USB_RES_NUBO_CMD_GET_LIVE_IMAGESIZE},
+             {USB_REQ_NUBO_CMD_GET_LIVE_FRAMERATE, USB_RES_NUBO_CMD_GET_LIVE_FRAMERATE});
+}
+
+void ClWidgetStreamSetting::addReads(ClReadChain& reads, eDialogType type, const stExchange& size,
+                                     const stExchange& rate) {
+    reads.add({size.request, size.answer,
+               [this](const VX_CMD& answer) { m_imageSize = answer.value(Key::PARAM2).toSize(); }});
+    reads.add({rate.request, rate.answer, [this, type](const VX_CMD& answer) {
+                   m_frameRate = answer.value(Key::PARAM2).toUInt();
+                   showDialog(type);
+               }});
 }
 
 void ClWidgetStreamSetting::addButton(const QString& use, int y,
@@ -77,61 +69,34 @@ void ClWidgetStreamSetting::addButton(const QString& use, int y,
 }
 
 void ClWidgetStreamSetting::showInit(bool /*isPolling*/) {
-    m_awaitedRead = {};
+    m_recReads.abandon();
+    m_liveReads.abandon();
 }
 
 void ClWidgetStreamSetting::slotSetRec() {
-    startChain(eDialogType::Rec);
+    read(m_recReads, m_liveReads);
 }
 
 void ClWidgetStreamSetting::slotSetStream() {
-    startChain(eDialogType::Stream);
+    read(m_liveReads, m_recReads);
 }
 
-void ClWidgetStreamSetting::startChain(eDialogType type) {
-    const auto underWay = std::ranges::find(READS, m_awaitedRead, &stRead::request);
-    if (underWay == std::end(READS) || underWay->use != type) {
-        sendRead(std::ranges::find(READS, type, &stRead::use)->request);
+void ClWidgetStreamSetting::read(ClReadChain& wanted, ClReadChain& other) {
+    if (!wanted.isUnderWay()) {
+        other.abandon();
+        wanted.start();
     }
-}
-
-void ClWidgetStreamSetting::sendRead(const QUuid& request) {
-    m_awaitedRead = request;
-    sendUsbCommand(request);
-}
-
-void ClWidgetStreamSetting::takeSize(const QVariant& size) {
-    m_imageSize = size.toSize();
-}
-
-void ClWidgetStreamSetting::takeRate(const QVariant& rate) {
-    m_frameRate = rate.toUInt();
 }
 
 void ClWidgetStreamSetting::slotReceiveCommand(const VX_CMD& clCommand) {
-    const QUuid received = getCommand(clCommand);
-    if (received == USB_NUBO_CMD_RESPONSE || received == USB_CMD_ERROR) {
+    // A result ends whichever of the two it is about.
+    if (!m_recReads.take(clCommand) && !m_liveReads.take(clCommand)) {
         showResult(clCommand);
-        return;
-    }
-    const auto step = std::ranges::find(READS, received, &stRead::answer);
-    if (step == std::end(READS) || step->request != m_awaitedRead) {
-        return;
-    }
-    m_awaitedRead = {};
-    (this->*step->take)(clCommand.value(Key::PARAM2));
-    if (step->next.isNull()) {
-        showDialog(step->use);
-    } else {
-        sendRead(step->next);
     }
 }
 
 void ClWidgetStreamSetting::showResult(const VX_CMD& message) {
     const stCommandResult result(message);
-    if (result.command == m_awaitedRead) {
-        m_awaitedRead = {};
-    }
     if (!result.isFailure) {
         return;
     }
@@ -139,7 +104,8 @@ void ClWidgetStreamSetting::showResult(const VX_CMD& message) {
     if (isRefusal && result.command == USB_NUBO_CMD_SET_REC_IMAGESIZE &&
         result.code == NUBO_CMD_ERROR_EXEC) {
         ClMessageBox::tell(this, tr("Set failed for recording"));
-    } else if (isRead(result.command) || isWrite(result.command)) {
+    } else if (m_recReads.asks(result.command) || m_liveReads.asks(result.command) ||
+               isWrite(result.command)) {
         showErrorMsgBox(result.code);
     }
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "pages/common/ClReadChain.h"
 #include "ui/ClWidgetBase.h"
 
 #include <QSize>
@@ -40,20 +41,22 @@ public Q_SLOTS:
     void slotReceiveCommand(const VX_CMD& clCommand) override;
 
 private:
-    struct stRead;
-    static const stRead READS[4];
+    struct stExchange {
+        QUuid request;
+        QUuid answer;
+    };
 
     [[nodiscard]] std::unique_ptr<ClDialogBase> createDialog(eDialogType type);
     void addButton(const QString& use, int y, void (ClWidgetStreamSetting::*clicked)());
-    void startChain(eDialogType type);
-    void takeSize(const QVariant& size);
-    void takeRate(const QVariant& rate);
-    void sendRead(const QUuid& request);
-    [[nodiscard]] static bool isRead(const QUuid& command);
+    void addReads(ClReadChain& reads, eDialogType type, const stExchange& size,
+                  const stExchange& rate);
+    /// Starts @p wanted, unless it is under way, in place of @p other.
+    static void read(ClReadChain& wanted, ClReadChain& other);
     /// Deals with a plain result of one of this page's commands; others are left alone.
     void showResult(const VX_CMD& message);
 
     QSize m_imageSize;             ///< just read; (-1, -1): none
     unsigned int m_frameRate = 0;  ///< just read; 0: none
-    QUuid m_awaitedRead;           ///< the request of the chain that is under way; null: none
+    ClReadChain m_recReads{this, {.takesOnlyAwaited = true}};
+    ClReadChain m_liveReads{this, {.takesOnlyAwaited = true}};
 };

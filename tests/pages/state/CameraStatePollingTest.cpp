@@ -34,6 +34,7 @@ private Q_SLOTS:
     void aRefreshUnderWayIsNotStartedAgain();
     void aCameraErrorLeavesThePollingOn();
     void aLinkErrorStopsThePollingUntilThePageIsEntered();
+    void aCameraThatHasGoneLeavesThePollingOn();
 
 private:
     /// Enters the page as the main window does.
@@ -123,6 +124,13 @@ void CameraStatePollingTest::aLinkErrorStopsThePollingUntilThePageIsEntered() {
     m_bench->page.showInit(false);
     QCOMPARE(m_bench->takeSent(), QStringList{GET_BATTERY});
     answerRefresh();
+    QCOMPARE(sentAfter(5s), QStringList{GET_BATTERY});
+}
+
+void CameraStatePollingTest::aCameraThatHasGoneLeavesThePollingOn() {
+    m_bench->page.showInit(false);
+    m_bench->fail(USB_REQ_NUBO_CMD_GET_BATTERY, 0xEF00);
+    QCOMPARE(m_bench->boxes.texts(), QStringList());
     QCOMPARE(sentAfter(5s), QStringList{GET_BATTERY});
 }
 
