@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "pages/basic/ClWidgetBasicSetting.h"
 
-#include "pages/basic/BasicSettingRows.h"
 #include "pages/common/PageParts.h"
 #include "protocol/CommandIdentifiers.h"
 #include "protocol/ResultCodes.h"
@@ -13,6 +12,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QScopedValueRollback>
+#include <QScrollArea>
 
 #include <algorithm>
 #include <memory>
@@ -22,6 +22,7 @@
 
 namespace {
 
+constexpr int PAGE_HEIGHT = 505;
 constexpr QMargins PAGE_MARGINS{0, 19, 0, 0};
 constexpr int SPACING = 6;
 constexpr int CAPTION_INDENT = 37;
@@ -39,13 +40,6 @@ const stCameraSetting* settingWith(const stBasicSettingRow& row, Identifier kind
     return command.isNull() || found == row.settings.end() ? nullptr : found;
 }
 
-bool isRequestOrCommand(const QUuid& command) {
-    return std::ranges::any_of(basicSettingRows(), [&command](const stBasicSettingRow& row) {
-        return settingWith(row, &stCameraSetting::request, command) != nullptr ||
-               settingWith(row, &stCameraSetting::command, command) != nullptr;
-    });
-}
-
 std::span<const stCameraSetting> settingsOf(const stBasicSettingRow& row) {
     const auto* end = std::ranges::find_if(row.settings, &QUuid::isNull, &stCameraSetting::request);
     return {row.settings.begin(), end};
@@ -57,12 +51,14 @@ bool showsName(const stBasicSettingRow& row) {
 
 }  // namespace
 
-ClWidgetBasicSetting::ClWidgetBasicSetting(QWidget* parent) : ClWidgetBase(parent) {
+ClWidgetBasicSetting::ClWidgetBasicSetting(QWidget* parent, std::span<const stBasicSettingRow> rows)
+    : ClWidgetBase(parent),
+      m_rows(rows) {
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(PAGE_MARGINS);
     column->setSpacing(SPACING);
     std::optional<BasicSettingSection> section;
-    for (const stBasicSettingRow& row : basicSettingRows()) {
+    for (const stBasicSettingRow& row : m_rows) {
         if (section != row.section) {
             if (section) {
                 column->addWidget(new ClLabelSepalator(this));
@@ -74,6 +70,27 @@ ClWidgetBasicSetting::ClWidgetBasicSetting(QWidget* parent) : ClWidgetBase(paren
         addReads(row);
     }
     column->addStretch();
+    makeRoom();
+}
+
+void ClWidgetBasicSetting::makeRoom() {
+    if (layout()->minimumSize().height() <= PAGE_HEIGHT) {
+        return;
+    }
+    auto* content = new QWidget;
+    content->setLayout(layout());  // takes the buttons and captions along
+    auto* area = new QScrollArea(this);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    area->setWidgetResizable(true);
+    area->setWidget(content);
+    // The keys go from button to button, and the area follows. What is behind the page shows.
+    area->setFocusPolicy(Qt::NoFocus);
+    area->viewport()->setAutoFillBackground(false);
+    content->setAutoFillBackground(false);
+    auto* frame = new QVBoxLayout(this);
+    frame->setContentsMargins(0, 0, 0, 0);
+    frame->addWidget(area);
 }
 
 void ClWidgetBasicSetting::addCaption(const char* text, QVBoxLayout* column) {
@@ -134,7 +151,7 @@ void ClWidgetBasicSetting::slotClicked() {
         return;
     }
     const auto row = static_cast<std::size_t>(index);
-    if (showsName(basicSettingRows()[row])) {
+    if (showsName(m_rows[row])) {
         m_isNameDialogPending = true;
     }
     m_reads[row].start();
@@ -167,6 +184,13 @@ void ClWidgetBasicSetting::handle(const VX_CMD& message) {
         handleResult(message.value(Key::PARAM2).toUuid(), result,
                      received == USB_CMD_ERROR || result != USB_ERROR_SUCCESS);
     }
+}
+
+bool ClWidgetBasicSetting::isRequestOrCommand(const QUuid& command) const {
+    return std::ranges::any_of(m_rows, [&command](const stBasicSettingRow& row) {
+        return settingWith(row, &stCameraSetting::request, command) != nullptr ||
+               settingWith(row, &stCameraSetting::command, command) != nullptr;
+    });
 }
 
 void ClWidgetBasicSetting::handleResult(const QUuid& command, unsigned short result,

@@ -1,17 +1,18 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "pages/basic/BasicSettingRows.h"
 #include "pages/common/ClReadChain.h"
 #include "ui/ClWidgetBase.h"
 
 #include <QHash>
 #include <QList>
 
+#include <span>
 #include <vector>
 
 class QPushButton;
 class QVBoxLayout;
-struct stBasicSettingRow;
 
 /// The basic settings page: a column of buttons, one for each setting of basicSettingRows().
 ///
@@ -25,7 +26,9 @@ class ClWidgetBasicSetting : public ClWidgetBase {
     Q_OBJECT
 
 public:
-    explicit ClWidgetBasicSetting(QWidget* parent);
+    /// @p rows outlive the page. They fill its height by now: with one more the column scrolls.
+    explicit ClWidgetBasicSetting(QWidget* parent,
+                                  std::span<const stBasicSettingRow> rows = basicSettingRows());
 
     /// Asks for the camera's name, for the button.
     void showInit(bool isPolling) override;
@@ -41,8 +44,11 @@ private:
     void addCaption(const char* text, QVBoxLayout* column);
     void addButton(const stBasicSettingRow& row, QVBoxLayout* column);
     void addReads(const stBasicSettingRow& row);
+    /// Puts a column that is higher than the page into an area that scrolls.
+    void makeRoom();
     void showName(const QString& name);
 
+    [[nodiscard]] bool isRequestOrCommand(const QUuid& command) const;
     void handle(const VX_CMD& message);
     void handleResult(const QUuid& command, unsigned short result, bool isFailure);
     /// Deals with the last answer of the row: runs its dialog, unless only the name is wanted.
@@ -51,6 +57,7 @@ private:
     [[nodiscard]] QVariantList readValues(const stBasicSettingRow& row) const;
     void write(const stBasicSettingRow& row, const QVariantList& values);
 
+    std::span<const stBasicSettingRow> m_rows;
     QList<QPushButton*> m_buttons;     ///< in the order of the rows
     std::vector<ClReadChain> m_reads;  ///< in the order of the rows
     QPushButton* m_nameButton = nullptr;

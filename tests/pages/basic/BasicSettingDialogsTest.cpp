@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "pages/basic/BasicSettingRows.h"
 #include "pages/basic/ClWidgetBasicSetting.h"
 #include "tests/pages/basic/BasicSettingMessages.h"
 #include "tests/support/BoxUser.h"
@@ -9,6 +10,7 @@
 #include <QSignalSpy>
 #include <QTest>
 
+#include <algorithm>
 #include <memory>
 
 using namespace Qt::StringLiterals;
@@ -47,6 +49,7 @@ private Q_SLOTS:
     void init();
     void cleanup();
 
+    void everyRowHasItsCase();
     void aClickReadsAndTheAnswerOpensTheDialog_data();
     void aClickReadsAndTheAnswerOpensTheDialog();
     void anAcceptedDialogSendsItsValues_data();
@@ -132,6 +135,15 @@ void addCases() {
 }
 
 }  // namespace
+
+void BasicSettingDialogsTest::everyRowHasItsCase() {
+    const QList<stBasicSettingCase> cases = basicSettingCases();
+    for (const stBasicSettingRow& row : basicSettingRows()) {
+        const QString text = QString::fromLatin1(row.text);
+        QVERIFY2(std::ranges::find(cases, text, &stBasicSettingCase::button) != cases.end(),
+                 qPrintable(text));
+    }
+}
 
 void BasicSettingDialogsTest::aClickReadsAndTheAnswerOpensTheDialog_data() {
     addCases();

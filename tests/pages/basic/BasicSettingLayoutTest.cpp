@@ -7,10 +7,12 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QSignalSpy>
 #include <QTest>
 
 #include <memory>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -44,6 +46,8 @@ private Q_SLOTS:
     void theButtonsAreCentred();
     void nothingSticksOutOfThePageOrOverlaps();
     void aFontWithHighLinesLeavesTheLastButtonInView();
+    void thePageOfTodayNeedsNoScrolling();
+    void aRowMoreIsReachedByScrolling();
     void theTabKeyGoesDownThePage();
     void aKeyPressesTheButton_data();
     void aKeyPressesTheButton();
@@ -150,6 +154,39 @@ void BasicSettingLayoutTest::aFontWithHighLinesLeavesTheLastButtonInView() {
     page.show();
     QVERIFY(page.findChild<QLabel*>()->sizeHint().height() > 18);
     QVERIFY(page.findChildren<QPushButton*>().last()->geometry().bottom() < 504);
+}
+
+void BasicSettingLayoutTest::thePageOfTodayNeedsNoScrolling() {
+    QCOMPARE(m_page->findChild<QScrollArea*>(), nullptr);
+}
+
+void BasicSettingLayoutTest::aRowMoreIsReachedByScrolling() {
+    const auto today = basicSettingRows();
+    std::vector<stBasicSettingRow> rows(today.begin(), today.end());
+    rows.push_back(rows.back());
+    ClWidgetBasicSetting page(nullptr, rows);
+    page.setFixedSize(600, 505);
+    page.show();
+    QVERIFY(QTest::qWaitForWindowActive(&page));
+    const QList<QPushButton*> shown = page.findChildren<QPushButton*>();
+    QCOMPARE(shown.size(), BUTTONS.size() + 1);
+    for (qsizetype i = 0; i < BUTTONS.size(); ++i) {
+        QCOMPARE(shown[i]->mapTo(&page, QPoint()), buttons().at(i)->pos());
+    }
+    const auto isInView = [&page](const QPushButton* button) {
+        return button->visibleRegion().boundingRect() == button->rect() &&
+               page.rect().contains(QRect(button->mapTo(&page, QPoint()), button->size()));
+    };
+    QVERIFY(!isInView(shown.last()));
+    shown.at(shown.size() - 2)->setFocus();
+    QTest::keyClick(shown.at(shown.size() - 2), Qt::Key_Tab);
+    QCOMPARE(QApplication::focusWidget(), shown.last());
+    QTRY_VERIFY(isInView(shown.last()));
+
+    const QSignalSpy sent(&page, &ClWidgetBase::sigSendCommand);
+    QTest::mouseClick(shown.last(), Qt::LeftButton);
+    QCOMPARE(sent.size(), 1);
+    QCOMPARE(getCommand(sent.first().first().toMap()), USB_REQ_NUBO_CMD_GET_IMAGE_QUARITY);
 }
 
 void BasicSettingLayoutTest::theTabKeyGoesDownThePage() {
