@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "app/ClMainWidget.h"
 
-#include "pages/ClWidgetBasicSetting.h"
-#include "pages/ClWidgetCameraState.h"
-#include "pages/ClWidgetHelp.h"
-#include "pages/ClWidgetNetworkSetting.h"
 #include "pages/ClWidgetNotConnect.h"
 #include "pages/ClWidgetSelectMode.h"
-#include "pages/ClWidgetStreamSetting.h"
+#include "pages/basic/ClWidgetBasicSetting.h"
+#include "pages/help/ClWidgetHelp.h"
+#include "pages/network/ClWidgetNetworkSetting.h"
+#include "pages/state/ClWidgetCameraState.h"
+#include "pages/stream/ClWidgetStreamSetting.h"
 #include "protocol/CommandIdentifiers.h"
 #include "ui/Artwork.h"
 #include "ui/ClCaptionBar.h"

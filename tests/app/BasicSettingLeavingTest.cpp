@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "app/ClMainWidget.h"
-#include "pages/ClWidgetBasicSetting.h"
+#include "pages/basic/ClWidgetBasicSetting.h"
 #include "tests/app/CameraNotices.h"
-#include "tests/pages/BasicSettingMessages.h"
+#include "tests/pages/basic/BasicSettingMessages.h"
 #include "tests/support/BoxUser.h"
 #include "tests/support/DialogControls.h"
 #include "tests/support/TestSubject.h"

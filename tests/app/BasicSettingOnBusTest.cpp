@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "pages/ClWidgetBasicSetting.h"
+#include "pages/basic/ClWidgetBasicSetting.h"
 #include "tests/app/BasicSettingCases.h"
 #include "tests/app/BusBench.h"
 #include "ui/ClDialogBase.h"
@@ -64,6 +64,7 @@ private Q_SLOTS:
     void cleanupTestCase() { m_bench.reset(); }
     void init();
 
+    void everyRowHasItsUse();
     void aChangeIsWrittenAndReadBack_data() { addUses(); }
     void aChangeIsWrittenAndReadBack();
     void aDeclinedChangeIsNotWritten_data() { addUses(); }
@@ -137,6 +138,14 @@ void BasicSettingOnBusTest::useDialogs(const BoxUser::Action& action) {
 
 void BasicSettingOnBusTest::readDialogs() {
     useDialogs(rejectBox);
+}
+
+void BasicSettingOnBusTest::everyRowHasItsUse() {
+    const QList<stBasicSettingUse> uses = basicSettingUses();
+    for (qsizetype row = 0; row < buttons().size(); ++row) {
+        QVERIFY2(std::ranges::find(uses, row, &stBasicSettingUse::row) != uses.end(),
+                 qPrintable(buttons().at(row)->text()));
+    }
 }
 
 void BasicSettingOnBusTest::aChangeIsWrittenAndReadBack() {

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "app/ClMainWidget.h"
-#include "pages/ClWidgetCameraState.h"
+#include "pages/state/ClWidgetCameraState.h"
 #include "simulator/RootHub.h"
 #include "simulator/VirtualUsbBus.h"
 #include "tests/app/RecordingCamera.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/ClMainWidget.h"
-#include "pages/ClWidgetCameraState.h"
 #include "pages/ClWidgetNotConnect.h"
+#include "pages/state/ClWidgetCameraState.h"
 #include "tests/app/BusBench.h"
 #include "tests/support/Patience.h"
 #include "tests/support/WithoutFileOverride.h"

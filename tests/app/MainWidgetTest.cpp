@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/ClMainWidget.h"
-#include "pages/ClWidgetHelp.h"
 #include "pages/ClWidgetSelectMode.h"
+#include "pages/help/ClWidgetHelp.h"
 #include "protocol/CommandIdentifiers.h"
 #include "protocol/NuboRecords.h"
 #include "tests/support/TestSubject.h"

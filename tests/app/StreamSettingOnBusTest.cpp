@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "pages/ClWidgetStreamSetting.h"
+#include "pages/stream/ClWidgetStreamSetting.h"
 #include "tests/app/SettledBench.h"
 #include "tests/support/DialogControls.h"
 
