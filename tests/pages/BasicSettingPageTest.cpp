@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "pages/ClDialogCameraName.h"
 #include "pages/ClWidgetBasicSetting.h"
 #include "tests/pages/BasicSettingMessages.h"
 #include "tests/pages/PageBench.h"
@@ -150,6 +151,12 @@ void BasicSettingPageTest::theNewNameIsShownWhenTheCameraConfirmsIt() {
 }
 
 void BasicSettingPageTest::aRefusedNameKeepsTheOldOne() {
+    m_bench->boxes.setAction([](QWidget& box) {
+        if (qobject_cast<ClDialogCameraName*>(&box) != nullptr) {
+            DialogControls(box).fill(0, u"Tern42"_s);
+        }
+        acceptBox(box);
+    });
     m_bench->page.slotReceiveCommand(nameAnswer(u"Gull"_s));
     clickName();
     m_bench->page.slotReceiveCommand(nameAnswer(u"Gull"_s));
