@@ -6,6 +6,7 @@
 #include "pages/CommandResult.h"
 #include "pages/InfrastructureParts.h"
 #include "pages/PageParts.h"
+#include "pages/WifiCodes.h"
 #include "ui/ApInfoLook.h"
 #include "ui/ClWidgetApInfo.h"
 #include "ui/ClWidgetApList.h"
@@ -107,9 +108,10 @@ void ClWidgetInfrastructureSearch::slotReceiveCommand(const VX_CMD& clCommand) {
         if (isAnswerToAnother(clCommand)) {
             return;
         }
-        if (clCommand.value(Key::PARAM2).toBool()) {
-            m_linkedSsid = clCommand.value(Key::PARAM4).toString();
-        }
+        // Without a link the camera may still tell a name, of the one that it had or is looking
+        // for.
+        const bool isLinked = clCommand.value(Key::PARAM2).toUInt() > WIFI_NOT_LINKED;
+        m_linkedSsid = isLinked ? clCommand.value(Key::PARAM4).toString() : QString();
         sendUsbCommand(USB_REQ_NUBO_CMD_GET_ACCESSPOINT_LIST);
     } else if (received == USB_RES_NUBO_CMD_GET_ACCESSPOINT_LIST) {
         showList(clCommand.value(Key::PARAM2).value<AccesspointList>());
