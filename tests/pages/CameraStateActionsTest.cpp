@@ -62,6 +62,8 @@ private Q_SLOTS:
     void anActionAsksFirst();
     void aDeclinedActionSendsNothing_data();
     void aDeclinedActionSendsNothing();
+    void theReturnKeyDeclinesAnAction_data();
+    void theReturnKeyDeclinesAnAction();
     void aConfirmedActionSendsItsCommand_data();
     void aConfirmedActionSendsItsCommand();
     void anAnswerThatComesAfterThePageWasLeftSendsNothing_data();
@@ -143,6 +145,20 @@ void CameraStateActionsTest::aDeclinedActionSendsNothing() {
     for (const BoxUser::Action& decline :
          {BoxUser::Action(rejectBox), BoxUser::Action(escapeBox), BoxUser::Action(close)}) {
         m_user->setAction(decline);
+        click(button);
+    }
+    QCOMPARE(m_user->boxes().size(), 3);
+    QVERIFY(m_sent->isEmpty());
+}
+
+void CameraStateActionsTest::theReturnKeyDeclinesAnAction_data() {
+    anActionAsksFirst_data();
+}
+
+void CameraStateActionsTest::theReturnKeyDeclinesAnAction() {
+    QFETCH(QString, button);
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space}) {
+        m_user->setAction([key](QWidget& box) { QTest::keyClick(box.focusWidget(), key); });
         click(button);
     }
     QCOMPARE(m_user->boxes().size(), 3);
