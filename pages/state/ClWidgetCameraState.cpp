@@ -157,6 +157,8 @@ void ClWidgetCameraState::slotClicked() {
     const stAction& action = ACTIONS[static_cast<std::size_t>(index)];
     ClMessageBox box(this, tr(action.confirmation), QCoreApplication::applicationName(),
                      QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
+    // None of the three can be taken back.
+    box.preferRejecting();
     if (ask(box)) {
         sendUsbCommand(action.command, {});
     }

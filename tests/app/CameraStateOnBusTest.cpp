@@ -140,7 +140,7 @@ void CameraStateOnBusTest::aCameraUnpluggedDuringAQuestionIsLeftAlone() {
     m_bench->user.setAction([this](QWidget& box) {
         m_bus.unplug(m_bench->id);
         QVERIFY(m_bench->waitForMode(0));
-        acceptBox(box);
+        QVERIFY(!box.isVisible());
     });
     m_bench->shown().click(u"SD card format"_s);
     QCOMPARE(m_bench->texts(), QStringList{u"All data delete on SD card"_s});
@@ -158,7 +158,7 @@ void CameraStateOnBusTest::aCameraPluggedInDuringAQuestionIsLeftAlone() {
         m_bench->camera->forgetCodes();
         QVERIFY(m_bench->replug());
         QVERIFY(m_bench->waitForMode(1));
-        acceptBox(box);
+        QVERIFY(!box.isVisible());
     });
     m_bench->shown().click(u"SD card format"_s);
     TRY_COMPARE(m_bench->shown().freeSpace(), CARD_AT_START);
