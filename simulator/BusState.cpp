@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "simulator/BusState.h"
 
+#include "simulator/UsbDescriptors.h"
+
 #include <filesystem>
 #include <set>
 #include <system_error>
 #include <utility>
-
-#include "simulator/UsbDescriptors.h"
 
 namespace nubo::simulator {
 

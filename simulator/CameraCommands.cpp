@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "simulator/CameraCommands.h"
 
-#include <algorithm>
-#include <array>
-#include <functional>
-
 #include "simulator/CameraValues.h"
 #include "simulator/SettingCommands.h"
 #include "simulator/WifiCommands.h"
+
+#include <algorithm>
+#include <array>
+#include <functional>
 
 namespace nubo::simulator {
 

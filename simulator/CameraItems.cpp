@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "simulator/CameraItems.h"
 
+#include "simulator/CameraValues.h"
+#include "simulator/Words.h"
+
 #include <algorithm>
 #include <array>
 #include <concepts>
 #include <cstddef>
 #include <utility>
-
-#include "simulator/CameraValues.h"
-#include "simulator/Words.h"
 
 namespace nubo::simulator {
 

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "simulator/CameraState.h"
+
 #include <optional>
 #include <span>
 #include <string>
 #include <string_view>
-
-#include "simulator/CameraState.h"
 
 namespace nubo::simulator {
 

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "simulator/CameraValues.h"
 
+#include "simulator/Words.h"
+
 #include <algorithm>
 #include <array>
 #include <cstddef>
 #include <limits>
 #include <optional>
 #include <type_traits>
-
-#include "simulator/Words.h"
 
 namespace nubo::simulator {
 

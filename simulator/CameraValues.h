@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "simulator/CameraState.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <span>
 #include <string>
 #include <string_view>
 #include <variant>
-
-#include "simulator/CameraState.h"
 
 namespace nubo::simulator {
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "simulator/ControlLine.h"
+
 #include <cstddef>
 #include <string>
 #include <string_view>
-
-#include "simulator/ControlLine.h"
 
 namespace nubo::simulator {
 

@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "simulator/ControlLine.h"
 
-#include <algorithm>
-#include <array>
-#include <optional>
-
 #include "simulator/CameraItems.h"
 #include "simulator/ControlCall.h"
 #include "simulator/Fault.h"
 #include "simulator/FaultLine.h"
 #include "simulator/Words.h"
+
+#include <algorithm>
+#include <array>
+#include <optional>
 
 namespace nubo::simulator {
 

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "simulator/VirtualCamera.h"
+#include "simulator/VirtualUsbBus.h"
+
 #include <cstddef>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
-
-#include "simulator/VirtualCamera.h"
-#include "simulator/VirtualUsbBus.h"
 
 namespace nubo::simulator {
 

@@ -1,17 +1,17 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "simulator/DeviceRecord.h"
+#include "simulator/GObjectPtr.h"
+#include "simulator/InterfaceClaims.h"
+#include "simulator/TransferQueue.h"
+
 #include <umockdev.h>
 
 #include <condition_variable>
 #include <functional>
 #include <memory>
 #include <mutex>
-
-#include "simulator/DeviceRecord.h"
-#include "simulator/GObjectPtr.h"
-#include "simulator/InterfaceClaims.h"
-#include "simulator/TransferQueue.h"
 
 namespace nubo::simulator {
 

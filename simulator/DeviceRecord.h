@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <memory>
-
 #include "simulator/DeviceLog.h"
 #include "simulator/DeviceOptions.h"
 #include "simulator/Fault.h"
 #include "simulator/VirtualDevice.h"
+
+#include <memory>
 
 namespace nubo::simulator {
 

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "simulator/Options.h"
 
+#include "simulator/ControlLine.h"
+#include "simulator/Words.h"
+
 #include <algorithm>
 #include <array>
 #include <string_view>
-
-#include "simulator/ControlLine.h"
-#include "simulator/Words.h"
 
 namespace nubo::simulator {
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "simulator/GObjectPtr.h"
+
 #include <umockdev.h>
 
 #include <cstdint>
@@ -8,8 +10,6 @@
 #include <optional>
 #include <string>
 #include <vector>
-
-#include "simulator/GObjectPtr.h"
 
 namespace nubo::simulator {
 

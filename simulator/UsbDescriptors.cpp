@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "simulator/UsbDescriptors.h"
 
-#include <cstddef>
-
 #include "simulator/Wire.h"
+
+#include <cstddef>
 
 namespace nubo::simulator {
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "simulator/VirtualCamera.h"
 
-#include <utility>
-
 #include "simulator/CameraItems.h"
 #include "simulator/Wire.h"
+
+#include <utility>
 
 namespace nubo::simulator {
 

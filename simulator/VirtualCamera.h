@@ -1,6 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "simulator/CameraCommands.h"
+#include "simulator/CameraState.h"
+#include "simulator/ImageReceiver.h"
+#include "simulator/Outbox.h"
+#include "simulator/VirtualDevice.h"
+
 #include <cstdint>
 #include <mutex>
 #include <optional>
@@ -8,12 +14,6 @@
 #include <string>
 #include <string_view>
 #include <vector>
-
-#include "simulator/CameraCommands.h"
-#include "simulator/CameraState.h"
-#include "simulator/ImageReceiver.h"
-#include "simulator/Outbox.h"
-#include "simulator/VirtualDevice.h"
 
 namespace nubo::simulator {
 

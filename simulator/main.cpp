@@ -1,4 +1,15 @@
 // SPDX-License-Identifier: MIT
+#include "simulator/ChildProcess.h"
+#include "simulator/ControlLine.h"
+#include "simulator/ControlSocket.h"
+#include "simulator/ControlTerminal.h"
+#include "simulator/FileDescriptor.h"
+#include "simulator/Options.h"
+#include "simulator/RootHub.h"
+#include "simulator/Script.h"
+#include "simulator/VirtualCamera.h"
+#include "simulator/VirtualUsbBus.h"
+
 #include <poll.h>
 #include <sys/signalfd.h>
 #include <unistd.h>
@@ -15,17 +26,6 @@
 #include <optional>
 #include <string>
 #include <vector>
-
-#include "simulator/ChildProcess.h"
-#include "simulator/ControlLine.h"
-#include "simulator/ControlSocket.h"
-#include "simulator/ControlTerminal.h"
-#include "simulator/FileDescriptor.h"
-#include "simulator/Options.h"
-#include "simulator/RootHub.h"
-#include "simulator/Script.h"
-#include "simulator/VirtualCamera.h"
-#include "simulator/VirtualUsbBus.h"
 
 namespace nubo::simulator {
 

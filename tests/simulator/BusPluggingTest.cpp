@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: MIT
+#include "simulator/VirtualCamera.h"
 #include "simulator/VirtualUsbBus.h"
-
-#include <libusb.h>
+#include "tests/simulator/BusBench.h"
+#include "tests/simulator/CameraTalk.h"
 
 #include <QElapsedTimer>
 #include <QTest>
+
+#include <libusb.h>
+
 #include <chrono>
 #include <future>
-
-#include "simulator/VirtualCamera.h"
-#include "tests/simulator/BusBench.h"
-#include "tests/simulator/CameraTalk.h"
 
 namespace nubo::simulator {
 

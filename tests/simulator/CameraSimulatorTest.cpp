@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include <signal.h>
-#include <sys/socket.h>
+#include "tests/simulator/SimulatorRun.h"
 
 #include <QElapsedTimer>
 #include <QLocalSocket>
@@ -8,7 +7,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-#include "tests/simulator/SimulatorRun.h"
+#include <signal.h>
+#include <sys/socket.h>
 
 using namespace Qt::StringLiterals;
 

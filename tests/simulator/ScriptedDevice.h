@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "simulator/VirtualDevice.h"
+
 #include <deque>
 #include <mutex>
 #include <utility>
-
-#include "simulator/VirtualDevice.h"
 
 namespace nubo::simulator {
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include <signal.h>
+#include "tests/simulator/SimulatorRun.h"
 
 #include <QProcess>
 #include <QTest>
 
-#include "tests/simulator/SimulatorRun.h"
+#include <signal.h>
 
 using namespace Qt::StringLiterals;
 

@@ -1,15 +1,16 @@
 // SPDX-License-Identifier: MIT
-#include <fcntl.h>
-#include <unistd.h>
+#include "tests/simulator/SimulatorRun.h"
 
 #include <QFile>
 #include <QLocalSocket>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
-#include <cstdlib>
 
-#include "tests/simulator/SimulatorRun.h"
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cstdlib>
 
 using namespace Qt::StringLiterals;
 

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "simulator/VirtualCamera.h"
 
+#include "simulator/CameraCommands.h"
+#include "simulator/CameraItems.h"
+
 #include <QSet>
 #include <QTest>
 
 #include <algorithm>
 #include <array>
-
-#include "simulator/CameraCommands.h"
-#include "simulator/CameraItems.h"
 
 namespace nubo::simulator {
 

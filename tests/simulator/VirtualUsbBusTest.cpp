@@ -1,16 +1,17 @@
 // SPDX-License-Identifier: MIT
 #include "simulator/VirtualUsbBus.h"
 
-#include <libusb.h>
+#include "tests/simulator/BusBench.h"
+#include "tests/support/WithoutFileOverride.h"
 
 #include <QTest>
+
+#include <libusb.h>
+
 #include <array>
 #include <cerrno>
 #include <chrono>
 #include <future>
-
-#include "tests/simulator/BusBench.h"
-#include "tests/support/WithoutFileOverride.h"
 
 namespace nubo::simulator {
 
