@@ -58,6 +58,7 @@ private:
     Reply claimInterface(UMockdevIoctlClient* client, UMockdevIoctlData* argument);
     Reply releaseInterface(UMockdevIoctlClient* client, UMockdevIoctlData* argument);
     Reply acceptSilently(UMockdevIoctlClient* client, UMockdevIoctlData* argument);
+    Reply answerControl(Transfer transfer);
     Reply submitUrb(UMockdevIoctlClient* client, UMockdevIoctlData* argument);
     Reply discardUrb(UMockdevIoctlClient* client, UMockdevIoctlData* argument);
     Reply reapUrb(UMockdevIoctlClient* client, UMockdevIoctlData* argument);

@@ -61,6 +61,11 @@ std::optional<std::vector<std::uint8_t>> VirtualCamera::send() {
     return m_outbox.next();
 }
 
+std::string VirtualCamera::serialNumber() const {
+    const std::lock_guard lock(m_mutex);
+    return m_state.identity.serialNumber;
+}
+
 void VirtualCamera::plugged() {
     const std::lock_guard lock(m_mutex);
     m_outbox.clear();

@@ -27,6 +27,7 @@ class VirtualCamera : public VirtualDevice {
 public:
     void receive(std::span<const std::uint8_t> packet) override;
     std::optional<std::vector<std::uint8_t>> send() override;
+    std::string serialNumber() const override;
     void plugged() override;
     bool wantsRestart() override;
     bool wantsPowerOff() override;

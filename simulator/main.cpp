@@ -15,6 +15,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <chrono>
 #include <csignal>
@@ -121,6 +122,29 @@ int serveUntilEnd(ChildProcess& child, const FileDescriptor& signals, ControlTar
     }
 }
 
+/// What tells the cameras of one bus apart. The first one has the default identity.
+CameraIdentity identityOf(int number) {
+    CameraIdentity identity;
+    if (number > 1) {
+        std::array<char, 8> digits{};
+        std::snprintf(digits.data(), digits.size(), "%04d", number);
+        identity.serialNumber = std::string("SIM") + digits.data();
+        identity.ssid = std::string("NuBo-") + digits.data();
+        identity.machineName = "NuBo-" + std::to_string(number);
+        std::snprintf(digits.data(), digits.size(), "%02X", static_cast<unsigned>(number));
+        identity.macAddress = std::string("02:00:5E:10:00:") + digits.data();
+    }
+    return identity;
+}
+
+std::shared_ptr<VirtualCamera> makeCamera(int number) {
+    auto camera = std::make_shared<VirtualCamera>();
+    CameraState state;
+    state.identity = identityOf(number);
+    camera->setState(state);
+    return camera;
+}
+
 int run(const Options& options) {
     Script script;
     if (!options.script.empty() && !script.load(options.script)) {
@@ -132,8 +156,8 @@ int run(const Options& options) {
     ControlTarget target{bus, {}};
     DeviceOptions device;
     device.restartDelay = options.restartDelay;
-    for (int i = 0; i < options.cameras; ++i) {
-        target.cameras.push_back({std::make_shared<VirtualCamera>(), DeviceId{}, device});
+    for (int number = 1; number <= options.cameras; ++number) {
+        target.cameras.push_back({makeCamera(number), DeviceId{}, device});
         const std::string failure =
             options.unplugged ? "" : plugCamera(target, target.cameras.size() - 1);
         if (!failure.empty()) {

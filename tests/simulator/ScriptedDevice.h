@@ -29,6 +29,10 @@ public:
         return answer;
     }
 
+    std::string serialNumber() const override { return m_serialNumber; }
+    /// Before the device is plugged in.
+    void setSerialNumber(const std::string& text) { m_serialNumber = text; }
+
     bool wantsRestart() override {
         const std::lock_guard lock(m_mutex);
         return std::exchange(m_restart, false);
@@ -54,6 +58,7 @@ private:
     std::vector<Bytes> m_received;
     std::deque<Bytes> m_answers;
     bool m_restart = false;
+    std::string m_serialNumber;
 };
 
 }  // namespace nubo::simulator
