@@ -3,7 +3,7 @@
 
 #include "simulator/CameraState.h"
 
-#include <optional>
+#include <functional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -14,9 +14,10 @@ namespace nubo::simulator {
 struct CameraItem {
     std::string_view name;
     std::string_view explanation;
-    std::string (*get)(const CameraState& state);
+    std::string allowed;  ///< what set() takes, for a reader; empty for an item that is only told
+    std::function<std::string(const CameraState& state)> get;
     /// False, and nothing changes, when the text is no such value.
-    bool (*set)(CameraState& state, std::string_view text);
+    std::function<bool(CameraState& state, std::string_view text)> set;
 };
 
 /// All items, in the order in which they are listed.

@@ -22,7 +22,8 @@ struct SimulatedCamera {
 /// What control lines act on.
 struct ControlTarget {
     VirtualUsbBus& bus;
-    std::vector<SimulatedCamera> cameras;
+    std::vector<SimulatedCamera> cameras = {};
+    bool quits = false;  ///< the program has been asked to end
 };
 
 /// Does what one control line says and returns the one line of answer, without line end: "ok", "ok

@@ -7,7 +7,10 @@
 #include "simulator/Outbox.h"
 #include "simulator/VirtualDevice.h"
 
+#include <chrono>
+#include <cstddef>
 #include <cstdint>
+#include <deque>
 #include <mutex>
 #include <optional>
 #include <span>
@@ -46,15 +49,24 @@ public:
     /// The image that came last and whole; empty before. Never null.
     SharedBytes firmware() const;
 
+    /// The codes of the commands that have come since the last call, the latest CODES_KEPT of them.
+    std::vector<std::uint16_t> takeCommandCodes();
+    static constexpr std::size_t CODES_KEPT = 1000;
+
 private:
     void receiveCommand(std::span<const std::uint8_t> packet);
     void receiveImage(std::span<const std::uint8_t> transfer);
+    void delayAnswer();
     bool takeWish(Afterwards wish);
+
+    using Clock = std::chrono::steady_clock;
 
     mutable std::mutex m_mutex;
     CameraState m_state;
     Outbox m_outbox;
     ImageReceiver m_image;
+    std::deque<std::uint16_t> m_codes;
+    Clock::time_point m_notBefore{};
     Afterwards m_afterwards = Afterwards::Nothing;
 };
 

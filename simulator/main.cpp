@@ -4,6 +4,7 @@
 #include "simulator/ControlSocket.h"
 #include "simulator/ControlTerminal.h"
 #include "simulator/FileDescriptor.h"
+#include "simulator/FilePermissions.h"
 #include "simulator/Options.h"
 #include "simulator/RootHub.h"
 #include "simulator/Script.h"
@@ -26,6 +27,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace nubo::simulator {
@@ -47,7 +49,8 @@ int fail(int exitCode, const std::string& what) {
 int startPreloaded(char** arguments) {
     const char* const preloaded = std::getenv("LD_PRELOAD");
     if (preloaded != nullptr && std::strstr(preloaded, PRELOADED_LIBRARY) != nullptr) {
-        return fail(CANNOT_RUN, std::string(PRELOADED_LIBRARY) + " cannot be loaded");
+        return fail(CANNOT_RUN, std::string(PRELOADED_LIBRARY) +
+                                    " cannot be loaded: install the Debian package umockdev");
     }
     std::string list = PRELOADED_LIBRARY;
     if (preloaded != nullptr && *preloaded != '\0') {
@@ -106,7 +109,8 @@ int serveUntilEnd(ChildProcess& child, const FileDescriptor& signals, ControlTar
         socket.appendTo(waiting);
         const auto lookTime = terminal.appendTo(waiting);
         ::poll(waiting.data(), waiting.size(), untilFirst({scriptTime, killTime, lookTime}));
-        if (askedToEnd(signals) && !killTime) {
+        const bool quits = std::exchange(target.quits, false);
+        if ((askedToEnd(signals) || quits) && !killTime) {
             child.signal(SIGTERM);
             killTime = Script::Clock::now() + PATIENCE;
         }
@@ -137,10 +141,11 @@ CameraIdentity identityOf(int number) {
     return identity;
 }
 
-std::shared_ptr<VirtualCamera> makeCamera(int number) {
+std::shared_ptr<VirtualCamera> makeCamera(int number, std::uint32_t answerDelay) {
     auto camera = std::make_shared<VirtualCamera>();
     CameraState state;
     state.identity = identityOf(number);
+    state.behaviour.answerDelay = answerDelay;
     camera->setState(state);
     return camera;
 }
@@ -150,14 +155,20 @@ int run(const Options& options) {
     if (!options.script.empty() && !script.load(options.script)) {
         return fail(WRONG_USE, options.script + ": " + std::strerror(errno));
     }
+    if (options.asUser) {
+        const std::string failure = heedFilePermissions();
+        if (!failure.empty()) {
+            return fail(CANNOT_RUN, failure);
+        }
+    }
     const FileDescriptor signals = watchSignals();
     VirtualUsbBus bus;
     plugRootHub(bus);
-    ControlTarget target{bus, {}};
+    ControlTarget target{bus};
     DeviceOptions device;
     device.restartDelay = options.restartDelay;
     for (int number = 1; number <= options.cameras; ++number) {
-        target.cameras.push_back({makeCamera(number), DeviceId{}, device});
+        target.cameras.push_back({makeCamera(number, options.answerDelay), DeviceId{}, device});
         const std::string failure =
             options.unplugged ? "" : plugCamera(target, target.cameras.size() - 1);
         if (!failure.empty()) {
@@ -194,6 +205,10 @@ int main(int count, char** arguments) {
     const std::string failure = parseOptions(words, options);
     if (!failure.empty()) {
         return fail(WRONG_USE, failure);
+    }
+    if (options.version) {
+        std::fputs(versionText().c_str(), stdout);
+        return EXIT_SUCCESS;
     }
     if (options.help) {
         std::fputs(optionHelp().c_str(), stdout);
