@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "simulator/BusState.h"
 
+#include "simulator/UsbDescriptors.h"
+
 #include <filesystem>
 #include <set>
 #include <system_error>
 #include <utility>
-
-#include "simulator/UsbDescriptors.h"
 
 namespace nubo::simulator {
 
@@ -83,12 +83,15 @@ bool BusState::plugInLocked(DeviceId id, Device& device) {
         device.address = *address;
         node = makeNode(id, device);
         device.record->device->plugged();
+        device.record->serialNumber = device.record->device->serialNumber();
         ++device.record->log.timesPlugged;
         access = device.record->options.access;
     }
     const auto handler = node->makeHandler();
-    const auto descriptors = encodeDescriptors(device.record->options.description);
-    if (!m_testbed.add(*address, descriptors, handler.get())) {
+    const std::string& serialNumber = device.record->serialNumber;
+    const auto descriptors =
+        encodeDescriptors(device.record->options.description, !serialNumber.empty());
+    if (!m_testbed.add(*address, {descriptors, serialNumber}, handler.get())) {
         return false;
     }
     applyAccess(m_testbed.nodePath(*address), access);

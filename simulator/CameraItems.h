@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "simulator/CameraState.h"
+
 #include <functional>
-#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
-
-#include "simulator/CameraState.h"
 
 namespace nubo::simulator {
 
@@ -15,6 +14,7 @@ namespace nubo::simulator {
 struct CameraItem {
     std::string_view name;
     std::string_view explanation;
+    std::string allowed;  ///< what set() takes, for a reader; empty for an item that is only told
     std::function<std::string(const CameraState& state)> get;
     /// False, and nothing changes, when the text is no such value.
     std::function<bool(CameraState& state, std::string_view text)> set;

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "simulator/CameraState.h"
+
 #include <cstdint>
 #include <span>
 #include <string>
 #include <string_view>
 #include <variant>
-
-#include "simulator/CameraState.h"
 
 namespace nubo::simulator {
 
@@ -47,6 +47,8 @@ ValueContent readValue(const CameraValue& value, const CameraState& state);
 bool writeValue(const CameraValue& value, const ValueContent& content, CameraState& state);
 
 std::string valueText(const CameraValue& value, const CameraState& state);
+/// What setValueText() takes, for a reader.
+std::string allowedText(const CameraValue& value);
 /// False, and nothing changes, when the text is no such value.
 bool setValueText(const CameraValue& value, std::string_view text, CameraState& state);
 

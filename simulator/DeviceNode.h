@@ -1,17 +1,17 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "simulator/DeviceRecord.h"
+#include "simulator/GObjectPtr.h"
+#include "simulator/InterfaceClaims.h"
+#include "simulator/TransferQueue.h"
+
 #include <umockdev.h>
 
 #include <condition_variable>
 #include <functional>
 #include <memory>
 #include <mutex>
-
-#include "simulator/DeviceRecord.h"
-#include "simulator/GObjectPtr.h"
-#include "simulator/InterfaceClaims.h"
-#include "simulator/TransferQueue.h"
 
 namespace nubo::simulator {
 
@@ -58,6 +58,7 @@ private:
     Reply claimInterface(UMockdevIoctlClient* client, UMockdevIoctlData* argument);
     Reply releaseInterface(UMockdevIoctlClient* client, UMockdevIoctlData* argument);
     Reply acceptSilently(UMockdevIoctlClient* client, UMockdevIoctlData* argument);
+    Reply answerControl(Transfer transfer);
     Reply submitUrb(UMockdevIoctlClient* client, UMockdevIoctlData* argument);
     Reply discardUrb(UMockdevIoctlClient* client, UMockdevIoctlData* argument);
     Reply reapUrb(UMockdevIoctlClient* client, UMockdevIoctlData* argument);

@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "simulator/DeviceRecord.h"
+#include "simulator/Fault.h"
+#include "simulator/GObjectPtr.h"
+
 #include <linux/usbdevice_fs.h>
 #include <umockdev.h>
 
@@ -14,10 +18,6 @@
 #include <optional>
 #include <span>
 #include <vector>
-
-#include "simulator/DeviceRecord.h"
-#include "simulator/Fault.h"
-#include "simulator/GObjectPtr.h"
 
 namespace nubo::simulator {
 

@@ -2,8 +2,9 @@
 // Asks the cameras on the bus what the lines of the standard input say, by plain libusb calls, and
 // answers each line with one line on the standard output:
 //     count        how many cameras there are
-//     battery      the charge that the first camera tells, or libusb's error code
-//     restart      sends the first camera the command to restart; libusb's error code
+//     serials      the serial numbers that the cameras' string descriptors hold, with commas
+//     between battery      the charge that the first camera tells, or libusb's error code restart
+//     sends the first camera the command to restart; libusb's error code
 #include <libusb.h>
 
 #include <algorithm>
@@ -33,6 +34,28 @@ int countCameras(libusb_context* context) {
     }
     libusb_free_device_list(list, 1);
     return cameras;
+}
+
+std::string serialNumbers(libusb_context* context) {
+    libusb_device** list = nullptr;
+    const auto count = libusb_get_device_list(context, &list);
+    std::string numbers;
+    for (ssize_t i = 0; i < count; ++i) {
+        libusb_device_descriptor descriptor{};
+        libusb_get_device_descriptor(list[i], &descriptor);
+        libusb_device_handle* handle = nullptr;
+        if (descriptor.iSerialNumber == 0 || libusb_open(list[i], &handle) != 0) {
+            continue;
+        }
+        const Handle owner(handle, libusb_close);
+        std::array<unsigned char, 255> text{};
+        libusb_get_string_descriptor_ascii(handle, descriptor.iSerialNumber, text.data(),
+                                           static_cast<int>(text.size()));
+        numbers +=
+            (numbers.empty() ? "" : ",") + std::string(text.begin(), std::ranges::find(text, 0));
+    }
+    libusb_free_device_list(list, 1);
+    return numbers;
 }
 
 /// Sends a command without parameters and fetches its answer; libusb's error code.
@@ -71,6 +94,8 @@ int main() {
         Packet answer{};
         if (line == "count") {
             std::cout << countCameras(context) << std::endl;
+        } else if (line == "serials") {
+            std::cout << serialNumbers(context) << std::endl;
         } else if (line == "battery") {
             const int error = ask(context, 0x37, 0x50, answer);
             std::cout << (error == 0 ? int{answer[SECOND_PARAMETER]} : error) << std::endl;

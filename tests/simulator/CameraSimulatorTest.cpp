@@ -1,15 +1,16 @@
 // SPDX-License-Identifier: MIT
-#include <signal.h>
-#include <sys/socket.h>
+#include "tests/simulator/SimulatorRun.h"
+#include "tests/support/TestSubject.h"
 
 #include <QElapsedTimer>
 #include <QLocalSocket>
 #include <QProcess>
+#include <QSet>
 #include <QTemporaryDir>
 #include <QTest>
 
-#include "tests/simulator/SimulatorRun.h"
-#include "tests/support/TestSubject.h"
+#include <signal.h>
+#include <sys/socket.h>
 
 using namespace Qt::StringLiterals;
 
@@ -24,6 +25,7 @@ private Q_SLOTS:
 
     void commandSeesTheCameras_data();
     void commandSeesTheCameras();
+    void everyCameraHasAnIdentityOfItsOwn();
     void linesAreAnswered_data();
     void linesAreAnswered();
     void commandReadsWhatIsSet();
@@ -106,6 +108,27 @@ void CameraSimulatorTest::commandSeesTheCameras() {
     QFETCH(QByteArray, count);
     start(options);
     QCOMPARE(probe("count"), count);
+}
+
+void CameraSimulatorTest::everyCameraHasAnIdentityOfItsOwn() {
+    start({u"--cameras"_s, u"16"_s});
+    for (const char* const item : {"serial-number", "machine-name", "mac-address", "ssid"}) {
+        QSet<QByteArray> values;
+        for (int number = 1; number <= 16; ++number) {
+            values.insert(control('@' + QByteArray::number(number) + " get " + item));
+        }
+        QCOMPARE(values.size(), 16);
+    }
+    QCOMPARE(control("@1 get serial-number"), QByteArray("ok SIM0001"));
+    QCOMPARE(control("@16 get mac-address"), QByteArray("ok 02:00:5E:10:00:10"));
+    QCOMPARE(control("@2 set serial-number Tern 7"), QByteArray("ok"));
+    QCOMPARE(control("unplug 2"), QByteArray("ok"));
+    QCOMPARE(control("plug 2"), QByteArray("ok"));
+    const auto told = [&] { return probe("serials").split(','); };
+    TRY_VERIFY(told().contains("Tern 7"));
+    QVERIFY(told().contains("SIM0001"));
+    QVERIFY(told().contains("SIM0016"));
+    QVERIFY(!told().contains("SIM0002"));
 }
 
 void CameraSimulatorTest::linesAreAnswered_data() {

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include <signal.h>
+#include "tests/simulator/SimulatorRun.h"
+#include "tests/support/TestSubject.h"
 
 #include <QProcess>
 #include <QTest>
 
-#include "tests/simulator/SimulatorRun.h"
-#include "tests/support/TestSubject.h"
+#include <signal.h>
 
 using namespace Qt::StringLiterals;
 

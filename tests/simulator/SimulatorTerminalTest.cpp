@@ -1,16 +1,17 @@
 // SPDX-License-Identifier: MIT
-#include <fcntl.h>
-#include <unistd.h>
+#include "tests/simulator/SimulatorRun.h"
+#include "tests/support/TestSubject.h"
 
 #include <QFile>
 #include <QLocalSocket>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
-#include <cstdlib>
 
-#include "tests/simulator/SimulatorRun.h"
-#include "tests/support/TestSubject.h"
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cstdlib>
 
 using namespace Qt::StringLiterals;
 

@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "simulator/VirtualCamera.h"
 
+#include "simulator/CameraCommands.h"
+#include "simulator/CameraItems.h"
+#include "tests/support/TestSubject.h"
+
 #include <QSet>
 #include <QTest>
 
 #include <algorithm>
 #include <array>
-
-#include "simulator/CameraCommands.h"
-#include "simulator/CameraItems.h"
-#include "tests/support/TestSubject.h"
 
 namespace nubo::simulator {
 

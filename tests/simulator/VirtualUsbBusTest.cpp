@@ -1,17 +1,19 @@
 // SPDX-License-Identifier: MIT
 #include "simulator/VirtualUsbBus.h"
 
+#include "tests/simulator/BusBench.h"
+#include "tests/support/TestSubject.h"
+#include "tests/support/WithoutFileOverride.h"
+
+#include <QFile>
+#include <QTest>
+
 #include <libusb.h>
 
-#include <QTest>
 #include <array>
 #include <cerrno>
 #include <chrono>
 #include <future>
-
-#include "tests/simulator/BusBench.h"
-#include "tests/support/TestSubject.h"
-#include "tests/support/WithoutFileOverride.h"
 
 namespace nubo::simulator {
 
@@ -34,6 +36,9 @@ private Q_SLOTS:
 
     void pluggedDeviceShowsItsDescriptors();
     void describedInterfacesAreShown();
+    void serialNumberIsReadWithAndWithoutOpening();
+    void deviceWithoutSerialNumberHasNone();
+    void otherControlRequestsStall();
     void bytesGoOut_data();
     void bytesGoOut();
     void bytesComeIn_data();
@@ -105,6 +110,51 @@ void VirtualUsbBusTest::describedInterfacesAreShown() {
         QCOMPARE(setting.endpoint[0].wMaxPacketSize, 64);
         QCOMPARE(setting.endpoint[0].extra_length, 2);
     }
+}
+
+void VirtualUsbBusTest::serialNumberIsReadWithAndWithoutOpening() {
+    m_bench->device->setSerialNumber("A\xE9\\7");
+    const LibusbHandle handle = m_bench->open(m_bench->plug());
+    QVERIFY(handle);
+    libusb_device_descriptor device{};
+    QCOMPARE(libusb_get_device_descriptor(libusb_get_device(handle.get()), &device), 0);
+    std::array<unsigned char, 255> room{};
+    const int size = libusb_get_string_descriptor(handle.get(), device.iSerialNumber, 0x0409,
+                                                  room.data(), static_cast<int>(room.size()));
+    QCOMPARE(QByteArray(reinterpret_cast<const char*>(room.data()), size).toHex(),
+             QByteArray("0a03"
+                        "4100"
+                        "e900"
+                        "5c00"
+                        "3700"));
+    QFile attribute(QStringLiteral("/sys/devices/usb1/1-1/serial"));
+    QVERIFY(attribute.open(QIODevice::ReadOnly));
+    QCOMPARE(attribute.readAll(), QByteArray("A\xC3\xA9\\7\n"));
+}
+
+void VirtualUsbBusTest::deviceWithoutSerialNumberHasNone() {
+    const LibusbHandle handle = m_bench->open(m_bench->plug());
+    QVERIFY(handle);
+    libusb_device_descriptor device{};
+    QCOMPARE(libusb_get_device_descriptor(libusb_get_device(handle.get()), &device), 0);
+    QCOMPARE(device.iSerialNumber, 0);
+    std::array<unsigned char, 255> room{};
+    QCOMPARE(libusb_get_string_descriptor_ascii(handle.get(), 1, room.data(), 255),
+             LIBUSB_ERROR_PIPE);
+    QVERIFY(!QFile::exists(QStringLiteral("/sys/devices/usb1/1-1/serial")));
+}
+
+void VirtualUsbBusTest::otherControlRequestsStall() {
+    m_bench->device->setSerialNumber("7");
+    const LibusbHandle handle = m_bench->open(m_bench->plug());
+    QVERIFY(handle);
+    std::array<unsigned char, 64> room{};
+    QCOMPARE(libusb_get_string_descriptor_ascii(handle.get(), 2, room.data(), 64),
+             LIBUSB_ERROR_PIPE);
+    QCOMPARE(libusb_get_descriptor(handle.get(), LIBUSB_DT_BOS, 0, room.data(), 64),
+             LIBUSB_ERROR_PIPE);
+    QCOMPARE(libusb_control_transfer(handle.get(), 0x40, 6, 0x0301, 0, nullptr, 0, PATIENCE_MS),
+             LIBUSB_ERROR_PIPE);
 }
 
 void VirtualUsbBusTest::bytesGoOut_data() {
