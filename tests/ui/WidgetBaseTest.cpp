@@ -360,10 +360,11 @@ void WidgetBaseTest::leavingThePageClosesAQuestion() {
     QVERIFY(!page.ask(question));
     QVERIFY(answer.closed());
     QCOMPARE(question.result(), int(QDialog::Rejected));
-    // The next one is the page's as if nothing had been.
+    // The next one is asked as if nothing had been.
     page.show();
+    ClMessageBox second = createQuestion(&page);
     const ModalAnswer next([](QDialog& box) { QTest::keyClick(&box, Qt::Key_Return); });
-    QVERIFY(page.ask(question));
+    QVERIFY(page.ask(second));
 }
 
 void WidgetBaseTest::anAnswerOfTheMomentThePageIsLeftDoesNotCount() {
