@@ -143,7 +143,7 @@ std::shared_ptr<DeviceNode> BusState::makeNode(DeviceId id, const Device& device
     const std::uint64_t changes = device.changes;
     return std::make_shared<DeviceNode>(
         device.record,
-        DeviceHooks{m_mutex, m_changed, [this, id, changes] { pullLater(id, changes); },
+        DeviceHooks{m_mutex, m_changed, m_memory, [this, id, changes] { pullLater(id, changes); },
                     [this, id, changes] { restartLater(id, changes); }});
 }
 

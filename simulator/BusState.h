@@ -72,6 +72,7 @@ private:
     mutable std::condition_variable m_changed;
     std::map<int, Device> m_devices;
     int m_lastNumber = 0;
+    TransferMemory m_memory;
     Testbed m_testbed;
     Scheduler m_scheduler;
 };

@@ -194,6 +194,10 @@ DeviceNode::Reply DeviceNode::submitUrb(UMockdevIoctlClient* client, UMockdevIoc
     if ((urb.type != USBDEVFS_URB_TYPE_BULK && !isControl) || urb.buffer_length < 0) {
         return failure(EINVAL);
     }
+    transfer.memory = m_hooks.memory.take(static_cast<std::size_t>(urb.buffer_length));
+    if (!transfer.memory) {
+        return failure(ENOMEM);
+    }
     if (urb.buffer_length > 0) {
         transfer.buffer = pointedTo(transfer.urb.get(), static_cast<std::size_t>(urb.buffer_length),
                                     offsetof(usbdevfs_urb, buffer));

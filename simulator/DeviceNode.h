@@ -4,6 +4,7 @@
 #include "simulator/DeviceRecord.h"
 #include "simulator/GObjectPtr.h"
 #include "simulator/InterfaceClaims.h"
+#include "simulator/TransferMemory.h"
 #include "simulator/TransferQueue.h"
 
 #include <umockdev.h>
@@ -20,8 +21,9 @@ namespace nubo::simulator {
 struct DeviceHooks {
     std::mutex& mutex;
     std::condition_variable& changed;  ///< notified whenever the record may have changed
-    std::function<void()> leaveBus;    ///< the device has gone: take it from the bus
-    std::function<void()> restart;     ///< the device wants to go and to come back
+    TransferMemory& memory;
+    std::function<void()> leaveBus;  ///< the device has gone: take it from the bus
+    std::function<void()> restart;   ///< the device wants to go and to come back
 };
 
 /// The calls that clients make on one device node, from plugging in to unplugging: opening,

@@ -4,6 +4,7 @@
 #include "simulator/DeviceRecord.h"
 #include "simulator/Fault.h"
 #include "simulator/GObjectPtr.h"
+#include "simulator/TransferMemory.h"
 
 #include <linux/usbdevice_fs.h>
 #include <umockdev.h>
@@ -27,6 +28,7 @@ struct Transfer {
 
     GObjectPtr<UMockdevIoctlData> urb;     ///< a usbdevfs_urb in the client's memory
     GObjectPtr<UMockdevIoctlData> buffer;  ///< null for a transfer of no bytes
+    TransferMemory::Share memory;
     UMockdevIoctlClient* client = nullptr;
     std::size_t packetSize = 0;  ///< of the endpoint, in bytes
     bool held = false;           ///< never served

@@ -23,6 +23,7 @@ using namespace std::chrono_literals;
 using Bytes = ScriptedDevice::Bytes;
 
 constexpr auto PATIENCE = BusBench::PATIENCE;
+constexpr int MIB = 1024 * 1024;
 
 }  // namespace
 
@@ -39,6 +40,8 @@ private Q_SLOTS:
     void serialNumberIsReadWithAndWithoutOpening();
     void deviceWithoutSerialNumberHasNone();
     void otherControlRequestsStall();
+    void transferBeyondTheKernelsMemoryIsRefused();
+    void memoryIsSharedByAllTransfersAndGivenBack();
     void bytesGoOut_data();
     void bytesGoOut();
     void bytesComeIn_data();
@@ -155,6 +158,40 @@ void VirtualUsbBusTest::otherControlRequestsStall() {
              LIBUSB_ERROR_PIPE);
     QCOMPARE(libusb_control_transfer(handle.get(), 0x40, 6, 0x0301, 0, nullptr, 0, PATIENCE_MS),
              LIBUSB_ERROR_PIPE);
+}
+
+void VirtualUsbBusTest::transferBeyondTheKernelsMemoryIsRefused() {
+    const DeviceId id = m_bench->plug();
+    const LibusbHandle handle = m_bench->openClaimed(id);
+    QVERIFY(handle);
+    Bytes tooMuch = pattern(16 * MIB);
+    int moved = 0;
+    QCOMPARE(
+        libusb_bulk_transfer(handle.get(), 0x02, tooMuch.data(), 16 * MIB, &moved, PATIENCE_MS),
+        LIBUSB_ERROR_NO_MEM);
+    QCOMPARE(moved, 0);
+    QVERIFY(m_bench->device->received().empty());
+    QCOMPARE(m_bench->bus.log(id).transferCount, 0U);
+    const Bytes fitting = pattern(15 * MIB);
+    for (int i = 0; i < 2; ++i) {
+        QCOMPARE(bulkOut(handle, fitting), 0);
+        QVERIFY(m_bench->device->received().back() == fitting);
+    }
+}
+
+void VirtualUsbBusTest::memoryIsSharedByAllTransfersAndGivenBack() {
+    const DeviceId readId = m_bench->plug();
+    const LibusbHandle reader = m_bench->openClaimed(readId);
+    const auto other = std::make_shared<ScriptedDevice>();
+    const LibusbHandle writer = m_bench->openClaimed(m_bench->bus.plug(other));
+    QVERIFY(reader);
+    QVERIFY(writer);
+    auto reading = std::async(std::launch::async, [&] { return bulkIn(reader, 9 * MIB); });
+    QVERIFY(m_bench->bus.waitForLog(readId, isWaiting, PATIENCE));
+    QCOMPARE(bulkOut(writer, pattern(8 * MIB)), LIBUSB_ERROR_NO_MEM);
+    m_bench->device->answerWith(pattern(32));
+    QCOMPARE(reading.get().bytes, pattern(32));
+    QCOMPARE(bulkOut(writer, pattern(8 * MIB)), 0);
 }
 
 void VirtualUsbBusTest::bytesGoOut_data() {
