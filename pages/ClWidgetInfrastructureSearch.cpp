@@ -7,6 +7,7 @@
 #include "pages/InfrastructureParts.h"
 #include "pages/PageParts.h"
 #include "ui/ApInfoLook.h"
+#include "ui/ButtonKeys.h"
 #include "ui/ClWidgetApInfo.h"
 #include "ui/ClWidgetApList.h"
 
@@ -65,6 +66,7 @@ ClWidgetInfrastructureSearch::ClWidgetInfrastructureSearch(QWidget* parent)
                      BUTTONS_Y, this);
     m_research = buttons[0];
     m_back = buttons[1];
+    addKeys(m_back, {Qt::Key_Escape});
     for (const QPushButton* button : buttons) {
         connect(button, &QPushButton::clicked, this, &ClWidgetInfrastructureSearch::slotClicked);
     }

@@ -3,6 +3,7 @@
 
 #include "pages/ClWidgetNetworkSetting.h"
 #include "pages/PageParts.h"
+#include "ui/ButtonKeys.h"
 
 #include <QDialogButtonBox>
 #include <QLineEdit>
@@ -26,6 +27,8 @@ QDialogButtonBox* addDecisionBox(int y, QWidget* page) {
             for (const QLineEdit* edit : page->findChildren<QLineEdit*>()) {
                 QObject::connect(edit, &QLineEdit::returnPressed, button, &QAbstractButton::click);
             }
+        } else {
+            addKeys(button, {Qt::Key_Escape});
         }
     }
     moveEndTo(box, BOX_RIGHT, y);
