@@ -3,6 +3,7 @@
 
 #include "pages/ClDialogCalendar.h"
 #include "pages/ClWidgetBasicSetting.h"
+#include "ui/ButtonRoom.h"
 #include "ui/ClDialogColumn.h"
 #include "ui/ClMessageBox.h"
 
@@ -93,6 +94,8 @@ ClDialogTime::ClDialogTime(QWidget* parent, Clock clock)
 
     m_timer.setInterval(SYNCHRONISING_INTERVAL);
     connect(&m_timer, &QTimer::timeout, this, &ClDialogTime::slotTimerFired);
+    giveTextRoom(m_synchronize);
+    giveTextRoom(m_calendar);
     connect(m_synchronize, &QPushButton::clicked, this, &ClDialogTime::slotChangeEditable);
     connect(m_calendar, &QPushButton::clicked, this, &ClDialogTime::slotShowCalendar);
 }

@@ -6,6 +6,7 @@
 #include "pages/PageParts.h"
 #include "pages/WifiCodes.h"
 #include "protocol/CommandIdentifiers.h"
+#include "ui/ButtonRoom.h"
 #include "ui/ClLabelSepalator.h"
 #include "ui/ClMessageBox.h"
 #include "ui/ClWidgetProgress.h"
@@ -111,7 +112,7 @@ void ClWidgetCameraState::buildButtons() {
     buttons->setSpacing(10);
     for (const stAction& action : ACTIONS) {
         auto* button = new QPushButton(tr(action.button), row);
-        button->setMinimumSize(BUTTON_MINIMUM);
+        giveTextRoom(button, BUTTON_MINIMUM);
         connect(button, &QPushButton::clicked, this, &ClWidgetCameraState::slotClicked);
         buttons->addWidget(button);
         m_buttons.append(button);

@@ -4,6 +4,7 @@
 #include "pages/ClWidgetNetworkSetting.h"
 #include "pages/PageParts.h"
 #include "ui/ButtonKeys.h"
+#include "ui/ButtonRoom.h"
 
 #include <QDialogButtonBox>
 #include <QLineEdit>
@@ -21,8 +22,8 @@ QDialogButtonBox* addDecisionBox(int y, QWidget* page) {
                                                 ClWidgetNetworkSetting::tr("Back"))
             .release();
     box->setParent(page);
-    for (QAbstractButton* button : box->buttons()) {
-        button->setMinimumSize(BUTTON_MINIMUM);
+    for (QPushButton* button : box->findChildren<QPushButton*>()) {
+        giveTextRoom(button, BUTTON_MINIMUM);
         if (box->buttonRole(button) == QDialogButtonBox::AcceptRole) {
             for (const QLineEdit* edit : page->findChildren<QLineEdit*>()) {
                 QObject::connect(edit, &QLineEdit::returnPressed, button, &QAbstractButton::click);

@@ -2,7 +2,6 @@
 #include "ui/ButtonKeys.h"
 
 #include <QAbstractButton>
-#include <QApplication>
 #include <QShortcut>
 
 using namespace Qt::StringLiterals;
@@ -21,21 +20,13 @@ void describeKeys(QAbstractButton* button) {
     button->setAccessibleDescription(keys);
 }
 
-// A shortcut belongs to the active window, which an open dialog is; but some window managers let
-// the user activate the window behind it.
-void press(QAbstractButton* button) {
-    if (QApplication::activeModalWidget() == nullptr) {
-        button->click();
-    }
-}
-
 }  // namespace
 
 void addKeys(QAbstractButton* button, const QList<QKeySequence>& keys, eKeysWhile when) {
     auto* shortcut = new QShortcut(button);
     shortcut->setKeys(keys);
     shortcut->setAutoRepeat(false);
-    QObject::connect(shortcut, &QShortcut::activated, button, [button] { press(button); });
+    QObject::connect(shortcut, &QShortcut::activated, button, &QAbstractButton::click);
     if (when != eKeysWhile::Always) {
         const auto enable = [button, shortcut, when](bool isChecked) {
             shortcut->setEnabled(isChecked == (when == eKeysWhile::Checked));
