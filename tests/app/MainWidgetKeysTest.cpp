@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/ClMainWidget.h"
 #include "protocol/CommandIdentifiers.h"
+#include "tests/support/TestSubject.h"
 #include "ui/ClButtonMode.h"
 
 #include <QAbstractButton>
@@ -350,5 +351,5 @@ void MainWidgetKeysTest::theKeysAreTold() {
     verify(u"Network setting"_s, {u"Ctrl+2"_s});
 }
 
-QTEST_MAIN(MainWidgetKeysTest)
+const TestSubject registered = subjectWithWidgets<MainWidgetKeysTest>();
 #include "MainWidgetKeysTest.moc"

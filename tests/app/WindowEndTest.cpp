@@ -47,8 +47,6 @@ void WindowEndTest::usbEndsBeforeThePagesGo() {
     QCOMPARE(g_pages.count(nullptr), 6);
 }
 
-int main(int argc, char** argv) {
-    return runOnBus<WindowEndTest>(argc, argv);
-}
+const TestSubject registered = subjectOnBus<WindowEndTest>();
 
 #include "WindowEndTest.moc"

@@ -3,6 +3,7 @@
 #include "tests/pages/BasicSettingMessages.h"
 #include "tests/support/BoxUser.h"
 #include "tests/support/DialogControls.h"
+#include "tests/support/TestSubject.h"
 #include "ui/ClDialogBase.h"
 
 #include <QPushButton>
@@ -339,5 +340,5 @@ void BasicSettingDialogsTest::thePageIsWholeAfterItWasLeftBehindADialog() {
                           valuesMessage(USB_REQ_NUBO_CMD_GET_CAMERANAME, {})}));
 }
 
-QTEST_MAIN(BasicSettingDialogsTest)
+const TestSubject registered = subjectWithWidgets<BasicSettingDialogsTest>();
 #include "BasicSettingDialogsTest.moc"

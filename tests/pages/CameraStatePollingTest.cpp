@@ -126,8 +126,6 @@ void CameraStatePollingTest::aLinkErrorStopsThePollingUntilThePageIsEntered() {
     QCOMPARE(sentAfter(5s), QStringList{GET_BATTERY});
 }
 
-int main(int argc, char** argv) {
-    return runOnManualClock<CameraStatePollingTest>(argc, argv);
-}
+const TestSubject registered = subjectOnManualClock<CameraStatePollingTest>();
 
 #include "CameraStatePollingTest.moc"

@@ -2,6 +2,7 @@
 #include "pages/ClWidgetAdhoc.h"
 #include "pages/ClWidgetInfrastructureTop.h"
 #include "tests/pages/NetworkBench.h"
+#include "tests/support/TestSubject.h"
 #include "ui/ClButtonApInfo.h"
 
 #include <QAccessible>
@@ -297,5 +298,5 @@ void NetworkPageTest::whatIsOthersIsPassedOnUnchanged() {
     }
 }
 
-QTEST_MAIN(NetworkPageTest)
+const TestSubject registered = subjectWithWidgets<NetworkPageTest>();
 #include "NetworkPageTest.moc"

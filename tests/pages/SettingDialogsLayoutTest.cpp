@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "tests/pages/Dialogs.h"
+#include "tests/support/TestSubject.h"
 #include "tests/ui/TaggingTranslator.h"
 
 #include <QAccessible>
@@ -152,5 +153,5 @@ void SettingDialogsLayoutTest::nothingIsCutOff() {
     }
 }
 
-QTEST_MAIN(SettingDialogsLayoutTest)
+const TestSubject registered = subjectWithWidgets<SettingDialogsLayoutTest>();
 #include "SettingDialogsLayoutTest.moc"
