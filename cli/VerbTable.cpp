@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: MIT
+#include "cli/ClConsole.h"
+#include "cli/ClReport.h"
+#include "cli/Verb.h"
+#include "cli/Verbs.h"
+
+#include <algorithm>
+#include <array>
+
+namespace {
+
+using enum VerbCamera;
+
+constexpr std::array COMMON_OPTIONS{
+    stOption{"-c,--camera", "CAMERA", "the camera: serial number, port (1-2) or bus:device"},
+    stOption{"--all", "", "all cameras, side by side"},
+    stOption{"--json", "", "results as JSON, an object a camera"},
+    stOption{"-q,--quiet", "", "errors alone"},
+    stOption{"-v,--verbose", "", "tells what is done; twice: every transfer, secrets among them",
+             "", true},
+    stOption{"--wait", "S", "waits for a camera that can be used, S seconds or without end", "-1"},
+    stOption{"--yes", "", "agrees to what would be asked"},
+    stOption{"-h,--help", "", "shows help"},
+};
+
+constexpr std::array SHOW_SECRETS{
+    stOption{"--show-secrets", "", "shows passwords and keys"},
+};
+
+constexpr std::array STATUS_OPTIONS{
+    stOption{"--watch", "S", "tells it again every S seconds (2)", "2"},
+};
+
+constexpr std::array EXPORT_OPTIONS{
+    stOption{"--secrets", "", "with passwords and keys; a file is then for its owner alone"},
+};
+
+constexpr std::array APPLY_OPTIONS{
+    stOption{"--dry-run", "", "shows what would be written, and writes nothing"},
+    stOption{"--only", "GLOB", "settings that match alone", "", true},
+    stOption{"--skip", "GLOB", "leaves out settings that match", "", true},
+    stOption{"--keep-going", "", "goes on after a setting that the camera refuses"},
+    SHOW_SECRETS.front(),
+};
+
+// clang-format off
+constexpr std::array VERBS{
+    stVerb{"list",     "",                    "cameras: port, bus:device, serial number, state",          Bus,  0, 0,  {},             nullptr,         runList},
+    stVerb{"info",     "",                    "who the camera is",                                        One,  0, 0,  {},             nullptr,         runInfo},
+    stVerb{"status",   "",                    "battery, link, card, recording, clock",                    One,  0, 0,  STATUS_OPTIONS, prepareStatus,   runStatus},
+    stVerb{"get",      "[KEY|GROUP|GLOB]...", "tells settings, all when none is named: a profile",        One,  0, -1, SHOW_SECRETS,   prepareGet,      runGet},
+    stVerb{"set",      "KEY=VALUE...",        "checks all, writes what differs, and reads it back",       One,  1, -1, SHOW_SECRETS,   prepareSet,      runSet},
+    stVerb{"describe", "[KEY|GROUP|GLOB]...", "what settings may be, and which commands move them",       None, 0, -1, {},             prepareGet,      runDescribe},
+    stVerb{"export",   "[FILE|-]",            "writes a profile: all that can be set",                    One,  0, 1,  EXPORT_OPTIONS, prepareExport,   runExport},
+    stVerb{"diff",     "FILE [FILE2]",        "how the camera, or FILE2, differs from a profile",         One,  1, 2,  SHOW_SECRETS,   prepareDiff,     runDiff},
+    stVerb{"apply",    "FILE",                "writes what differs from a profile, and reads it back",    One,  1, 1,  APPLY_OPTIONS,  prepareApply,    runApply},
+    stVerb{"help",     "[VERB|KEY]",          "shows help",                                               None, 0, 1,  {},             prepareHelp,     runHelp},
+};
+// clang-format on
+
+}  // namespace
+
+std::span<const stVerb> verbs() {
+    return VERBS;
+}
+
+std::span<const stOption> commonOptions() {
+    return COMMON_OPTIONS;
+}
+
+const stVerb* findVerb(const QString& name) {
+    const auto found = std::ranges::find_if(
+        VERBS, [&name](const stVerb& verb) { return toText(verb.name) == name; });
+    return found == VERBS.end() ? nullptr : &*found;
+}
+
+bool isAgreed(stRun& run, const QString& question) {
+    if (run.arguments.has("yes")) {
+        return true;
+    }
+    if (!run.console.isInteractive()) {
+        run.report.fail({ExitCode::WrongUse,
+                         question + QStringLiteral(" Say --yes: there is no terminal to ask on."),
+                         {}});
+        return false;
+    }
+    if (!run.console.confirm(question)) {
+        run.report.fail({ExitCode::WrongUse, QStringLiteral("not agreed; nothing was done"), {}});
+        return false;
+    }
+    return true;
+}
