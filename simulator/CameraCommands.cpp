@@ -105,7 +105,11 @@ CommandAnswer applyFirmware(const CommandRequest& request, CameraState& state) {
     if (state.data.firmware->empty()) {
         return refusal(request.id, CameraResult::NotExecuted);
     }
-    return success(request);
+    CommandAnswer answer = success(request);
+    if (request.parameters[0] == ON) {
+        answer.afterwards = Afterwards::Restart;
+    }
+    return answer;
 }
 
 // clang-format off
