@@ -72,6 +72,15 @@ constexpr std::array FIRMWARE_OPTIONS{
     stOption{"--wait-back", "S", "update: waits S seconds for the camera to come back (180)"},
 };
 
+constexpr std::array MONITOR_OPTIONS{
+    stOption{"--every", "S", "reads the values every S seconds (2)"},
+};
+
+constexpr std::array RAW_OPTIONS{
+    stOption{"--text", "S", "a text in place of the parameters"},
+    stOption{"--expert", "", "agrees that nothing is checked"},
+};
+
 // clang-format off
 constexpr std::array VERBS{
     stVerb{"list",     "",                    "cameras: port, bus:device, serial number, state",          Bus,  0, 0,  {},             nullptr,         runList},
@@ -94,6 +103,10 @@ constexpr std::array VERBS{
     stVerb{"poweroff", "",                    "switches the camera off",                                  One,  0, 0,  {},             nullptr,         runPowerOff},
     stVerb{"reset",    "",                    "puts all settings back to their defaults",                 One,  0, 0,  RESET_OPTIONS,  prepareReset,    runReset},
     stVerb{"firmware", "[update FILE]",       "the version of the firmware; update installs another",     One,  0, 2,  FIRMWARE_OPTIONS, prepareFirmware, runFirmware},
+    stVerb{"monitor",  "",                    "a line an event: plugged, ready, gone, a value changed",   Bus,  0, 0,  MONITOR_OPTIONS, prepareMonitor, runMonitor},
+    stVerb{"descriptors", "",                 "the USB descriptors of the camera",                        Bus,  0, 0,  {},             nullptr,         runDescriptors},
+    stVerb{"raw",      "CODE [P1 ... P5]",    "sends one command as it is, and tells the answer",         One,  1, 6,  RAW_OPTIONS,    prepareRaw,      runRaw},
+    stVerb{"completion", "bash|zsh|fish",     "a script that completes words of nuboctl in the shell",    None, 1, 1,  {},             prepareCompletion, runCompletion},
     stVerb{"help",     "[VERB|KEY]",          "shows help",                                               None, 0, 1,  {},             prepareHelp,     runHelp},
 };
 // clang-format on

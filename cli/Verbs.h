@@ -85,3 +85,21 @@ void runStreamUrl(stRun& run);
 stFailure prepareFirmware(const stArguments& arguments, ClConsole& console,
                           std::unique_ptr<stVerbPlan>& plan);
 void runFirmware(stRun& run);
+
+// CompletionVerb.cpp
+stFailure prepareCompletion(const stArguments& arguments, ClConsole& console,
+                            std::unique_ptr<stVerbPlan>& plan);
+void runCompletion(stRun& run);
+
+// RawVerb.cpp
+stFailure prepareRaw(const stArguments& arguments, ClConsole& console,
+                     std::unique_ptr<stVerbPlan>& plan);
+void runRaw(stRun& run);
+
+// DescriptorsVerb.cpp
+void runDescriptors(stRun& run);
+
+// MonitorVerb.cpp
+stFailure prepareMonitor(const stArguments& arguments, ClConsole& console,
+                         std::unique_ptr<stVerbPlan>& plan);
+void runMonitor(stRun& run);
