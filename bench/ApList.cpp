@@ -6,7 +6,7 @@
 #include "bench/ApListResults.h"
 #include "bench/Output.h"
 #include "bench/Statistics.h"
-#include "pages/ClWidgetInfrastructureSearch.h"
+#include "pages/network/ClWidgetInfrastructureSearch.h"
 #include "protocol/CommandIdentifiers.h"
 
 #include <QApplication>

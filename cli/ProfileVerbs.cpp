@@ -23,7 +23,7 @@ struct stProfilePlan : stVerbPlan {
     std::optional<QList<stProfileEntry>> others;  ///< of a second file
 };
 
-const stProfilePlan& planOf(const stRun& run) {
+const stProfilePlan& profilesOf(const stRun& run) {
     return static_cast<const stProfilePlan&>(*run.plan);
 }
 
@@ -124,7 +124,7 @@ void diffFiles(stRun& run) {
     QList<stWantedValue> before;
     QList<stWantedValue> after;
     for (const auto& [entries, wanted] :
-         {std::pair(&planOf(run).entries, &before), std::pair(&*planOf(run).others, &after)}) {
+         {std::pair(&profilesOf(run).entries, &before), std::pair(&*profilesOf(run).others, &after)}) {
         if (const stFailure failure = wantedOf(*entries, {}, 1, *wanted)) {
             run.report.fail(failure);
             return;
@@ -181,7 +181,7 @@ void tellWayBack(stRun& run, const QList<stDifference>& differences) {
 QList<stDifference> differencesOf(stRun& run) {
     QList<stWantedValue> wanted;
     if (const stFailure failure =
-            wantedOf(planOf(run).entries, run.report.camera().serial, run.number, wanted)) {
+            wantedOf(profilesOf(run).entries, run.report.camera().serial, run.number, wanted)) {
         run.report.fail(failure);
         return {};
     }
@@ -252,7 +252,7 @@ stFailure prepareDiff(const stArguments& arguments, ClConsole& console,
 }
 
 void runDiff(stRun& run) {
-    if (planOf(run).others) {
+    if (profilesOf(run).others) {
         diffFiles(run);
         return;
     }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tour/TourStops.h"
 
+#include "pages/basic/ClBasicSettingText.h"
 #include "ui/ClButtonMode.h"
 #include "ui/ClButtonNetworkTab.h"
 #include "ui/ClLabelSsid.h"
@@ -88,19 +89,36 @@ std::vector<stStop> networkStops() {
     };
 }
 
+/// A dialog of the basic settings, behind the button that is called @p button.
+stStop basicSetting(const char* button, const char* name, std::vector<stStop> inner = {}) {
+    const auto enter = [button](const QWidget& shown) {
+        const QString text = ClBasicSettingText::tr(button);
+        const QList<QPushButton*> buttons = visible<QPushButton>(shown);
+        const auto found = std::ranges::find_if(buttons, [&text](const QPushButton* shownButton) {
+            // The name of the one with the camera's name is not its text.
+            return shownButton->text() == text || shownButton->accessibleName() == text;
+        });
+        if (found != buttons.end()) {
+            QTest::mouseClick(*found, Qt::LeftButton);
+        }
+        return found != buttons.end();
+    };
+    return {eStop::Dialog, name, enter, showsEverything, std::move(inner), button};
+}
+
 std::vector<stStop> basicSettingStops() {
     return {
-        dialog<0>("basic-setting-camera-name"),
-        dialog<1>("basic-setting-time-zone"),
-        dialog<2>("basic-setting-time", {dialog<1>("basic-setting-calendar")}),
-        dialog<3>("basic-setting-auto-wifi-off"),
-        dialog<4>("basic-setting-wifi-country"),
-        dialog<5>("basic-setting-auto-power-off"),
-        dialog<6>("basic-setting-led"),
-        dialog<7>("basic-setting-gps"),
-        dialog<8>("basic-setting-authorization"),
-        dialog<9>("basic-setting-interval"),
-        dialog<10>("basic-setting-image-quality"),
+        basicSetting("Setting camera name", "basic-setting-camera-name"),
+        basicSetting("Setting time zone", "basic-setting-time-zone"),
+        basicSetting("Setting time", "basic-setting-time", {dialog<1>("basic-setting-calendar")}),
+        basicSetting("Setting auto Wi-Fi off", "basic-setting-auto-wifi-off"),
+        basicSetting("Setting Wi-Fi country", "basic-setting-wifi-country"),
+        basicSetting("Setting auto power off", "basic-setting-auto-power-off"),
+        basicSetting("Setting LED", "basic-setting-led"),
+        basicSetting("Setting GPS", "basic-setting-gps"),
+        basicSetting("Setting user authorization", "basic-setting-authorization"),
+        basicSetting("Setting interval", "basic-setting-interval"),
+        basicSetting("Image quarity", "basic-setting-image-quality"),
     };
 }
 

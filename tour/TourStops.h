@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <functional>
 #include <vector>
 
 class QWidget;
@@ -17,10 +18,11 @@ struct stStop {
     const char* name;
     /// Does in the window or dialog on show what a user does to get there. Returns whether that was
     /// possible, perhaps only after a dialog has been closed.
-    bool (*enter)(const QWidget& shown);
+    std::function<bool(const QWidget& shown)> enter;
     /// Whether all that the place shows is there.
     bool (*isReady)(const QWidget& shown);
-    std::vector<stStop> inner;
+    std::vector<stStop> inner = {};
+    const char* button = nullptr;  ///< what the button is called that leads here, untranslated
 };
 
 /// Everything that the tool shows while a camera is connected, in the order of the modes.

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/ClMainWidget.h"
-#include "pages/ClWidgetCameraState.h"
 #include "pages/ClWidgetNotConnect.h"
+#include "pages/state/ClWidgetCameraState.h"
 #include "tests/app/BusBench.h"
 #include "tests/support/Patience.h"
 #include "tests/support/WithoutFileOverride.h"
@@ -59,7 +59,7 @@ void CameraAtStartTest::thatMayNotBeOpenedLeavesTheNotConnectedPage() {
     m_camera = m_bus.plug(std::make_shared<VirtualCamera>(), {.access = NodeAccess::Denied});
     QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"cannot be opened.*Access denied"_s));
     QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"TAG\\+=\"uaccess\""_s));
-    ClMainWidget window;
+    ClMainWidget window(SHORT_USB_TIMES);
     window.show();
     QVERIFY(shows<ClWidgetNotConnect>(window));
 
@@ -68,8 +68,6 @@ void CameraAtStartTest::thatMayNotBeOpenedLeavesTheNotConnectedPage() {
     TRY_VERIFY(shows<ClWidgetCameraState>(window));
 }
 
-int main(int argc, char** argv) {
-    return runOnBus<CameraAtStartTest>(argc, argv);
-}
+const TestSubject registered = subjectOnBus<CameraAtStartTest>();
 
 #include "CameraAtStartTest.moc"

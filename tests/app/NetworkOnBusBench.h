@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "pages/ClWidgetNetworkSetting.h"
-#include "pages/NetworkState.h"
+#include "pages/network/ClWidgetNetworkSetting.h"
+#include "pages/network/NetworkState.h"
 #include "tests/app/BusBench.h"
 #include "tests/support/NetworkUser.h"
 #include "ui/ClButtonApInfo.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "pages/ClWidgetStreamSetting.h"
+#include "pages/stream/ClWidgetStreamSetting.h"
 #include "tests/app/SettledBench.h"
 #include "tests/support/CommonErrors.h"
 #include "tests/support/DialogControls.h"
@@ -139,8 +139,6 @@ void StreamFailuresOnBusTest::aRequestWithoutAnswerIsReported() {
     QCOMPARE(m_bench->texts(), texts);
 }
 
-int main(int argc, char** argv) {
-    return runOnBus<StreamFailuresOnBusTest>(argc, argv);
-}
+const TestSubject registered = subjectOnBus<StreamFailuresOnBusTest>();
 
 #include "StreamFailuresOnBusTest.moc"

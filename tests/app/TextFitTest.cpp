@@ -2,14 +2,20 @@
 #include "tests/support/TextFit.h"
 
 #include "app/Startup.h"
+#include "pages/basic/BasicSettingRows.h"
 #include "tests/app/BusBench.h"
 #include "tour/ClTour.h"
+#include "ui/ClDialogBase.h"
 
 #include <QLocale>
 #include <QTranslator>
 
+#include <algorithm>
+#include <string_view>
+
 using namespace nubo::simulator;
 using namespace Qt::StringLiterals;
+using namespace std::string_view_literals;
 
 namespace {
 
@@ -53,12 +59,27 @@ public:
 
 private Q_SLOTS:
     static void initTestCase() { installFonts(); }
+    static void everyBasicSettingIsVisited();
     static void everyTextHasItsPlace_data();
     void everyTextHasItsPlace();
 
 private:
     VirtualUsbBus& m_bus;
 };
+
+void TextFitTest::everyBasicSettingIsVisited() {
+    const std::vector<stStop> stops = tourStops();
+    const auto page = std::ranges::find(stops, "basic-setting"sv, &stStop::name);
+    QVERIFY(page != stops.end());
+    for (const stBasicSettingRow& row : basicSettingRows()) {
+        const std::string_view button =
+            row.text != nullptr ? row.text : sectionCaption(row.section);
+        const auto leadsHere = [button](const stStop& stop) {
+            return stop.button != nullptr && button == stop.button;
+        };
+        QVERIFY2(std::ranges::any_of(page->inner, leadsHere), button.data());
+    }
+}
 
 void TextFitTest::everyTextHasItsPlace_data() {
     QTest::addColumn<QString>("catalogue");
@@ -88,7 +109,7 @@ void TextFitTest::everyTextHasItsPlace() {
 
     QStringList complaints;
     {
-        ClMainWidget window;
+        ClMainWidget window(SHORT_USB_TIMES);
         window.show();
         ClTour tour(window, [&complaints](const QWidget& shown, const QString& name) {
             for (const QString& complaint : misplacedTexts(shown)) {
@@ -103,8 +124,6 @@ void TextFitTest::everyTextHasItsPlace() {
     QVERIFY2(complaints.isEmpty(), qPrintable(u'\n' + complaints.join(u'\n')));
 }
 
-int main(int argc, char** argv) {
-    return runOnBus<TextFitTest>(argc, argv);
-}
+const TestSubject registered = subjectOnBus<TextFitTest>();
 
 #include "TextFitTest.moc"

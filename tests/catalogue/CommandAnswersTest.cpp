@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "protocol/NuboCommands.h"
 #include "tests/catalogue/CataloguePackets.h"
+#include "tests/support/SummerTime.h"
+#include "tests/support/TestSubject.h"
 #include "tests/support/WireText.h"
 
 #include <QTest>
@@ -39,6 +41,7 @@ private Q_SLOTS:
     void creationDaysAreReadFromText_data();
     void creationDaysAreReadFromText();
     void anInvalidTimeStandsForNow();
+    void aTimeThatSummerTimeSkipsHereIsReadAndSentAsItIs();
     void countriesAreTwoLetters_data();
     void countriesAreTwoLetters();
     void countriesAreSentLetterByLetter_data();
@@ -204,6 +207,26 @@ void CommandAnswersTest::anInvalidTimeStandsForNow() {
     QVERIFY(day.string() <= after.toString(format));
 }
 
+void CommandAnswersTest::aTimeThatSummerTimeSkipsHereIsReadAndSentAsItIs() {
+    const SummerTime here;
+    const QDateTime skipped = SummerTime::skipped();
+    QVERIFY(!skipped.isValid());
+    // 20260329 is 0x013525E9, 23005 is 0x59DD.
+    const QDateTime read =
+        answered<ClNuboCommandGetTime>(plainAnswer("e9253501 dd590000")).getTime();
+    QCOMPARE(read.date(), skipped.date());
+    QCOMPARE(read.time(), skipped.time());
+    const ClNuboCommandSetTime clock(skipped);
+    QCOMPARE(clock.param(1), 20260329U);
+    QCOMPARE(clock.param(2), 23005U);
+
+    const QDateTime day =
+        answered<ClNuboCommandGetCreateDay>(answerOf("2026/03/29 02:30:05")).getCreateDay();
+    QCOMPARE(day.date(), skipped.date());
+    QCOMPARE(day.time(), skipped.time());
+    QCOMPARE(ClNuboCommandSetCreateDay(skipped).string(), QStringLiteral("2026/03/29 02:30:05"));
+}
+
 void CommandAnswersTest::countriesAreTwoLetters_data() {
     QTest::addColumn<QByteArray>("letters");
     QTest::addColumn<QString>("country");
@@ -306,5 +329,5 @@ void CommandAnswersTest::shortAnswersReadAsZero() {
     QCOMPARE(answered<ClNuboCommandGetStreamAuthorizationPassword>(head).getPassword(), QString());
 }
 
-QTEST_GUILESS_MAIN(CommandAnswersTest)
+const TestSubject registered = subjectWithoutScreen<CommandAnswersTest>();
 #include "CommandAnswersTest.moc"

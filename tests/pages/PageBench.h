@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "pages/NetworkState.h"
+#include "pages/network/NetworkState.h"
 #include "protocol/CommandIdentifiers.h"
 #include "protocol/CommandMessage.h"
 #include "tests/pages/CameraMessages.h"

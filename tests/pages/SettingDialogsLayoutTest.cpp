@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
+#include "pages/basic/BasicSettingRows.h"
 #include "tests/pages/Dialogs.h"
+#include "tests/support/TestSubject.h"
 #include "tests/ui/TaggingTranslator.h"
+#include "ui/ClDialogBase.h"
 
 #include <QAccessible>
 #include <QComboBox>
@@ -31,7 +34,7 @@ class SettingDialogsLayoutTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { QCoreApplication::setApplicationName(u"Test program"_s); }
+    void initTestCase();
     void init();
     void cleanup() { m_dialog.reset(); }
 
@@ -52,6 +55,20 @@ private:
     stDialog m_row{};
     std::unique_ptr<QDialog> m_dialog;
 };
+
+void SettingDialogsLayoutTest::initTestCase() {
+    QCoreApplication::setApplicationName(u"Test program"_s);
+    // A dialog that the basic settings gain has to be among those that are looked at here.
+    QStringList classes;
+    for (const stDialog& row : dialogs()) {
+        classes.append(QString::fromLatin1(row.create()->metaObject()->className()));
+    }
+    for (const stBasicSettingRow& row : basicSettingRows()) {
+        const std::unique_ptr<ClDialogBase> dialog = row.createDialog(nullptr);
+        const char* name = dialog->metaObject()->className();
+        QVERIFY2(classes.contains(QString::fromLatin1(name)), name);
+    }
+}
 
 void SettingDialogsLayoutTest::init() {
     QFETCH(int, index);
@@ -152,5 +169,5 @@ void SettingDialogsLayoutTest::nothingIsCutOff() {
     }
 }
 
-QTEST_MAIN(SettingDialogsLayoutTest)
+const TestSubject registered = subjectWithWidgets<SettingDialogsLayoutTest>();
 #include "SettingDialogsLayoutTest.moc"

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "protocol/ClNuboCommandDataReceive.h"
-#include "protocol/ClNuboCommandIpv4.h"
-#include "protocol/ClNuboCommandRecord.h"
-#include "protocol/ClNuboCommandString.h"
+#include "protocol/DataPackets.h"
+#include "protocol/TextPackets.h"
+#include "tests/support/TestSubject.h"
 #include "tests/support/WireText.h"
 
 #include <QFile>
@@ -156,5 +155,5 @@ void ShortPacketTest::aDeclaredLengthAllocatesNoMoreThanArrived() {
     QVERIFY(peakMemory() - before < FAR_LESS_THAN_DECLARED_KIB);
 }
 
-QTEST_GUILESS_MAIN(ShortPacketTest)
+const TestSubject registered = subjectWithoutScreen<ShortPacketTest>();
 #include "ShortPacketTest.moc"

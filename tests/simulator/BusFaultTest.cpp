@@ -1,16 +1,18 @@
 // SPDX-License-Identifier: MIT
-#include <libusb.h>
-
-#include <QElapsedTimer>
-#include <QTest>
-#include <cerrno>
-#include <chrono>
-#include <set>
-
 #include "simulator/Fault.h"
 #include "simulator/VirtualUsbBus.h"
 #include "tests/simulator/ScriptedDevice.h"
 #include "tests/simulator/UsbHost.h"
+#include "tests/support/TestSubject.h"
+
+#include <QElapsedTimer>
+#include <QTest>
+
+#include <libusb.h>
+
+#include <cerrno>
+#include <chrono>
+#include <set>
 
 namespace nubo::simulator {
 
@@ -308,5 +310,5 @@ void BusFaultTest::everyFaultHasANameOfItsOwn() {
 
 }  // namespace nubo::simulator
 
-QTEST_GUILESS_MAIN(nubo::simulator::BusFaultTest)
+const TestSubject registered = subjectWithoutScreen<nubo::simulator::BusFaultTest>();
 #include "BusFaultTest.moc"

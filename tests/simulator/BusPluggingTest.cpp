@@ -1,16 +1,17 @@
 // SPDX-License-Identifier: MIT
+#include "simulator/VirtualCamera.h"
 #include "simulator/VirtualUsbBus.h"
-
-#include <libusb.h>
+#include "tests/simulator/BusBench.h"
+#include "tests/simulator/CameraTalk.h"
+#include "tests/support/TestSubject.h"
 
 #include <QElapsedTimer>
 #include <QTest>
+
+#include <libusb.h>
+
 #include <chrono>
 #include <future>
-
-#include "simulator/VirtualCamera.h"
-#include "tests/simulator/BusBench.h"
-#include "tests/simulator/CameraTalk.h"
 
 namespace nubo::simulator {
 
@@ -263,5 +264,5 @@ void BusPluggingTest::unknownDeviceIsLeftAlone() {
 
 }  // namespace nubo::simulator
 
-QTEST_GUILESS_MAIN(nubo::simulator::BusPluggingTest)
+const TestSubject registered = subjectWithoutScreen<nubo::simulator::BusPluggingTest>();
 #include "BusPluggingTest.moc"

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "pages/ClLabelWifiState.h"
-#include "pages/ClWidgetCameraState.h"
+#include "pages/state/ClLabelWifiState.h"
+#include "pages/state/ClWidgetCameraState.h"
 #include "ui/ClWidgetProgress.h"
 
 #include <QLabel>

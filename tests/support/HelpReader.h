@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "pages/ClWidgetHelp.h"
+#include "pages/help/ClWidgetHelp.h"
 
 #include <QLabel>
 #include <QStringList>

@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: MIT
+#include "tests/support/TestSubject.h"
 #include "tests/ui/Modal.h"
 #include "tests/ui/TaggingTranslator.h"
 #include "ui/ClDialogBase.h"
 #include "ui/ClMessageBox.h"
 
+#include <QApplication>
 #include <QLabel>
+#include <QProxyStyle>
 #include <QPushButton>
 #include <QScreen>
 #include <QTest>
@@ -27,6 +30,22 @@ QStringList buttonTexts(const ClMessageBox& box) {
     return texts;
 }
 
+/// The order of a desktop's buttons.
+class DesktopStyle : public QProxyStyle {
+public:
+    explicit DesktopStyle(int layout) : m_layout(layout) {}
+
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* returned) const override {
+        return hint == SH_DialogButtonLayout
+                   ? m_layout
+                   : QProxyStyle::styleHint(hint, option, widget, returned);
+    }
+
+private:
+    int m_layout;
+};
+
 QPushButton* button(const QDialog& box, const QString& text) {
     const auto buttons = box.findChildren<QPushButton*>();
     const auto found = std::ranges::find(buttons, text, &QPushButton::text);
@@ -48,6 +67,9 @@ private Q_SLOTS:
     void isAnsweredByItsButtons_data();
     void isAnsweredByItsButtons();
     void isRejectedWithoutAnAnswer();
+    void returnAcceptsUnlessRejectingIsPreferred_data();
+    void returnAcceptsUnlessRejectingIsPreferred();
+    void whatCannotBeRejectedIsAccepted();
     void centresTextAndButtons();
     void isAsLargeAsItsTextNeeds();
     void isNeverNarrowerThanADialog();
@@ -135,6 +157,54 @@ void MessageBoxTest::isRejectedWithoutAnAnswer() {
     QVERIFY(answer.closed());
 }
 
+void MessageBoxTest::returnAcceptsUnlessRejectingIsPreferred_data() {
+    QTest::addColumn<int>("layout");
+    QTest::addColumn<Buttons>("asked");
+    QTest::addColumn<bool>("prefersRejecting");
+    for (const int layout : {QDialogButtonBox::WinLayout, QDialogButtonBox::MacLayout,
+                             QDialogButtonBox::KdeLayout, QDialogButtonBox::GnomeLayout}) {
+        for (const bool prefersRejecting : {false, true}) {
+            const char* preferred = prefersRejecting ? "rejecting" : "accepting";
+            QTest::addRow("OK and Cancel, layout %d, %s", layout, preferred)
+                << layout << Buttons(QDialogButtonBox::Ok | QDialogButtonBox::Cancel)
+                << prefersRejecting;
+            QTest::addRow("Yes and No, layout %d, %s", layout, preferred)
+                << layout << Buttons(QDialogButtonBox::Yes | QDialogButtonBox::No)
+                << prefersRejecting;
+        }
+    }
+}
+
+void MessageBoxTest::returnAcceptsUnlessRejectingIsPreferred() {
+    QFETCH(int, layout);
+    QFETCH(Buttons, asked);
+    QFETCH(bool, prefersRejecting);
+    QApplication::setStyle(new DesktopStyle(layout));
+    for (const bool isFocusAsked : {false, true}) {
+        ClMessageBox box(nullptr, u"text"_s, u"title"_s, asked);
+        if (prefersRejecting) {
+            box.preferRejecting();
+        }
+        const ModalAnswer answer([&](QDialog& shown) {
+            QVERIFY(QTest::qWaitForWindowActive(&shown));
+            // The button with the focus is the default one, too, also for who looks for it.
+            const auto* focused = qobject_cast<QPushButton*>(shown.focusWidget());
+            QVERIFY(focused != nullptr && focused->isDefault());
+            QTest::keyClick(isFocusAsked ? shown.focusWidget() : &shown, Qt::Key_Return);
+        });
+        QCOMPARE(box.exec(), int(prefersRejecting ? QDialog::Rejected : QDialog::Accepted));
+        QVERIFY(answer.closed());
+    }
+}
+
+void MessageBoxTest::whatCannotBeRejectedIsAccepted() {
+    ClMessageBox box(nullptr, u"text"_s, u"title"_s, QDialogButtonBox::Ok);
+    box.preferRejecting();
+    const ModalAnswer answer([](QDialog& shown) { QTest::keyClick(&shown, Qt::Key_Return); });
+    QCOMPARE(box.exec(), int(QDialog::Accepted));
+    QVERIFY(answer.closed());
+}
+
 void MessageBoxTest::centresTextAndButtons() {
     ClMessageBox box(nullptr, u"text"_s, u"title"_s, QDialogButtonBox::Ok);
     box.show();
@@ -168,5 +238,5 @@ void MessageBoxTest::isNeverNarrowerThanADialog() {
     QCOMPARE(box.width(), 170);
 }
 
-QTEST_MAIN(MessageBoxTest)
+const TestSubject registered = subjectWithWidgets<MessageBoxTest>();
 #include "MessageBoxTest.moc"

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "tests/support/TestSubject.h"
 #include "tests/usb/FaultMatrix.h"
 
 #include <algorithm>
@@ -68,7 +69,7 @@ QList<stLoss> losses() {
 }  // namespace
 
 /// The camera goes during, and between, all transfers of all kinds of transactions. Every row has
-/// a camera of its own, so that the three seconds until an announcement pass for all together.
+/// a camera of its own.
 class FaultMatrixUnplugTest : public QObject {
     Q_OBJECT
 
@@ -158,5 +159,5 @@ void FaultMatrixUnplugTest::everyCameraWorksWhenItIsBack() {
     }
 }
 
-QTEST_GUILESS_MAIN(FaultMatrixUnplugTest)
+const TestSubject registered = subjectWithoutScreen<FaultMatrixUnplugTest>();
 #include "FaultMatrixUnplugTest.moc"

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "tests/support/TestSubject.h"
 #include "tests/usb/ControllerBench.h"
 
 #include <QSignalSpy>
@@ -142,6 +143,11 @@ void UsbControllerTest::findsItsEndpointsAnew() {
     QCOMPARE(bench.controller.open(), 0);
     QCOMPARE(bench.controller.findEndpoints(), 0);
     QCOMPARE(int{bench.controller.getEndPoint(0x80)}, 0x81);
+
+    // Nothing is left of those that were found before.
+    bench.bus.setBusyInterfaces(bench.id, {0});
+    QCOMPARE(bench.controller.findEndpoints(), int{LIBUSB_ERROR_NOT_FOUND});
+    QCOMPARE(int{bench.controller.getEndPoint(0x80)}, 0);
 }
 
 void UsbControllerTest::findsNoEndpointsWithoutAnOpenDevice() {
@@ -213,5 +219,5 @@ void UsbControllerTest::closingGivesEverythingBack() {
     QCOMPARE(second.open(), 0);
 }
 
-QTEST_GUILESS_MAIN(UsbControllerTest)
+const TestSubject registered = subjectWithoutScreen<UsbControllerTest>();
 #include "UsbControllerTest.moc"

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "protocol/CommandIdentifiers.h"
+#include "tests/support/TestSubject.h"
 #include "tests/usb/ManagerBench.h"
 
 #include <QSemaphore>
@@ -8,6 +9,9 @@
 using namespace nubo::simulator;
 
 namespace {
+
+constexpr stUsbTimes ENDLESS_WAIT{.search = SHORT_USB_TIMES.search,
+                                  .connectWait = std::chrono::hours(1)};
 
 /// The transfers that the device has finished, and no more than one that was under way.
 std::uint64_t transfersWithTheOneUnderWay(const ManagerBench& bench, DeviceId camera) {
@@ -59,7 +63,7 @@ void UsbManagerShutdownTest::anOpenCameraIsGivenBackWithoutAMessage_data() {
 
 void UsbManagerShutdownTest::anOpenCameraIsGivenBackWithoutAMessage() {
     QFETCH(const int, announced);
-    ManagerBench bench;
+    ManagerBench bench(announced == 0 ? ENDLESS_WAIT : SHORT_USB_TIMES);
     const DeviceId camera = bench.plugCamera();
     QCOMPARE(bench.start(), 0);
     QVERIFY(bench.ui.waitForOpened(announced));
@@ -136,5 +140,5 @@ void UsbManagerShutdownTest::aManagerEndsInTheMiddleOfItsSearch() {
     TRY_VERIFY(openFileCount() <= files);
 }
 
-QTEST_GUILESS_MAIN(UsbManagerShutdownTest)
+const TestSubject registered = subjectWithoutScreen<UsbManagerShutdownTest>();
 #include "UsbManagerShutdownTest.moc"

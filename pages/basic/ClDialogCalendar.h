@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ui/ClDialogBase.h"
+
+class QCalendarWidget;
+
+/// Asks for a date of the years that the camera's clock knows.
+///
+/// Parameters in and out: the date (QDate); an invalid one leaves what is selected. Main thread.
+class ClDialogCalendar : public ClDialogBase {
+    Q_OBJECT
+
+public:
+    static constexpr int FIRST_YEAR = 2000;
+    static constexpr int LAST_YEAR = 2100;
+
+    explicit ClDialogCalendar(QWidget* parent = nullptr);
+
+    void setParam(const QVariantList& params) override;
+    [[nodiscard]] QVariantList getParam() override;
+
+private:
+    QCalendarWidget* m_calendar;
+};

@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "pages/common/ClControlGroup.h"
+
+#include <array>
+#include <cstdint>
+
+class QSpinBox;
+
+/// A time in hours, minutes and seconds, with the range that it may have written beside it: from a
+/// least time to 72 hours.
+///
+/// The three boxes limit only themselves. The owner listens to sigValueChanged() and calls
+/// keepInRange(). Main thread.
+class ClTimeRow : public ClControlGroup {
+    Q_OBJECT
+
+public:
+    /// @p least in seconds, below an hour.
+    ClTimeRow(unsigned int least, QWidget* parent);
+
+    /// Shows @p seconds, or the end of the range next to it.
+    void setSeconds(unsigned int seconds);
+    [[nodiscard]] unsigned int seconds() const;
+
+    /// Makes minutes and seconds 0 at the greatest hour, and raises a time that is below the least.
+    void keepInRange();
+
+Q_SIGNALS:
+    /// One of the boxes was changed, by the user or by keepInRange().
+    void sigValueChanged(int value);
+
+private:
+    enum Unit : std::uint8_t { Hours, Minutes, Seconds, UNITS };
+
+    unsigned int m_least;
+    std::array<QSpinBox*, UNITS> m_boxes{};
+};

@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: MIT
+#include "pages/network/ClWidgetAdhoc.h"
+
+#include "pages/common/PageParts.h"
+#include "pages/network/ClNetworkText.h"
+#include "pages/network/NetworkParts.h"
+#include "pages/network/NetworkState.h"
+#include "protocol/CommandIdentifiers.h"
+#include "ui/ClLabelSepalator.h"
+#include "ui/ClLabelSsid.h"
+#include "ui/Ipv4.h"
+
+#include <QCheckBox>
+#include <QLineEdit>
+
+namespace {
+
+constexpr QPoint USE_PLACE{27, 27};
+constexpr int NETWORK_CAPTION_RIGHT = 228;
+constexpr QPoint SSID_PLACE{276, 65};
+constexpr QPoint KEY_PLACE{276, 95};
+constexpr int VALUE_WIDTH = 309;
+constexpr QPoint SEPARATOR_PLACE{0, 142};
+constexpr QPoint ADDRESS_TITLE_PLACE{36, 178};
+constexpr int ADDRESS_Y = 211;
+constexpr int SUBNETMASK_Y = 250;
+constexpr int BUTTONS_Y = 424;
+
+}  // namespace
+
+ClWidgetAdhoc::ClWidgetAdhoc(QWidget* parent)
+    : ClWidgetAddressForm(parent),
+      m_useAdhoc(new QCheckBox(
+          ClNetworkText::tr("Connect %1 on startup").arg(ClNetworkText::tr("Adhoc")), this)) {
+    m_useAdhoc->move(USE_PLACE);
+    connect(m_useAdhoc, &QCheckBox::clicked, this, &ClWidgetAdhoc::slotClicked);
+    buildNetwork();
+    (new ClLabelSepalator(this))->move(SEPARATOR_PLACE);
+    buildAddresses();
+    addButtons(BUTTONS_Y);
+}
+
+void ClWidgetAdhoc::buildNetwork() {
+    const auto addRow = [this](const QString& caption, QPoint place, const QUuid& request,
+                               const QUuid& answer) {
+        addCaption(caption, NETWORK_CAPTION_RIGHT, place.y(), this);
+        auto* value = new ClLabelSsid(this);
+        setBold(value);
+        value->move(place);
+        addItem({request,
+                 answer,
+                 {},
+                 [value](const QVariant& read) {
+                     value->setText(read.toString());
+                     value->fitInto(VALUE_WIDTH);
+                 },
+                 [value] { return value->text(); }});
+        return value;
+    };
+    m_ssid = addRow(ClNetworkText::tr("SSID of adhoc"), SSID_PLACE, USB_REQ_NUBO_CMD_GET_SSID,
+                    USB_RES_NUBO_CMD_GET_SSID);
+    m_key = addRow(ClNetworkText::tr("Encryption key of adhoc"), KEY_PLACE,
+                   USB_REQ_NUBO_CMD_GET_ADHOCKEY, USB_RES_NUBO_CMD_GET_ADHOCKEY);
+}
+
+void ClWidgetAdhoc::buildAddresses() {
+    addLabel(ClNetworkText::tr("Set the IP Adderss and Subnetmask when connect by adhoc"),
+             ADDRESS_TITLE_PLACE, this);
+    m_address = addAddressRow(ClNetworkText::tr("IP Address"), ADDRESS_Y).edit;
+    m_subnetmask = addAddressRow(ClNetworkText::tr("Subnetmask"), SUBNETMASK_Y).edit;
+    addAddress(USB_REQ_NUBO_CMD_GET_ADHOC_ADDRESS, USB_RES_NUBO_CMD_GET_ADHOC_ADDRESS,
+               USB_NUBO_CMD_SET_ADHOC_ADDRESS, m_address);
+    addAddress(USB_REQ_NUBO_CMD_GET_ADHOC_SUBNETMASK, USB_RES_NUBO_CMD_GET_ADHOC_SUBNETMASK,
+               USB_NUBO_CMD_SET_ADHOC_SUBNETMASK, m_subnetmask);
+}
+
+void ClWidgetAdhoc::showInit(bool /*isPolling*/) {
+    reads().startAt(m_ssid->text().isEmpty() ? USB_REQ_NUBO_CMD_GET_SSID
+                                             : USB_REQ_NUBO_CMD_GET_ADHOC_ADDRESS);
+}
+
+void ClWidgetAdhoc::setUseAdhoc(bool isUsed) {
+    m_useAdhoc->setChecked(isUsed && g_bIsWifiON);
+}
+
+void ClWidgetAdhoc::slotClicked() {
+    if (sender() == m_useAdhoc) {
+        Q_EMIT sigUseAdhoc(m_useAdhoc->isChecked());
+    } else {
+        ClWidgetAddressForm::slotClicked();
+    }
+}
+
+bool ClWidgetAdhoc::isValid() const {
+    return validSubnetmask(m_subnetmask->text()) && validIpv4(m_address->text());
+}
+
+void ClWidgetAdhoc::leave() {
+    Q_EMIT sigEndSetting(INFRASTRUCTURE_TAB);
+}

@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: MIT
+#include "pages/network/NetworkParts.h"
+
+#include "pages/common/PageParts.h"
+#include "pages/network/ClNetworkText.h"
+
+#include <QDialogButtonBox>
+#include <QEvent>
+#include <QLineEdit>
+#include <QPushButton>
+
+namespace {
+
+constexpr int BOX_RIGHT = 585;
+
+/// Its accepting button does not look as if it had the keyboard. In a dialog that look goes to
+/// whatever button has it; on a page it would stay.
+class PageButtonBox : public QDialogButtonBox {
+protected:
+    bool event(QEvent* event) override {
+        const bool isHandled = QDialogButtonBox::event(event);
+        if (event->type() == QEvent::Show) {
+            for (QPushButton* button : findChildren<QPushButton*>()) {
+                button->setDefault(false);
+            }
+        }
+        return isHandled;
+    }
+};
+
+}  // namespace
+
+std::unique_ptr<QDialogButtonBox> createPageButtonBox(const QString& accept,
+                                                      const QString& reject) {
+    std::unique_ptr<QDialogButtonBox> box = std::make_unique<PageButtonBox>();
+    box->addButton(accept, QDialogButtonBox::AcceptRole);
+    box->addButton(reject, QDialogButtonBox::RejectRole);
+    return box;
+}
+
+QDialogButtonBox* addDecisionBox(int y, QWidget* page) {
+    QDialogButtonBox* box =
+        createPageButtonBox(ClNetworkText::tr("Decision"), ClNetworkText::tr("Back")).release();
+    box->setParent(page);
+    for (QAbstractButton* button : box->buttons()) {
+        button->setMinimumSize(BUTTON_MINIMUM);
+        if (box->buttonRole(button) == QDialogButtonBox::AcceptRole) {
+            for (const QLineEdit* edit : page->findChildren<QLineEdit*>()) {
+                QObject::connect(edit, &QLineEdit::returnPressed, button, &QAbstractButton::click);
+            }
+        }
+    }
+    moveEndTo(box, BOX_RIGHT, y);
+    return box;
+}
