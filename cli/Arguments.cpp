@@ -64,7 +64,7 @@ public:
         m_app.set_help_flag();
         m_app.require_subcommand(0, 1);
         addOptions(m_app, commonOptions());
-        m_app.add_flag("--version", "");
+        m_app.add_flag("--version");
         for (const stVerb& verb : verbs()) {
             CLI::App* const sub = m_app.add_subcommand(std::string(verb.name), "");
             sub->set_help_flag();
@@ -101,7 +101,7 @@ private:
         for (const stOption& option : options) {
             const std::string name(option.name);
             CLI::Option* const added =
-                option.value.empty() ? app.add_flag(name, "") : app.add_option(name, "");
+                option.value.empty() ? app.add_flag(name) : app.add_option(name, "");
             if (!option.value.empty()) {
                 added->type_size(1);
                 added->expected(1);

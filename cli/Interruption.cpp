@@ -13,10 +13,12 @@ namespace {
 constexpr int STEP_MS = 20;
 
 std::atomic<bool> g_isRequested = false;
+std::atomic<bool> g_refusesNext = false;
+std::atomic<bool> g_isRefused = false;
 static_assert(std::atomic<bool>::is_always_lock_free, "set by a signal handler");
 
 void takeSignal(int /*number*/) {
-    g_isRequested = true;
+    Interruption::request();
 }
 
 }  // namespace
@@ -32,8 +34,13 @@ void Interruption::watchSignals() {
     sigaction(SIGPIPE, &action, nullptr);
 }
 
+// In the handler of a signal too.
 void Interruption::request() {
-    g_isRequested = true;
+    if (g_refusesNext.exchange(false)) {
+        g_isRefused = true;
+    } else {
+        g_isRequested = true;
+    }
 }
 
 void Interruption::reset() {
@@ -42,6 +49,19 @@ void Interruption::reset() {
 
 bool Interruption::isRequested() {
     return g_isRequested;
+}
+
+Interruption::Refusal::Refusal() {
+    g_isRefused = false;
+    g_refusesNext = true;
+}
+
+Interruption::Refusal::~Refusal() {
+    g_refusesNext = false;
+}
+
+bool Interruption::Refusal::takeRefused() {
+    return g_isRefused.exchange(false);
 }
 
 bool Interruption::sleep(int milliseconds) {

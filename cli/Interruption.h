@@ -13,6 +13,19 @@ void request();
 void reset();
 [[nodiscard]] bool isRequested();
 
+/// While it lives, the first wish to end is refused: what is under way must not stay half done.
+/// The second one is heard. One at a time.
+class Refusal {
+public:
+    Refusal();
+    ~Refusal();
+    Refusal(const Refusal&) = delete;
+    Refusal& operator=(const Refusal&) = delete;
+
+    /// Whether a wish was refused since the last call.
+    [[nodiscard]] static bool takeRefused();
+};
+
 /// Waits @p milliseconds, or until the user wishes to end. @return whether the time has passed.
 bool sleep(int milliseconds);
 

@@ -3,11 +3,9 @@
 #include "cli/ClReport.h"
 #include "cli/ClSession.h"
 #include "cli/Interruption.h"
+#include "cli/Readings.h"
 #include "cli/Verbs.h"
 #include "settings/SettingTable.h"
-#include "settings/SettingValue.h"
-
-#include <QLocale>
 
 #include <array>
 
@@ -30,36 +28,10 @@ struct stStatusPlan : stVerbPlan {
     int pauseMs = 0;  ///< between two looks; 0: one is enough
 };
 
-QString readable(const stSetting& row, const QVariant& value) {
-    if (row.kind == SettingKind::Capacity) {
-        return QLocale::c().formattedDataSize(value.toLongLong());
-    }
-    const QString text = valueText(row, value);
-    return row.unit.empty() ? text : text + u' ' + toText(row.unit);
-}
-
-/// A line a value for people, and the settings for programs.
-void tell(ClSession& camera, ClReport& report, std::span<const stSetting* const> rows) {
-    constexpr int WIDTH = 18;
-    for (const stSetting* const row : rows) {
-        QVariant value;
-        const unsigned short result = camera.settings().read(*row, value);
-        if (result == 0) {
-            report.addReading(*row, value,
-                              toText(row->key).leftJustified(WIDTH) + readable(*row, value));
-        } else {
-            report.addError(toText(row->key), result);
-        }
-        if (!report.isLinkUp()) {
-            return;
-        }
-    }
-}
-
 }  // namespace
 
 void runInfo(stRun& run) {
-    tell(*run.camera, run.report, IDENTITY);
+    tellReadings(*run.camera, run.report, IDENTITY);
 }
 
 stFailure prepareStatus(const stArguments& arguments, ClConsole& /*console*/,
@@ -85,14 +57,14 @@ stFailure prepareStatus(const stArguments& arguments, ClConsole& /*console*/,
 void runStatus(stRun& run) {
     const int pauseMs = static_cast<const stStatusPlan&>(*run.plan).pauseMs;
     if (pauseMs == 0) {
-        tell(*run.camera, run.report, STATE);
+        tellReadings(*run.camera, run.report, STATE);
         return;
     }
     run.report.setIsTold();
     do {
         ClReport look(run.report.camera(), false);
         run.camera->settings().forget();
-        tell(*run.camera, look, STATE);
+        tellReadings(*run.camera, look, STATE);
         if (!look.isLinkUp()) {
             run.report.take(look);
             return;
