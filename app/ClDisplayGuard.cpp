@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/ClDisplayGuard.h"
 
+#include <QDebug>
 #include <QList>
 #include <QMessageLogger>
 #include <QMutex>

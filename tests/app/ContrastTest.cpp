@@ -8,6 +8,7 @@
 #include "tour/ClTour.h"
 #include "ui/ApInfoLook.h"
 #include "ui/ClButtonApInfo.h"
+#include "ui/ClCaptionBar.h"
 #include "ui/ClLinkCheck.h"
 #include "ui/ClRollOverToolBtn.h"
 #include "ui/ClWidgetApInfo.h"
