@@ -40,12 +40,17 @@ stFailure persist(const stArguments& arguments, Attempt attempt) {
     }
 }
 
+/// What the camera itself tells, if it can be asked.
+QString toldSerial(const stCamera& camera) {
+    stFailure failure;
+    const std::unique_ptr<ClSession> session = ClCameraFinder::open(camera, failure);
+    return session ? serialOf(*session) : QString();
+}
+
 QString listed(const std::vector<stCamera>& cameras) {
     QStringList places;
     for (const stCamera& camera : cameras) {
-        stFailure failure;
-        const std::unique_ptr<ClSession> session = ClCameraFinder::open(camera, failure);
-        const QString serial = session ? serialOf(*session) : QString();
+        const QString serial = camera.serial.isEmpty() ? toldSerial(camera) : camera.serial;
         places.append(serial.isEmpty() ? camera.port
                                        : QStringLiteral("%1 (%2)").arg(camera.port, serial));
     }
@@ -76,7 +81,7 @@ stFailure chooseBySerial(const QString& serial, std::vector<stCamera>& cameras) 
 
 stFailure chooseByName(const QString& name, std::vector<stCamera>& cameras) {
     const auto found = std::ranges::find_if(cameras, [&name](const stCamera& camera) {
-        return camera.port == name || camera.place() == name;
+        return camera.port == name || camera.place() == name || camera.serial == name;
     });
     if (found == cameras.end()) {
         return chooseBySerial(name, cameras);

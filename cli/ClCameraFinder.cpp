@@ -4,6 +4,8 @@
 #include "cli/ClSession.h"
 #include "cli/NodeHolders.h"
 
+#include <QFile>
+
 #include <algorithm>
 #include <array>
 
@@ -25,6 +27,12 @@ QString portOf(libusb_device* device) {
         port += (i == 0 ? u'-' : u'.') + QString::number(ports[static_cast<std::size_t>(i)]);
     }
     return port;
+}
+
+/// What the system has read from the device when it was plugged in: it needs no rights.
+QString serialAt(const QString& port) {
+    QFile file(QStringLiteral("/sys/bus/usb/devices/%1/serial").arg(port));
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()).trimmed() : QString();
 }
 
 stFailure openingFailure(const stCamera& camera, int result) {
@@ -66,8 +74,9 @@ std::vector<stCamera> ClCameraFinder::look() {
     std::vector<stCamera> cameras;
     for (libusb_device* const device : m_devices.devices()) {
         if (isCamera(device)) {
-            cameras.push_back({device, portOf(device), libusb_get_bus_number(device),
-                               libusb_get_device_address(device)});
+            const QString port = portOf(device);
+            cameras.push_back({device, port, libusb_get_bus_number(device),
+                               libusb_get_device_address(device), serialAt(port)});
         }
     }
     // Shorter first: "1-9" before "1-10".

@@ -16,7 +16,8 @@ struct stCamera {
     libusb_device* device = nullptr;  ///< belongs to the finder's list
     QString port{};                   ///< as in "1-2"
     int bus = 0;
-    int number = 0;  ///< of the device on its bus
+    int number = 0;    ///< of the device on its bus
+    QString serial{};  ///< as its USB descriptors tell it; empty when they do not
 
     /// As in "1:5".
     [[nodiscard]] QString place() const { return QStringLiteral("%1:%2").arg(bus).arg(number); }

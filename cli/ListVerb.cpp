@@ -56,8 +56,9 @@ void runList(stRun& run) {
     const std::vector<stCamera> cameras = run.finder.look();
     run.report.setIsTold();
     for (const stCamera& camera : cameras) {
-        stRow row{camera};
-        if (const auto session = ClCameraFinder::open(camera, row.obstacle)) {
+        stRow row{camera, camera.serial};
+        if (const auto session = ClCameraFinder::open(camera, row.obstacle);
+            session && row.serial.isEmpty()) {
             row.serial = serialOf(*session);
         }
         if (run.arguments.isJson()) {

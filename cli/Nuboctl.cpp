@@ -80,7 +80,7 @@ void identify(ClSession& session, ClReport& report, bool isWanted) {
 
 ExitCode runOn(const stCamera& camera, const stWork& work, int number = 1) {
     const stArguments& arguments = work.arguments;
-    ClReport report({{}, camera.port, camera.bus, camera.number, {}},
+    ClReport report({camera.serial, camera.port, camera.bus, camera.number, {}},
                     arguments.has("show-secrets") || arguments.has("secrets"));
     stFailure failure;
     if (const std::unique_ptr<ClSession> session = openCamera(arguments, camera, failure)) {

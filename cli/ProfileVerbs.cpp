@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "cli/CameraChoice.h"
 #include "cli/ClConsole.h"
 #include "cli/ClReport.h"
 #include "cli/ClSession.h"
@@ -45,11 +46,14 @@ bool readKept(stRun& run, QList<stSettingChange>& values) {
     return true;
 }
 
+/// The serial number of the camera, for what stands for it in values and names.
+QString serialFor(const stRun& run) {
+    const QString& known = run.report.camera().serial;
+    return known.isEmpty() ? serialOf(*run.camera) : known;
+}
+
 QString profileOf(const stRun& run, const QList<stSettingChange>& values) {
-    QVariant serial;
-    const bool isKnown = run.camera->settings().read(setting("identity.serial"), serial) == 0;
-    QString text = QStringLiteral("# Settings of camera %1\n")
-                       .arg(isKnown ? serial.toString() : QStringLiteral("unknown"));
+    QString text = QStringLiteral("# Settings of camera %1\n").arg(serialFor(run));
     for (const stSettingChange& value : values) {
         text += QStringLiteral("%1 = %2\n")
                     .arg(toText(value.setting->key), profileValue(*value.setting, value.value));
@@ -123,8 +127,8 @@ void tellDifference(ClReport& report, const stSetting& row, const QVariant& befo
 void diffFiles(stRun& run) {
     QList<stWantedValue> before;
     QList<stWantedValue> after;
-    for (const auto& [entries, wanted] :
-         {std::pair(&profilesOf(run).entries, &before), std::pair(&*profilesOf(run).others, &after)}) {
+    for (const auto& [entries, wanted] : {std::pair(&profilesOf(run).entries, &before),
+                                          std::pair(&*profilesOf(run).others, &after)}) {
         if (const stFailure failure = wantedOf(*entries, {}, 1, *wanted)) {
             run.report.fail(failure);
             return;
@@ -181,7 +185,7 @@ void tellWayBack(stRun& run, const QList<stDifference>& differences) {
 QList<stDifference> differencesOf(stRun& run) {
     QList<stWantedValue> wanted;
     if (const stFailure failure =
-            wantedOf(profilesOf(run).entries, run.report.camera().serial, run.number, wanted)) {
+            wantedOf(profilesOf(run).entries, serialFor(run), run.number, wanted)) {
         run.report.fail(failure);
         return {};
     }
@@ -198,7 +202,7 @@ stFailure checkValues(const QList<stProfileEntry>& entries) {
 
 void runExport(stRun& run) {
     const QString path =
-        filledIn(run.arguments.values.value(0, STANDARD), run.report.camera().serial, run.number);
+        filledIn(run.arguments.values.value(0, STANDARD), serialFor(run), run.number);
     QList<stSettingChange> values;
     if (!readKept(run, values)) {
         return;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "settings/SettingTable.h"
 #include "tests/cli/CliBench.h"
+#include "tests/support/TestSubject.h"
 
 #include <QSet>
 #include <QTest>
@@ -267,5 +268,5 @@ void SettingsOnBusTest::getTellsGroupsAndPatterns() {
 
 Q_DECLARE_METATYPE(stValueRow)
 
-QTEST_GUILESS_MAIN(SettingsOnBusTest)
+const TestSubject registered = subjectWithoutApplication<SettingsOnBusTest>();
 #include "SettingsOnBusTest.moc"
