@@ -146,12 +146,20 @@ void update(stRun& run, const stFirmwarePlan& plan, const QString& before, QJson
         return;
     }
     run.console.warn(QStringLiteral("the camera updates itself: do not unplug it"));
+    const int patienceMs = static_cast<int>(plan.patienceS * MS_PER_SECOND);
     stCameraIdentity after;
-    const stFailure failure =
-        waitForReturn(run.report.camera(), static_cast<int>(plan.patienceS * MS_PER_SECOND), after,
-                      [&run] { explainRefusal(run.console); });
+    const stFailure failure = waitForReturn(run.report.camera(), {patienceMs, patienceMs}, after,
+                                            [&run] { explainRefusal(run.console); });
     if (failure) {
         run.report.fail(failure);
+        return;
+    }
+    if (after.device == run.report.camera().device) {
+        run.report.fail({ExitCode::LinkFailed,
+                         QStringLiteral("the camera has taken the image, and has not restarted "
+                                        "within %1 s")
+                             .arg(plan.patienceS),
+                         {}});
         return;
     }
     told.insert(QStringLiteral("after"), after.firmware);

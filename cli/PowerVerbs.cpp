@@ -22,19 +22,31 @@ bool act(stRun& run, ClNuboCommand&& command, const QString& what, const QString
     return true;
 }
 
-void waitBack(stRun& run) {
+enum class Leaving { Surely, Perhaps };
+
+/// Waits for the camera, where it is wished.
+void waitBack(stRun& run, Leaving leaving) {
+    constexpr int PERHAPS_MS = 3000;
     const double patienceS = static_cast<const stPowerPlan&>(*run.plan).patienceS;
     if (patienceS == 0) {
         return;
     }
+    const int patienceMs = static_cast<int>(patienceS * MS_PER_SECOND);
+    const stCameraIdentity& before = run.report.camera();
     stCameraIdentity after;
-    if (const stFailure failure = waitForReturn(
-            run.report.camera(), static_cast<int>(patienceS * MS_PER_SECOND), after)) {
+    const stFailure failure = waitForReturn(
+        before, {leaving == Leaving::Surely ? patienceMs : PERHAPS_MS, patienceMs}, after);
+    if (failure) {
         run.report.fail(failure);
-        return;
+    } else if (after.device != before.device) {
+        run.report.addLine(QStringLiteral("back as %1:%2").arg(after.bus).arg(after.device));
+        run.report.addMember(QStringLiteral("back"), cameraJson(after));
+    } else if (leaving == Leaving::Surely) {
+        run.report.fail(
+            {ExitCode::LinkFailed,
+             QStringLiteral("the camera has not left the bus within %1 s").arg(patienceS),
+             {}});
     }
-    run.report.addLine(QStringLiteral("back as %1:%2").arg(after.bus).arg(after.device));
-    run.report.addMember(QStringLiteral("back"), cameraJson(after));
 }
 
 }  // namespace
@@ -56,7 +68,7 @@ stFailure prepareReset(const stArguments& arguments, ClConsole& console,
 
 void runRestart(stRun& run) {
     if (act(run, ClNuboCommandRestart(), QStringLiteral("restart"), QStringLiteral("restarts"))) {
-        waitBack(run);
+        waitBack(run, Leaving::Surely);
     }
 }
 
@@ -72,10 +84,5 @@ void runReset(stRun& run) {
                             QStringLiteral("settings are at their defaults"))) {
         return;
     }
-    const double patienceS = static_cast<const stPowerPlan&>(*run.plan).patienceS;
-    // What the settings came to takes effect when the camera starts.
-    if (patienceS > 0 &&
-        act(run, ClNuboCommandRestart(), QStringLiteral("restart"), QStringLiteral("restarts"))) {
-        waitBack(run);
-    }
+    waitBack(run, Leaving::Perhaps);
 }

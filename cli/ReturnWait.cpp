@@ -36,22 +36,29 @@ bool answers(const stCamera& camera, stCameraIdentity& after, stFailure& obstacl
 
 }  // namespace
 
-stFailure waitForReturn(const stCameraIdentity& before, int patienceMs, stCameraIdentity& after,
-                        const std::function<void()>& betweenLooks) {
+stFailure waitForReturn(const stCameraIdentity& before, const stReturnPatience& patience,
+                        stCameraIdentity& after, const std::function<void()>& betweenLooks) {
     ClCameraFinder finder;
     if (const stFailure failure = finder.start()) {
         return failure;
     }
-    const QDeadlineTimer patience(patienceMs);
-    stFailure obstacle;
+    const QDeadlineTimer leaving(patience.leavingMs);
+    const QDeadlineTimer returning(patience.returningMs);
+    stFailure obstacle{ExitCode::LinkFailed,
+                       QStringLiteral("the camera has not come back within %1 s")
+                           .arg(patience.returningMs / MS_PER_SECOND),
+                       {}};
     bool isGone = false;
-    while (!patience.hasExpired()) {
+    while (!returning.hasExpired()) {
         const std::vector<stCamera> cameras = finder.look();
         const auto found = std::ranges::find(cameras, before.port, &stCamera::port);
         const bool isThere = found != cameras.end();
         isGone = isGone || !isThere || found->number != before.device;
         if (isThere && isGone && answers(*found, after, obstacle)) {
             return {};
+        }
+        if (!isGone && leaving.hasExpired()) {
+            break;
         }
         if (betweenLooks) {
             betweenLooks();
@@ -61,12 +68,9 @@ stFailure waitForReturn(const stCameraIdentity& before, int patienceMs, stCamera
                 ExitCode::Interrupted, QStringLiteral("interrupted while the camera is away"), {}};
         }
     }
-    if (obstacle) {
-        return obstacle;
+    if (!isGone) {
+        after = before;
+        return {};
     }
-    const int seconds = patienceMs / MS_PER_SECOND;
-    return {ExitCode::LinkFailed,
-            isGone ? QStringLiteral("the camera has not come back within %1 s").arg(seconds)
-                   : QStringLiteral("the camera has not left the bus within %1 s").arg(seconds),
-            {}};
+    return obstacle;
 }

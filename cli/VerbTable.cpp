@@ -54,7 +54,8 @@ constexpr std::array RESTART_OPTIONS{
 };
 
 constexpr std::array RESET_OPTIONS{
-    stOption{"--wait-back", "S", "restarts the camera, and waits S seconds for it (60)", "60"},
+    stOption{"--wait-back", "S", "waits until a camera that restarts then is back, S seconds (60)",
+             "60"},
 };
 
 constexpr std::array PICTURE_OPTIONS{

@@ -81,11 +81,11 @@ void ProfileTest::aProfileOfOneCameraMakesAnotherEqual() {
     QVERIFY(m_first->set("stream-password", "beacon"));
     QVERIFY(m_first->set("wifi", "off"));
     const QString profile = file("all.nubo");
-    QCOMPARE(CliBench::run({u"-c"_s, u"1-1"_s, u"export"_s, u"--secrets"_s, profile}).exit, 0);
-    QCOMPARE(CliBench::run({u"-c"_s, u"1-2"_s, u"diff"_s, profile}).exit, 1);
-    const stRunResult apply = CliBench::run({u"-c"_s, u"1-2"_s, u"apply"_s, profile});
+    QCOMPARE(CliBench::run({u"-c"_s, u"1-2"_s, u"export"_s, u"--secrets"_s, profile}).exit, 0);
+    QCOMPARE(CliBench::run({u"-c"_s, u"1-3"_s, u"diff"_s, profile}).exit, 1);
+    const stRunResult apply = CliBench::run({u"-c"_s, u"1-3"_s, u"apply"_s, profile});
     QVERIFY2(apply.exit == 0, qPrintable(apply.err));
-    QCOMPARE(CliBench::run({u"-c"_s, u"1-2"_s, u"diff"_s, profile}).exit, 0);
+    QCOMPARE(CliBench::run({u"-c"_s, u"1-3"_s, u"diff"_s, profile}).exit, 0);
     for (const char* const item :
          {"camera-name", "infra-ssid", "gps-log-format", "interval", "stream-password", "wifi"}) {
         QCOMPARE(m_second->item(item), m_first->item(item));
@@ -95,8 +95,8 @@ void ProfileTest::aProfileOfOneCameraMakesAnotherEqual() {
 void ProfileTest::secretsAreLeftOutUnlessAskedForAndThenForTheOwnerAlone() {
     const QString open = file("open.nubo");
     const QString secret = file("secret.nubo");
-    QCOMPARE(CliBench::run({u"-c"_s, u"1-1"_s, u"export"_s, open}).exit, 0);
-    QCOMPARE(CliBench::run({u"-c"_s, u"1-1"_s, u"export"_s, secret, u"--secrets"_s}).exit, 0);
+    QCOMPARE(CliBench::run({u"-c"_s, u"1-2"_s, u"export"_s, open}).exit, 0);
+    QCOMPARE(CliBench::run({u"-c"_s, u"1-2"_s, u"export"_s, secret, u"--secrets"_s}).exit, 0);
     QFile openFile(open);
     QVERIFY(openFile.open(QIODevice::ReadOnly));
     const QByteArray text = openFile.readAll();
@@ -113,7 +113,7 @@ void ProfileTest::aWrongLineIsNamedAndNothingIsSent() {
     const QString profile =
         file("wrong.nubo", "# mine\n\ncamera.name = Tern\nlive.frame-rate = 5\n");
     m_first->takeCodes();
-    const stRunResult run = CliBench::run({u"-c"_s, u"1-1"_s, u"apply"_s, profile});
+    const stRunResult run = CliBench::run({u"-c"_s, u"1-2"_s, u"apply"_s, profile});
     QCOMPARE(run.exit, 2);
     QVERIFY2(run.err.contains(u"line 4: live.frame-rate: 5 is not one of"_s), qPrintable(run.err));
     QVERIFY(m_first->takeCodes().isEmpty());
@@ -121,7 +121,7 @@ void ProfileTest::aWrongLineIsNamedAndNothingIsSent() {
 
 void ProfileTest::aDryRunWritesNothing() {
     const QString profile = file("name.nubo", "camera.name = Tern\ncamera.led-at-start = on\n");
-    const stRunResult run = CliBench::run({u"-c"_s, u"1-1"_s, u"apply"_s, u"--dry-run"_s, profile});
+    const stRunResult run = CliBench::run({u"-c"_s, u"1-2"_s, u"apply"_s, u"--dry-run"_s, profile});
     QCOMPARE(run.exit, 0);
     QCOMPARE(run.out, u"camera.name: Gull -> Tern\n"_s);
     QCOMPARE(m_first->item("camera-name"), u"Gull"_s);
@@ -130,7 +130,7 @@ void ProfileTest::aDryRunWritesNothing() {
 void ProfileTest::onlyAndSkipChoose() {
     const QString profile =
         file("some.nubo", "camera.name = Tern\ngps.enabled = off\ngps.save-log = on\n");
-    QCOMPARE(CliBench::run({u"-c"_s, u"1-1"_s, u"apply"_s, profile, u"--only=gps"_s, u"--skip"_s,
+    QCOMPARE(CliBench::run({u"-c"_s, u"1-2"_s, u"apply"_s, profile, u"--only=gps"_s, u"--skip"_s,
                             u"*.save-*"_s})
                  .exit,
              0);
@@ -146,7 +146,7 @@ void ProfileTest::wifiIsSwitchedLast() {
                                  "wifi.infrastructure.ssid = Pier\nwifi.adhoc.netmask = /16\n"
                                  "live.rtsp-port = 8554\ngps.enabled = off\ncamera.name = Tern\n");
     m_first->takeCodes();
-    QCOMPARE(CliBench::run({u"-c"_s, u"1-1"_s, u"apply"_s, profile}).exit, 0);
+    QCOMPARE(CliBench::run({u"-c"_s, u"1-2"_s, u"apply"_s, profile}).exit, 0);
     QByteArrayList written;
     for (const QByteArray& code : m_first->takeCodes()) {
         if (code.startsWith("58")) {
@@ -167,12 +167,12 @@ void ProfileTest::twoFilesAreComparedWithoutACamera() {
 }
 
 void ProfileTest::jsonIsTakenToo() {
-    const stRunResult get = CliBench::run({u"-c"_s, u"1-1"_s, u"get"_s, u"--json"_s});
+    const stRunResult get = CliBench::run({u"-c"_s, u"1-2"_s, u"get"_s, u"--json"_s});
     QCOMPARE(get.exit, 0);
     QVERIFY(m_second->set("camera-name", "Tern"));
     QVERIFY(m_second->set("auto-power-off", "0"));
     const QString profile = file("all.json", get.out.toUtf8());
-    const stRunResult apply = CliBench::run({u"-c"_s, u"1-2"_s, u"apply"_s, profile});
+    const stRunResult apply = CliBench::run({u"-c"_s, u"1-3"_s, u"apply"_s, profile});
     QVERIFY2(apply.exit == 0, qPrintable(apply.err));
     QCOMPARE(m_second->item("camera-name"), u"Gull"_s);
     QCOMPARE(m_second->item("auto-power-off"), u"600"_s);
@@ -185,7 +185,7 @@ void ProfileTest::aStopTellsTheWayBack() {
                                           .argument = 0xFFF9,
                                           .unit = nubo::simulator::FaultUnit::Command,
                                           .nth = 5});
-    const stRunResult run = CliBench::run({u"-c"_s, u"1-1"_s, u"apply"_s, profile});
+    const stRunResult run = CliBench::run({u"-c"_s, u"1-2"_s, u"apply"_s, profile});
     QCOMPARE(run.exit, 8);
     QVERIFY2(run.err.contains(u"to go back: nuboctl set 'camera.name=Gull'"_s),
              qPrintable(run.err));
