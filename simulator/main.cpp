@@ -103,16 +103,24 @@ int serveUntilEnd(ChildProcess& child, const FileDescriptor& signals, ControlTar
                   ControlSocket& socket, ControlTerminal& terminal, Script& script) {
     const auto runLine = [&](std::string_view line) { return runControlLine(target, line); };
     std::optional<Script::Clock::time_point> killTime;
+    const auto endChild = [&] {
+        if (!killTime) {
+            child.signal(SIGTERM);
+            killTime = Script::Clock::now() + PATIENCE;
+        }
+    };
     while (true) {
         const auto scriptTime = script.run(runLine);
+        // Before the wait: nothing more may come after the line that asks for the end.
+        if (std::exchange(target.quits, false)) {
+            endChild();
+        }
         std::vector<pollfd> waiting = {{signals.number(), POLLIN, 0}};
         socket.appendTo(waiting);
         const auto lookTime = terminal.appendTo(waiting);
         ::poll(waiting.data(), waiting.size(), untilFirst({scriptTime, killTime, lookTime}));
-        const bool quits = std::exchange(target.quits, false);
-        if ((askedToEnd(signals) || quits) && !killTime) {
-            child.signal(SIGTERM);
-            killTime = Script::Clock::now() + PATIENCE;
+        if (askedToEnd(signals)) {
+            endChild();
         }
         if (killTime && *killTime <= Script::Clock::now()) {
             child.signal(SIGKILL);
