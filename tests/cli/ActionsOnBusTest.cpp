@@ -28,7 +28,8 @@ constexpr std::array REFUSED{
     stRefusedRow{"wifi scna", "wifi takes no \"scna\"; did you mean scan?"},
     stRefusedRow{"wifi join", "wifi join needs one SSID"},
     stRefusedRow{"wifi on Harbour", "wifi on takes no more words"},
-    stRefusedRow{"wifi on --static 1.2.3.4/24,1.2.3.1", "--key-file and --static belong to wifi join"},
+    stRefusedRow{"wifi on --static 1.2.3.4/24,1.2.3.1",
+                 "--key-file and --static belong to wifi join"},
     stRefusedRow{"wifi join X --static 1.2.3.4", "1.2.3.4 is not ADDRESS/LENGTH,GATEWAY"},
     stRefusedRow{"wifi join X --static 1.2.3.4/33,1.2.3.1", "wifi.infrastructure.netmask"},
     stRefusedRow{"wifi join X --static 1.2.3.4/24,1.2.3.0", "wifi.infrastructure.gateway"},
@@ -118,9 +119,9 @@ void ActionsOnBusTest::accessPointsAreListedByTheirSignal() {
     const QJsonArray points =
         objectOf(CliBench::run({u"wifi"_s, u"scan"_s, u"--json"_s}))["accessPoints"_L1].toArray();
     QCOMPARE(points.size(), 7);
-    QCOMPARE(points[2].toObject(), (QJsonObject{{u"ssid"_s, u"Workshop"_s},
-                                                {u"encryption"_s, u"tkip"_s},
-                                                {u"signal"_s, 48}}));
+    QCOMPARE(
+        points[2].toObject(),
+        (QJsonObject{{u"ssid"_s, u"Workshop"_s}, {u"encryption"_s, u"tkip"_s}, {u"signal"_s, 48}}));
 }
 
 void ActionsOnBusTest::joiningWritesAddressesNetworkAndKeyInOrder() {
@@ -135,8 +136,8 @@ void ActionsOnBusTest::joiningWritesAddressesNetworkAndKeyInOrder() {
     QVERIFY2(result.exit == 0, qPrintable(result.err));
     QCOMPARE(m_camera->takeCodes(),
              (QByteArrayList{"5008", "5009", "500a", "500b", "5045", "503b", "503c", "5003", "5047",
-                             "5808", "5008", "5809", "5009", "580a", "500a", "580b", "500b",
-                             "5845", "5045", "583b", "503b", "583c", "503c", "5847", "5047"}));
+                             "5808", "5008", "5809", "5009", "580a", "500a", "580b", "500b", "5845",
+                             "5045", "583b", "503b", "583c", "503c", "5847", "5047"}));
     QCOMPARE(m_camera->item("infra-dhcp"), u"off"_s);
     QCOMPARE(m_camera->item("infra-address"), u"10.1.0.7"_s);
     QCOMPARE(m_camera->item("infra-subnet-mask"), u"255.255.0.0"_s);
@@ -167,16 +168,16 @@ void ActionsOnBusTest::theCardIsFormattedWhenAgreed() {
     QCOMPARE(m_camera->takeCodes(), (QByteArrayList{"6803", "5039"}));
     QCOMPARE(m_camera->item("sd-used"), u"0"_s);
     QVERIFY(result.out.startsWith(u"formatted\n"_s));
-    const QJsonObject card = objectOf(CliBench::run({u"sd"_s, u"--json"_s}))["settings"_L1].toObject();
+    const QJsonObject card =
+        objectOf(CliBench::run({u"sd"_s, u"--json"_s}))["settings"_L1].toObject();
     QCOMPARE(card["sd.used"_L1].toInteger(), 0);
     QCOMPARE(card["sd.total"_L1].toInteger(), qint64{7744512} * 1024);
 }
 
 void ActionsOnBusTest::aRefusedFormatLeavesTheCard() {
     constexpr unsigned int NO_ACCESS = 0xFFF6;
-    m_bench.bus.addFault(
-        m_bench.ids.front(),
-        {FaultKind::CameraError, NO_ACCESS, nubo::simulator::FaultUnit::Command, 1, 1});
+    m_bench.bus.addFault(m_bench.ids.front(), {FaultKind::CameraError, NO_ACCESS,
+                                               nubo::simulator::FaultUnit::Command, 1, 1});
     const stRunResult result = CliBench::run({u"sd"_s, u"format"_s, u"--yes"_s});
     QCOMPARE(result.exit, 6);
     QVERIFY2(result.err.contains(u"sd format: the camera refuses"_s), qPrintable(result.err));

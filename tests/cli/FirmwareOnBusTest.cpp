@@ -25,7 +25,7 @@ struct stFaultRow {
     std::uint32_t argument;
     unsigned int nth;  ///< command, from the start of the run: 4 the image, 5 the update
     int exit;
-    bool hasImage;     ///< whether the camera has the image then
+    bool hasImage;  ///< whether the camera has the image then
 };
 
 // clang-format off
@@ -75,8 +75,7 @@ private:
         return QStringList{u"firmware"_s, u"update"_s, m_path} + more;
     }
     [[nodiscard]] bool hasImage() const {
-        return *m_camera->firmware() ==
-               std::vector<std::uint8_t>(m_image.cbegin(), m_image.cend());
+        return *m_camera->firmware() == std::vector<std::uint8_t>(m_image.cbegin(), m_image.cend());
     }
 
     CliBench m_bench;
@@ -150,8 +149,9 @@ void FirmwareOnBusTest::needsFileAndAgreementBeforeAnythingIsSent() {
     QCOMPARE(CliBench::run(update({})).exit, 2);
     QCOMPARE(CliBench::run({u"firmware"_s, u"update"_s}).exit, 2);
     QCOMPARE(CliBench::run({u"firmware"_s, u"update"_s, empty, u"--yes"_s}).exit, 2);
-    QCOMPARE(CliBench::run({u"firmware"_s, u"update"_s, m_folder.filePath(u"no"_s), u"--yes"_s}).exit,
-             9);
+    QCOMPARE(
+        CliBench::run({u"firmware"_s, u"update"_s, m_folder.filePath(u"no"_s), u"--yes"_s}).exit,
+        9);
     QCOMPARE(m_camera->takeCodes(), QByteArrayList{});
 }
 
@@ -189,10 +189,10 @@ void FirmwareOnBusTest::faultsAreToldAsWhatTheyLeave() {
     // Before the answer of a command stand two transfers of each earlier one, and the command.
     constexpr unsigned int PIECES = 4;
     const unsigned int transfer = 2 * row.nth + (row.nth >= 4 ? PIECES : 0);
-    m_bench.bus.addFault(m_bench.ids.front(),
-                         {row.kind, row.argument,
-                          isRewriting ? FaultUnit::Command : FaultUnit::Transfer,
-                          isRewriting ? row.nth : transfer, count});
+    m_bench.bus.addFault(
+        m_bench.ids.front(),
+        {row.kind, row.argument, isRewriting ? FaultUnit::Command : FaultUnit::Transfer,
+         isRewriting ? row.nth : transfer, count});
     const stRunResult result = CliBench::run(update());
     QVERIFY2(result.exit == row.exit, qPrintable(result.out + result.err));
     QVERIFY(!result.out.contains(u"updated"_s) || result.out.contains(u"nothing was updated"_s));
@@ -220,9 +220,7 @@ void FirmwareOnBusTest::aCameraThatDoesNotRestartIsTold() {
 
 void FirmwareOnBusTest::theFirstInterruptionIsRefused() {
     std::thread user([this] {
-        const auto isBegun = [](const auto& log) { return log.commandCount >= 4; };
         const auto begun = m_bench.bus.log(m_bench.ids.front()).commandCount;
-        static_cast<void>(isBegun);
         m_bench.bus.waitForLog(
             m_bench.ids.front(), [begun](const auto& log) { return log.commandCount >= begun + 4; },
             std::chrono::seconds(60));
