@@ -6,7 +6,7 @@
 #include "cli/ClSession.h"
 #include "cli/Interruption.h"
 #include "cli/Verbs.h"
-#include "protocol/ClNuboCommandDataReceive.h"
+#include "protocol/DataPackets.h"
 #include "protocol/NuboCommands.h"
 
 #include <QDateTime>

@@ -6,7 +6,7 @@
 #include "cli/Interruption.h"
 #include "cli/ReturnWait.h"
 #include "cli/Verbs.h"
-#include "protocol/ClNuboCommandDataSend.h"
+#include "protocol/DataPackets.h"
 #include "protocol/NuboCommands.h"
 #include "protocol/ResultCodes.h"
 #include "settings/SettingTable.h"

@@ -2,7 +2,7 @@
 #include "cli/ClReport.h"
 #include "cli/ClSession.h"
 #include "cli/Verbs.h"
-#include "protocol/ClNuboCommandString.h"
+#include "protocol/TextPackets.h"
 #include "protocol/ResultCodes.h"
 
 #include <algorithm>
