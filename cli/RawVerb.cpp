@@ -2,8 +2,11 @@
 #include "cli/ClReport.h"
 #include "cli/ClSession.h"
 #include "cli/Verbs.h"
-#include "protocol/ResultCodes.h"
+<<<<<<< HEAD
+=======
 #include "protocol/TextPackets.h"
+>>>>>>> h8
+#include "protocol/ResultCodes.h"
 
 #include <algorithm>
 #include <array>
