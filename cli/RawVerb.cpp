@@ -2,10 +2,7 @@
 #include "cli/ClReport.h"
 #include "cli/ClSession.h"
 #include "cli/Verbs.h"
-<<<<<<< HEAD
-=======
 #include "protocol/TextPackets.h"
->>>>>>> h8
 #include "protocol/ResultCodes.h"
 
 #include <algorithm>
