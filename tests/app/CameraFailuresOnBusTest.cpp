@@ -80,6 +80,9 @@ void CameraFailuresOnBusTest::aFailureIsShownOnceAndTheToolGoesOn() {
 }
 
 void CameraFailuresOnBusTest::aCameraErrorLeavesThePollingOn() {
+    // The fault is for the next poll, and not for the refresh of a page that has just been shown.
+    TRY_COMPARE(m_bench->shown().freeSpace(), CARD_AT_START);
+    m_bench->camera->forgetCodes();
     m_bus.addFault(
         m_bench->id,
         {.kind = FaultKind::CameraError, .argument = 0xFFF5, .unit = FaultUnit::Command});
@@ -91,6 +94,7 @@ void CameraFailuresOnBusTest::aCameraErrorLeavesThePollingOn() {
 }
 
 void CameraFailuresOnBusTest::aFailedActionIsReported() {
+    TRY_COMPARE(m_bench->shown().freeSpace(), CARD_AT_START);
     m_bus.addFault(
         m_bench->id,
         {.kind = FaultKind::CameraError, .argument = 0xFFF6, .unit = FaultUnit::Command});
