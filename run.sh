@@ -14,7 +14,7 @@ Installs what is missing (Debian 12, as root or with sudo), builds the tool and 
              camera while the tool runs: unplug, plug, set battery 9, help.
              Without a display, the tool walks through all that it has under Xvfb and leaves a
              picture of each page and dialog in build/tour/.
-  --usb      on the real USB bus
+  --usb      on the real USB bus, for the camera's identity that is configured (see the README)
   --help     this text
 TEXT
 }

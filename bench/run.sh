@@ -19,7 +19,7 @@ else
 fi
 
 directory=build/bench
-[ -f $directory/build.ninja ] ||
+[ $directory/build.ninja -nt CMakePresets.json ] ||
     cmake --preset release -B $directory -DNUBO_BUILD_BENCH=ON
 cmake --build $directory --target nubo-bench
 

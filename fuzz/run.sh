@@ -17,10 +17,8 @@ install_missing "${BUILD_PACKAGES[@]}" "${TEST_PACKAGES[@]}"
 targets=(packets data-receive dispatcher)
 build=build/fuzz
 findings=$build/findings
-[ -f $build/build.ninja ] || cmake -G Ninja -B $build -DCMAKE_BUILD_TYPE=Debug \
-    -DCMAKE_CXX_COMPILER=clang++ -DNUBO_BUILD_FUZZ=ON -DNUBO_BUILD_TESTS=OFF \
-    -DNUBO_SANITIZE=fuzzer-no-link,address,undefined
-cmake --build $build --target "${targets[@]/#/fuzz-}"
+configure fuzz
+cmake --build --preset fuzz --target "${targets[@]/#/fuzz-}"
 
 # The committed corpus is text; libFuzzer reads bytes.
 write_seeds() {

@@ -2,7 +2,7 @@
 # Sourced by the scripts in the root: what has to be installed, and how.
 
 BUILD_PACKAGES=(
-    g++ cmake ninja-build ccache pkg-config
+    g++ cmake ninja-build ccache lld pkg-config
     qt6-base-dev qt6-tools-dev qt6-tools-dev-tools qt6-l10n-tools linguist-qt6
     qt6-translations-l10n libusb-1.0-0-dev libumockdev-dev umockdev librsvg2-bin
 )
@@ -10,7 +10,7 @@ BUILD_PACKAGES=(
 HEADLESS_PACKAGES=(xvfb xauth fonts-dejavu-core fonts-noto-cjk)
 WAYLAND_PACKAGES=(qt6-wayland)
 TEST_PACKAGES=(
-    clang libclang-rt-14-dev lld clang-format fonts-dejavu-core fonts-noto-cjk
+    clang libclang-rt-14-dev clang-format fonts-dejavu-core fonts-noto-cjk
     xvfb xauth dbus-daemon at-spi2-core python3-pyatspi weston "${WAYLAND_PACKAGES[@]}" xdotool x11-utils
 )
 
@@ -33,8 +33,13 @@ install_missing() {
         apt-get install --yes --no-install-recommends "${missing[@]}"
 }
 
-# build PRESET: configures once and builds.
+# configure PRESET: once, and when the presets have changed.
+configure() {
+    [ "build/$1/build.ninja" -nt CMakePresets.json ] || cmake --preset "$1"
+}
+
+# build PRESET: configures and builds.
 build() {
-    [ -f "build/$1/build.ninja" ] || cmake --preset "$1"
+    configure "$1"
     cmake --build --preset "$1"
 }

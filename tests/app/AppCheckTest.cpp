@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "app/ClAppCheck.h"
+#include "tests/support/TestSubject.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -210,5 +211,5 @@ void AppCheckTest::messagesComeBackAfterTheirResourceWasDropped() {
     QCOMPARE(check.getErrorStringDef(ClAppCheck::Running), u"Nu is already running"_s);
 }
 
-QTEST_GUILESS_MAIN(AppCheckTest)
+const TestSubject registered = subjectWithoutScreen<AppCheckTest>();
 #include "AppCheckTest.moc"

@@ -5,6 +5,7 @@
 #include "tests/pages/basic/BasicSettingMessages.h"
 #include "tests/support/BoxUser.h"
 #include "tests/support/DialogControls.h"
+#include "tests/support/TestSubject.h"
 #include "ui/ClButtonMode.h"
 #include "ui/ClDialogBase.h"
 
@@ -168,5 +169,5 @@ void BasicSettingLeavingTest::aCameraThatHasLeftBeforeItsAnswerOpensNoDialog() {
     QCOMPARE(modeOnShow(), MODE);
 }
 
-QTEST_MAIN(BasicSettingLeavingTest)
+const TestSubject registered = subjectWithWidgets<BasicSettingLeavingTest>();
 #include "BasicSettingLeavingTest.moc"

@@ -367,8 +367,6 @@ void BasicSettingOnBusTest::aCameraThatLeavesBehindADialogIsNotWritten() {
     QCOMPARE(m_messages, QStringList());
 }
 
-int main(int argc, char** argv) {
-    return runOnBus<BasicSettingOnBusTest>(argc, argv);
-}
+const TestSubject registered = subjectOnBus<BasicSettingOnBusTest>();
 
 #include "BasicSettingOnBusTest.moc"

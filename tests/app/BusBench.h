@@ -9,8 +9,8 @@
 #include "tests/support/BoxUser.h"
 #include "tests/support/CameraStateReader.h"
 #include "tests/support/Patience.h"
+#include "tests/support/TestSubject.h"
 
-#include <QApplication>
 #include <QList>
 #include <QTest>
 
@@ -53,18 +53,20 @@ public:
     ClMainWidget window;
 };
 
-/// The main() of a test on the bus: @p Test is made with the bus.
+/// Runs a test on the bus: @p Test is made with the bus.
 template <class Test>
-int runOnBus(int argc, char** argv) {
-    using namespace nubo::simulator;
-    if (!VirtualUsbBus::isAvailable()) {
-        qFatal("The library that emulates the bus is not preloaded.");
-    }
-    // Before any thread, and gone after the last handle.
-    VirtualUsbBus bus;
-    plugRootHub(bus);
-    QApplication application(argc, argv);
-    QCoreApplication::setApplicationName(QStringLiteral("Test program"));
-    Test test(bus);
-    return QTest::qExec(&test, argc, argv);
+[[nodiscard]] TestSubject subjectOnBus() {
+    return {Test::staticMetaObject.className(), [](int argc, char** argv) {
+                using namespace nubo::simulator;
+                if (!VirtualUsbBus::isAvailable()) {
+                    qFatal("The library that emulates the bus is not preloaded.");
+                }
+                // Before any thread, and gone after the last handle.
+                VirtualUsbBus bus;
+                plugRootHub(bus);
+                const QApplication application(argc, argv);
+                QCoreApplication::setApplicationName(QStringLiteral("Test program"));
+                Test test(bus);
+                return QTest::qExec(&test, argc, argv);
+            }};
 }

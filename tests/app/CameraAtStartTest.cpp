@@ -68,8 +68,6 @@ void CameraAtStartTest::thatMayNotBeOpenedLeavesTheNotConnectedPage() {
     TRY_VERIFY(shows<ClWidgetCameraState>(window));
 }
 
-int main(int argc, char** argv) {
-    return runOnBus<CameraAtStartTest>(argc, argv);
-}
+const TestSubject registered = subjectOnBus<CameraAtStartTest>();
 
 #include "CameraAtStartTest.moc"

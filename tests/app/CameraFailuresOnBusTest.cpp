@@ -96,8 +96,6 @@ void CameraFailuresOnBusTest::aFailedActionIsReported() {
                 (QStringList{u"All data delete on SD card"_s, UNKNOWN_ERROR}));
 }
 
-int main(int argc, char** argv) {
-    return runOnBus<CameraFailuresOnBusTest>(argc, argv);
-}
+const TestSubject registered = subjectOnBus<CameraFailuresOnBusTest>();
 
 #include "CameraFailuresOnBusTest.moc"

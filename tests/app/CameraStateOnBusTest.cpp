@@ -166,8 +166,6 @@ void CameraStateOnBusTest::aCameraPluggedInDuringAQuestionIsLeftAlone() {
     QCOMPARE(m_bench->user.texts(), QStringList{u"All data delete on SD card"_s});
 }
 
-int main(int argc, char** argv) {
-    return runOnBus<CameraStateOnBusTest>(argc, argv);
-}
+const TestSubject registered = subjectOnBus<CameraStateOnBusTest>();
 
 #include "CameraStateOnBusTest.moc"

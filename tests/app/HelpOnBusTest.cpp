@@ -170,8 +170,6 @@ void HelpOnBusTest::theNextCameraFindsNothingOfTheLast() {
                                        u"2014/03/09"_s, u"Japan"_s}));
 }
 
-int main(int argc, char** argv) {
-    return runOnBus<HelpOnBusTest>(argc, argv);
-}
+const TestSubject registered = subjectOnBus<HelpOnBusTest>();
 
 #include "HelpOnBusTest.moc"

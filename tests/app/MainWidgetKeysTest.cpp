@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/ClMainWidget.h"
 #include "protocol/CommandIdentifiers.h"
+#include "tests/support/TestSubject.h"
 #include "ui/ClButtonMode.h"
 
 #include <QAbstractButton>
@@ -155,5 +156,5 @@ void MainWidgetKeysTest::escapeClosesNothing() {
     QCOMPARE(m_window->findChild<QStackedLayout*>()->currentIndex(), mode);
 }
 
-QTEST_MAIN(MainWidgetKeysTest)
+const TestSubject registered = subjectWithWidgets<MainWidgetKeysTest>();
 #include "MainWidgetKeysTest.moc"

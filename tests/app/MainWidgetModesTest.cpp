@@ -2,6 +2,7 @@
 #include "pages/ClWidgetSelectMode.h"
 #include "tests/app/CameraNotices.h"
 #include "tests/app/WindowBench.h"
+#include "tests/support/TestSubject.h"
 
 #include <optional>
 
@@ -168,5 +169,5 @@ void MainWidgetModesTest::anAnnouncementWithoutAPointerOpensNothing() {
     QCOMPARE(m_bench->sent.size(), 1);
 }
 
-QTEST_MAIN(MainWidgetModesTest)
+const TestSubject registered = subjectWithWidgets<MainWidgetModesTest>();
 #include "MainWidgetModesTest.moc"

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tests/app/CameraNotices.h"
 #include "tests/app/WindowBench.h"
+#include "tests/support/TestSubject.h"
 
 #include <optional>
 
@@ -145,5 +146,5 @@ void MainWidgetRoutingTest::aCloseNoticeWithoutAPointerLeavesTheCameraOpen() {
     QCOMPARE(m_bench->sent.size(), 1);
 }
 
-QTEST_MAIN(MainWidgetRoutingTest)
+const TestSubject registered = subjectWithWidgets<MainWidgetRoutingTest>();
 #include "MainWidgetRoutingTest.moc"

@@ -4,6 +4,7 @@
 #include "pages/help/ClWidgetHelp.h"
 #include "protocol/CommandIdentifiers.h"
 #include "protocol/NuboRecords.h"
+#include "tests/support/TestSubject.h"
 #include "ui/Artwork.h"
 #include "ui/ClCaptionBar.h"
 #include "ui/ClRollOverToolBtn.h"
@@ -285,5 +286,5 @@ void MainWidgetTest::aPressOnTheOriginDragsNothing() {
     QCOMPARE(m_window->pos(), QPoint(140, 90));
 }
 
-QTEST_MAIN(MainWidgetTest)
+const TestSubject registered = subjectWithWidgets<MainWidgetTest>();
 #include "MainWidgetTest.moc"

@@ -277,8 +277,6 @@ void NetworkOnBusTest::aSingleChangeIsWrittenAlone() {
     QCOMPARE(m_bench->written(), QList<QByteArray>{plain("0b58", "fe00a8c0")});
 }
 
-int main(int argc, char** argv) {
-    return runOnBus<NetworkOnBusTest>(argc, argv);
-}
+const TestSubject registered = subjectOnBus<NetworkOnBusTest>();
 
 #include "NetworkOnBusTest.moc"

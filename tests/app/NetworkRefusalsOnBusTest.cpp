@@ -131,8 +131,6 @@ void NetworkRefusalsOnBusTest::twoRefusalsAreToldOnce() {
     QCOMPARE(m_bench->user.texts().last(), u"Parameter setting failed"_s);
 }
 
-int main(int argc, char** argv) {
-    return runOnBus<NetworkRefusalsOnBusTest>(argc, argv);
-}
+const TestSubject registered = subjectOnBus<NetworkRefusalsOnBusTest>();
 
 #include "NetworkRefusalsOnBusTest.moc"

@@ -163,8 +163,6 @@ void NetworkScanOnBusTest::anSsidIsWrittenAsItCame() {
     QCOMPARE(m_bench->camera->state().settings.infraSsid, ssid.toStdString());
 }
 
-int main(int argc, char** argv) {
-    return runOnBus<NetworkScanOnBusTest>(argc, argv);
-}
+const TestSubject registered = subjectOnBus<NetworkScanOnBusTest>();
 
 #include "NetworkScanOnBusTest.moc"

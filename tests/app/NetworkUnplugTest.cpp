@@ -118,8 +118,6 @@ void NetworkUnplugTest::nothingIsSentUntilItIsBack() {
     QVERIFY(m_bench->page.isVisible());
 }
 
-int main(int argc, char** argv) {
-    return runOnBus<NetworkUnplugTest>(argc, argv);
-}
+const TestSubject registered = subjectOnBus<NetworkUnplugTest>();
 
 #include "NetworkUnplugTest.moc"

@@ -106,8 +106,6 @@ void NetworkUntouchedOnBusTest::anAddressOfAWholeNetworkIsRefused() {
     QVERIFY(leavesCameraAlone());
 }
 
-int main(int argc, char** argv) {
-    return runOnBus<NetworkUntouchedOnBusTest>(argc, argv);
-}
+const TestSubject registered = subjectOnBus<NetworkUntouchedOnBusTest>();
 
 #include "NetworkUntouchedOnBusTest.moc"

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "tests/support/Patience.h"
+#include "tests/support/TestSubject.h"
 
 #include <QDir>
 #include <QLibraryInfo>
@@ -301,5 +302,5 @@ void StartupTest::lineEditsHaveLargerTextThanTheRest() {
     QCOMPARE(probe.said().value(u"line edit pixels"_s), u"14"_s);
 }
 
-QTEST_GUILESS_MAIN(StartupTest)
+const TestSubject registered = subjectWithoutScreen<StartupTest>();
 #include "StartupTest.moc"

@@ -139,8 +139,6 @@ void StreamFailuresOnBusTest::aRequestWithoutAnswerIsReported() {
     QCOMPARE(m_bench->texts(), texts);
 }
 
-int main(int argc, char** argv) {
-    return runOnBus<StreamFailuresOnBusTest>(argc, argv);
-}
+const TestSubject registered = subjectOnBus<StreamFailuresOnBusTest>();
 
 #include "StreamFailuresOnBusTest.moc"

@@ -258,8 +258,6 @@ void StreamSettingOnBusTest::aCameraThatLeavesDuringAReadOpensNothing() {
     QVERIFY(m_bench->texts().isEmpty());
 }
 
-int main(int argc, char** argv) {
-    return runOnBus<StreamSettingOnBusTest>(argc, argv);
-}
+const TestSubject registered = subjectOnBus<StreamSettingOnBusTest>();
 
 #include "StreamSettingOnBusTest.moc"

@@ -124,8 +124,6 @@ void TextFitTest::everyTextHasItsPlace() {
     QVERIFY2(complaints.isEmpty(), qPrintable(u'\n' + complaints.join(u'\n')));
 }
 
-int main(int argc, char** argv) {
-    return runOnBus<TextFitTest>(argc, argv);
-}
+const TestSubject registered = subjectOnBus<TextFitTest>();
 
 #include "TextFitTest.moc"

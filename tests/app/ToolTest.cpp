@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "app/Tool.h"
+#include "tests/support/TestSubject.h"
 
 #include <QCoreApplication>
 #include <QTest>
@@ -70,5 +71,5 @@ void ToolTest::aCountryCodeHasADisplayName() {
     QTEST(TOOL::codeToName(code), "name");
 }
 
-QTEST_GUILESS_MAIN(ToolTest)
+const TestSubject registered = subjectWithoutScreen<ToolTest>();
 #include "ToolTest.moc"

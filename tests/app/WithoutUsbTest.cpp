@@ -6,6 +6,7 @@
 
 #include "app/ClMainWidget.h"
 #include "pages/ClWidgetNotConnect.h"
+#include "tests/support/TestSubject.h"
 #include "usb/ClUsbManager.h"
 
 // Stands in for libusb's own, which the linker hides (--wrap): a computer whose USB cannot be used.
@@ -42,6 +43,6 @@ void WithoutUsbTest::leavesTheNotConnectedPage() {
     QVERIFY(window.close());
 }
 
-QTEST_MAIN(WithoutUsbTest)
+const TestSubject registered = subjectWithWidgets<WithoutUsbTest>();
 
 #include "WithoutUsbTest.moc"

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "protocol/NuboCommands.h"
 #include "tests/catalogue/CataloguePackets.h"
+#include "tests/support/TestSubject.h"
 #include "tests/support/WireText.h"
 
 #include <QTest>
@@ -306,5 +307,5 @@ void CommandAnswersTest::shortAnswersReadAsZero() {
     QCOMPARE(answered<ClNuboCommandGetStreamAuthorizationPassword>(head).getPassword(), QString());
 }
 
-QTEST_GUILESS_MAIN(CommandAnswersTest)
+const TestSubject registered = subjectWithoutScreen<CommandAnswersTest>();
 #include "CommandAnswersTest.moc"

@@ -2,6 +2,7 @@
 #include "protocol/CommandRoutes.h"
 #include "protocol/NuboCommands.h"
 #include "tests/catalogue/CataloguePackets.h"
+#include "tests/support/TestSubject.h"
 #include "tests/support/WireText.h"
 
 #include <QTest>
@@ -197,5 +198,5 @@ void CommandRequestsTest::aCommandIsItsCodeAndItsArguments() {
     QCOMPARE(command.length, static_cast<unsigned int>(command.built.size()));
 }
 
-QTEST_GUILESS_MAIN(CommandRequestsTest)
+const TestSubject registered = subjectWithoutScreen<CommandRequestsTest>();
 #include "CommandRequestsTest.moc"

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "protocol/NuboCommands.h"
 #include "tests/catalogue/CataloguePackets.h"
+#include "tests/support/TestSubject.h"
 #include "tests/support/WireText.h"
 
 #include <QTest>
@@ -148,5 +149,5 @@ void CommandTextsTest::answersMayBringAnyText() {
     QCOMPARE(command.string(), text);
 }
 
-QTEST_GUILESS_MAIN(CommandTextsTest)
+const TestSubject registered = subjectWithoutScreen<CommandTextsTest>();
 #include "CommandTextsTest.moc"

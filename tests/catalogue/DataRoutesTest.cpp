@@ -4,6 +4,7 @@
 #include "tests/catalogue/CataloguePackets.h"
 #include "tests/catalogue/RouteMessages.h"
 #include "tests/support/FakeCameraAccess.h"
+#include "tests/support/TestSubject.h"
 
 #include <QBuffer>
 #include <QImage>
@@ -229,5 +230,5 @@ void DataRoutesTest::rawDataAreReadWithoutAResult() {
     QVERIFY(camera.messages().isEmpty());
 }
 
-QTEST_GUILESS_MAIN(DataRoutesTest)
+const TestSubject registered = subjectWithoutScreen<DataRoutesTest>();
 #include "DataRoutesTest.moc"

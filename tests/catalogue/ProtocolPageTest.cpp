@@ -3,6 +3,7 @@
 #include "protocol/CommandRoutes.h"
 #include "protocol/ResultCodes.h"
 #include "tests/catalogue/RouteRows.h"
+#include "tests/support/TestSubject.h"
 
 #include <QFile>
 #include <QRegularExpression>
@@ -204,5 +205,5 @@ void ProtocolPageTest::everyNameOnThePageExists() {
     }
 }
 
-QTEST_GUILESS_MAIN(ProtocolPageTest)
+const TestSubject registered = subjectWithoutScreen<ProtocolPageTest>();
 #include "ProtocolPageTest.moc"

@@ -4,6 +4,7 @@
 #include "tests/catalogue/CataloguePackets.h"
 #include "tests/catalogue/RouteMessages.h"
 #include "tests/support/FakeCameraAccess.h"
+#include "tests/support/TestSubject.h"
 
 #include <QDateTime>
 #include <QSize>
@@ -148,5 +149,5 @@ void RouteArgumentsTest::otherKeysOfARequestComeBack() {
     QCOMPARE(typedText(camera.messages().first()), typedText(expected));
 }
 
-QTEST_GUILESS_MAIN(RouteArgumentsTest)
+const TestSubject registered = subjectWithoutScreen<RouteArgumentsTest>();
 #include "RouteArgumentsTest.moc"

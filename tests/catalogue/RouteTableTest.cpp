@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "protocol/CommandIdentifiers.h"
 #include "protocol/CommandRoutes.h"
+#include "tests/support/TestSubject.h"
 
 #include <QMap>
 #include <QSet>
@@ -124,5 +125,5 @@ void RouteTableTest::setCodesStandBesideTheirGetCodes() {
     }
 }
 
-QTEST_GUILESS_MAIN(RouteTableTest)
+const TestSubject registered = subjectWithoutScreen<RouteTableTest>();
 #include "RouteTableTest.moc"

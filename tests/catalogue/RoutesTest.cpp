@@ -6,6 +6,7 @@
 #include "tests/catalogue/RouteMessages.h"
 #include "tests/catalogue/RouteRows.h"
 #include "tests/support/FakeCameraAccess.h"
+#include "tests/support/TestSubject.h"
 
 #include <QTest>
 
@@ -116,5 +117,5 @@ void RoutesTest::aDeadCameraFailsWithoutATransfer() {
     compareMessages(camera, resultMessage(row.request, unplugged, isMultiPacket ? 0xEF01 : 0xEF00));
 }
 
-QTEST_GUILESS_MAIN(RoutesTest)
+const TestSubject registered = subjectWithoutScreen<RoutesTest>();
 #include "RoutesTest.moc"

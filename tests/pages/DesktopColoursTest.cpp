@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "tests/pages/Dialogs.h"
+#include "tests/support/TestSubject.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -120,5 +121,5 @@ void DesktopColoursTest::everyTextCanBeRead() {
     QVERIFY(texts >= dialogs()[index].buttons.size());
 }
 
-QTEST_MAIN(DesktopColoursTest)
+const TestSubject registered = subjectWithWidgets<DesktopColoursTest>();
 #include "DesktopColoursTest.moc"

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "tests/pages/Dialogs.h"
+#include "tests/support/TestSubject.h"
 
 #include <QApplication>
 #include <QDialogButtonBox>
@@ -156,5 +157,5 @@ void DialogKeysTest::showsWhereTheKeyboardIs() {
     }
 }
 
-QTEST_MAIN(DialogKeysTest)
+const TestSubject registered = subjectWithWidgets<DialogKeysTest>();
 #include "DialogKeysTest.moc"

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "pages/ClWidgetNotConnect.h"
 #include "protocol/CommandIdentifiers.h"
+#include "tests/support/TestSubject.h"
 #include "ui/Artwork.h"
 
 #include <QImage>
@@ -71,5 +72,5 @@ void NotConnectTest::thePageLeavesTheCameraAlone() {
     QVERIFY(sent.isEmpty());
 }
 
-QTEST_MAIN(NotConnectTest)
+const TestSubject registered = subjectWithWidgets<NotConnectTest>();
 #include "NotConnectTest.moc"

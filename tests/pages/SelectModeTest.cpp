@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "pages/ClWidgetSelectMode.h"
+#include "tests/support/TestSubject.h"
 #include "ui/Artwork.h"
 #include "ui/ClButtonMode.h"
 
@@ -236,5 +237,5 @@ void SelectModeTest::theBarSendsNothingToTheCamera() {
     QVERIFY(sent.isEmpty());
 }
 
-QTEST_MAIN(SelectModeTest)
+const TestSubject registered = subjectWithWidgets<SelectModeTest>();
 #include "SelectModeTest.moc"

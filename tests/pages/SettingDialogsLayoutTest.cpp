@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "pages/basic/BasicSettingRows.h"
 #include "tests/pages/Dialogs.h"
+#include "tests/support/TestSubject.h"
 #include "tests/ui/TaggingTranslator.h"
 #include "ui/ClDialogBase.h"
 
@@ -168,5 +169,5 @@ void SettingDialogsLayoutTest::nothingIsCutOff() {
     }
 }
 
-QTEST_MAIN(SettingDialogsLayoutTest)
+const TestSubject registered = subjectWithWidgets<SettingDialogsLayoutTest>();
 #include "SettingDialogsLayoutTest.moc"

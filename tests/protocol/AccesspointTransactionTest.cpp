@@ -2,6 +2,7 @@
 #include "protocol/ClNuboTransactions.h"
 #include "tests/protocol/WirePackets.h"
 #include "tests/support/ScriptedPort.h"
+#include "tests/support/TestSubject.h"
 
 #include <QTest>
 
@@ -179,5 +180,5 @@ void AccesspointTransactionTest::theStopFlagEndsTheScan() {
     runAndCompare();
 }
 
-QTEST_GUILESS_MAIN(AccesspointTransactionTest)
+const TestSubject registered = subjectWithoutScreen<AccesspointTransactionTest>();
 #include "AccesspointTransactionTest.moc"

@@ -3,6 +3,7 @@
 #include "protocol/CommandMessage.h"
 #include "protocol/NuboRecords.h"
 #include "protocol/ResultCodes.h"
+#include "tests/support/TestSubject.h"
 
 #include <QMetaType>
 #include <QTest>
@@ -174,5 +175,5 @@ void CommandMessageTest::typesAreKnownByName() {
     QCOMPARE(QMetaType::fromName(name).id(), type);
 }
 
-QTEST_GUILESS_MAIN(CommandMessageTest)
+const TestSubject registered = subjectWithoutScreen<CommandMessageTest>();
 #include "CommandMessageTest.moc"

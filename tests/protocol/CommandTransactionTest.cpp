@@ -4,6 +4,7 @@
 #include "protocol/NuboCommands.h"
 #include "tests/protocol/WirePackets.h"
 #include "tests/support/ScriptedPort.h"
+#include "tests/support/TestSubject.h"
 
 #include <QElapsedTimer>
 #include <QTest>
@@ -278,5 +279,5 @@ void CommandTransactionTest::theStopFlagEndsTheWait() {
     QCOMPARE(command.param(1), 0U);
 }
 
-QTEST_GUILESS_MAIN(CommandTransactionTest)
+const TestSubject registered = subjectWithoutScreen<CommandTransactionTest>();
 #include "CommandTransactionTest.moc"

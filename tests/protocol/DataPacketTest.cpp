@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "protocol/ClNuboCommandDataReceive.h"
 #include "protocol/ClNuboCommandDataSend.h"
+#include "tests/support/TestSubject.h"
 #include "tests/support/WireText.h"
 
 #include <QTest>
@@ -135,5 +136,5 @@ void DataPacketTest::aReceptionIsNeverSent() {
     QVERIFY(ClNuboCommandDataReceive(0x1234, 10).getData().isEmpty());
 }
 
-QTEST_GUILESS_MAIN(DataPacketTest)
+const TestSubject registered = subjectWithoutScreen<DataPacketTest>();
 #include "DataPacketTest.moc"

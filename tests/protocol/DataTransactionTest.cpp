@@ -4,6 +4,7 @@
 #include "protocol/ClNuboTransactions.h"
 #include "tests/protocol/WirePackets.h"
 #include "tests/support/ScriptedPort.h"
+#include "tests/support/TestSubject.h"
 #include "tests/support/WireText.h"
 
 #include <QTest>
@@ -246,5 +247,5 @@ void DataTransactionTest::aRefusedRequestMovesNoData() {
     QCOMPARE(data.receivedData(), QByteArray("abc"));
 }
 
-QTEST_GUILESS_MAIN(DataTransactionTest)
+const TestSubject registered = subjectWithoutScreen<DataTransactionTest>();
 #include "DataTransactionTest.moc"

@@ -3,6 +3,7 @@
 #include "protocol/RequestDispatcher.h"
 #include "tests/protocol/WirePackets.h"
 #include "tests/support/FakeCameraAccess.h"
+#include "tests/support/TestSubject.h"
 
 #include <QRegularExpression>
 #include <QTest>
@@ -273,5 +274,5 @@ void DispatcherTest::plainReadsWaitOneSecond() {
     QCOMPARE(access.port().readTimeouts(), (QList<int>{1000, 1000, 1000}));
 }
 
-QTEST_GUILESS_MAIN(DispatcherTest)
+const TestSubject registered = subjectWithoutScreen<DispatcherTest>();
 #include "DispatcherTest.moc"

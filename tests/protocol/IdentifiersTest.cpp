@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "protocol/CommandIdentifiers.h"
 #include "tests/protocol/IdentifierNames.h"
+#include "tests/support/TestSubject.h"
 
 #include <QCryptographicHash>
 #include <QSet>
@@ -151,5 +152,5 @@ void IdentifiersTest::unknownIdentifiersAreNamedByTheirText() {
     QCOMPARE(getUsbCommand(unknown), name);
 }
 
-QTEST_GUILESS_MAIN(IdentifiersTest)
+const TestSubject registered = subjectWithoutScreen<IdentifiersTest>();
 #include "IdentifiersTest.moc"

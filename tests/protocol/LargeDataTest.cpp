@@ -4,6 +4,7 @@
 #include "protocol/RequestDispatcher.h"
 #include "protocol/ResultCodes.h"
 #include "tests/support/PortCamera.h"
+#include "tests/support/TestSubject.h"
 
 #include <QTest>
 #include <QtEndian>
@@ -181,5 +182,5 @@ void LargeDataTest::anImageIsCopiedOnce() {
     QCOMPARE_LT(heapInUse() - before, qint64{PAYLOAD} + ALLOWANCE);
 }
 
-QTEST_GUILESS_MAIN(LargeDataTest)
+const TestSubject registered = subjectWithoutScreen<LargeDataTest>();
 #include "LargeDataTest.moc"

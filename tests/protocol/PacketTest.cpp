@@ -2,6 +2,7 @@
 #include "protocol/ClNuboCommand.h"
 #include "protocol/ClNuboCommandIpv4.h"
 #include "protocol/NuboCommands.h"
+#include "tests/support/TestSubject.h"
 #include "tests/support/WireText.h"
 
 #include <QDateTime>
@@ -232,5 +233,5 @@ void PacketTest::sdSizesComeHighWordFirst() {
     QCOMPARE(command.param(5), 3U);
 }
 
-QTEST_GUILESS_MAIN(PacketTest)
+const TestSubject registered = subjectWithoutScreen<PacketTest>();
 #include "PacketTest.moc"

@@ -3,6 +3,7 @@
 #include "protocol/ClNuboCommandIpv4.h"
 #include "protocol/ClNuboCommandRecord.h"
 #include "protocol/ClNuboCommandString.h"
+#include "tests/support/TestSubject.h"
 #include "tests/support/WireText.h"
 
 #include <QFile>
@@ -156,5 +157,5 @@ void ShortPacketTest::aDeclaredLengthAllocatesNoMoreThanArrived() {
     QVERIFY(peakMemory() - before < FAR_LESS_THAN_DECLARED_KIB);
 }
 
-QTEST_GUILESS_MAIN(ShortPacketTest)
+const TestSubject registered = subjectWithoutScreen<ShortPacketTest>();
 #include "ShortPacketTest.moc"

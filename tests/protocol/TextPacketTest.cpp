@@ -2,6 +2,7 @@
 #include "protocol/ClNuboCommandConnectWifi.h"
 #include "protocol/ClNuboCommandRecord.h"
 #include "protocol/ClNuboCommandString.h"
+#include "tests/support/TestSubject.h"
 #include "tests/support/WireText.h"
 
 #include <QTest>
@@ -223,5 +224,5 @@ void TextPacketTest::valuePacketsArePlain() {
     QCOMPARE(ClNuboCommandAccesspointInfo2(packet).getData(), packet);
 }
 
-QTEST_GUILESS_MAIN(TextPacketTest)
+const TestSubject registered = subjectWithoutScreen<TextPacketTest>();
 #include "TextPacketTest.moc"

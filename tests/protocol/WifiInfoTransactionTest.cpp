@@ -2,6 +2,7 @@
 #include "protocol/ClNuboTransactions.h"
 #include "tests/protocol/WirePackets.h"
 #include "tests/support/ScriptedPort.h"
+#include "tests/support/TestSubject.h"
 
 #include <QElapsedTimer>
 #include <QTest>
@@ -148,5 +149,5 @@ void WifiInfoTransactionTest::packetsThatAreSkippedCannotHoldTheThreadForEver() 
     QCOMPARE(info.signal, 0U);
 }
 
-QTEST_GUILESS_MAIN(WifiInfoTransactionTest)
+const TestSubject registered = subjectWithoutScreen<WifiInfoTransactionTest>();
 #include "WifiInfoTransactionTest.moc"

@@ -11,6 +11,7 @@
 #include "simulator/VirtualUsbBus.h"
 #include "tests/simulator/ScriptedDevice.h"
 #include "tests/simulator/UsbHost.h"
+#include "tests/support/TestSubject.h"
 
 namespace nubo::simulator {
 
@@ -308,5 +309,5 @@ void BusFaultTest::everyFaultHasANameOfItsOwn() {
 
 }  // namespace nubo::simulator
 
-QTEST_GUILESS_MAIN(nubo::simulator::BusFaultTest)
+const TestSubject registered = subjectWithoutScreen<nubo::simulator::BusFaultTest>();
 #include "BusFaultTest.moc"

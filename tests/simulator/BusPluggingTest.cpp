@@ -11,6 +11,7 @@
 #include "simulator/VirtualCamera.h"
 #include "tests/simulator/BusBench.h"
 #include "tests/simulator/CameraTalk.h"
+#include "tests/support/TestSubject.h"
 
 namespace nubo::simulator {
 
@@ -263,5 +264,5 @@ void BusPluggingTest::unknownDeviceIsLeftAlone() {
 
 }  // namespace nubo::simulator
 
-QTEST_GUILESS_MAIN(nubo::simulator::BusPluggingTest)
+const TestSubject registered = subjectWithoutScreen<nubo::simulator::BusPluggingTest>();
 #include "BusPluggingTest.moc"

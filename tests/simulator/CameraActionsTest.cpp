@@ -2,6 +2,7 @@
 #include "simulator/VirtualCamera.h"
 #include "tests/simulator/CameraTalk.h"
 #include "tests/simulator/ResultBytes.h"
+#include "tests/support/TestSubject.h"
 
 #include <QSet>
 #include <QTest>
@@ -194,5 +195,5 @@ void CameraActionsTest::networksOfAllKindsAreInReach() {
     QCOMPARE(ask(camera, command("0250")).size(), packets);
 }
 
-QTEST_APPLESS_MAIN(CameraActionsTest)
+const TestSubject registered = subjectWithoutApplication<CameraActionsTest>();
 #include "CameraActionsTest.moc"

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "tests/simulator/CameraTalk.h"
+#include "tests/support/TestSubject.h"
 
 #include <QTest>
 
@@ -183,5 +184,5 @@ void CameraDataTest::anImageOfNothingIsRefused() {
     QCOMPARE(ask(camera, command("0120")), QByteArrayList{reply("fbff")});
 }
 
-QTEST_APPLESS_MAIN(CameraDataTest)
+const TestSubject registered = subjectWithoutApplication<CameraDataTest>();
 #include "CameraDataTest.moc"

@@ -5,6 +5,7 @@
 #include "tests/simulator/CameraTalk.h"
 #include "tests/simulator/ResultBytes.h"
 #include "tests/support/Patience.h"
+#include "tests/support/TestSubject.h"
 
 #include <QSet>
 #include <QTest>
@@ -236,5 +237,5 @@ void CameraSettingsTest::noCodeStandsInBothTables() {
     QCOMPARE(codes.size(), count);
 }
 
-QTEST_APPLESS_MAIN(CameraSettingsTest)
+const TestSubject registered = subjectWithoutApplication<CameraSettingsTest>();
 #include "CameraSettingsTest.moc"

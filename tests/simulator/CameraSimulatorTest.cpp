@@ -9,6 +9,7 @@
 #include <QTest>
 
 #include "tests/simulator/SimulatorRun.h"
+#include "tests/support/TestSubject.h"
 
 using namespace Qt::StringLiterals;
 
@@ -296,5 +297,5 @@ void CameraSimulatorTest::leftOverSocketIsReplacedAndOtherFilesAreKept() {
     QCOMPARE(control("get battery"), QByteArray("ok 85"));
 }
 
-QTEST_GUILESS_MAIN(CameraSimulatorTest)
+const TestSubject registered = subjectWithoutScreen<CameraSimulatorTest>();
 #include "CameraSimulatorTest.moc"

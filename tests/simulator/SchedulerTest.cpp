@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "simulator/Scheduler.h"
+#include "tests/support/TestSubject.h"
 
 #include <QTest>
 
@@ -62,5 +63,5 @@ void SchedulerTest::settlingDropsWhatIsStillToComeAndGoesOn() {
     QVERIFY(wasDropped);
 }
 
-QTEST_APPLESS_MAIN(SchedulerTest)
+const TestSubject registered = subjectWithoutApplication<SchedulerTest>();
 #include "SchedulerTest.moc"

@@ -5,6 +5,7 @@
 #include <QTest>
 
 #include "tests/simulator/SimulatorRun.h"
+#include "tests/support/TestSubject.h"
 
 using namespace Qt::StringLiterals;
 
@@ -120,5 +121,5 @@ void SimulatorProgramTest::askedToEndItEndsItsCommandFirst() {
     QCOMPARE(process.readAllStandardOutput(), QByteArray("ended\n"));
 }
 
-QTEST_GUILESS_MAIN(SimulatorProgramTest)
+const TestSubject registered = subjectWithoutScreen<SimulatorProgramTest>();
 #include "SimulatorProgramTest.moc"

@@ -10,6 +10,7 @@
 #include <cstdlib>
 
 #include "tests/simulator/SimulatorRun.h"
+#include "tests/support/TestSubject.h"
 
 using namespace Qt::StringLiterals;
 
@@ -92,5 +93,5 @@ void SimulatorTerminalTest::aJobInTheBackgroundGoesOnAndReadsInTheForeground() {
     QVERIFY(process.waitForFinished(PATIENCE_MS));
 }
 
-QTEST_GUILESS_MAIN(SimulatorTerminalTest)
+const TestSubject registered = subjectWithoutScreen<SimulatorTerminalTest>();
 #include "SimulatorTerminalTest.moc"

@@ -9,6 +9,7 @@
 
 #include "simulator/CameraCommands.h"
 #include "simulator/CameraItems.h"
+#include "tests/support/TestSubject.h"
 
 namespace nubo::simulator {
 
@@ -261,5 +262,5 @@ void VirtualCameraTest::commandsAreFoundByTheirCode() {
 
 }  // namespace nubo::simulator
 
-QTEST_APPLESS_MAIN(nubo::simulator::VirtualCameraTest)
+const TestSubject registered = subjectWithoutApplication<nubo::simulator::VirtualCameraTest>();
 #include "VirtualCameraTest.moc"

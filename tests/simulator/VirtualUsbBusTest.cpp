@@ -10,6 +10,7 @@
 #include <future>
 
 #include "tests/simulator/BusBench.h"
+#include "tests/support/TestSubject.h"
 #include "tests/support/WithoutFileOverride.h"
 
 namespace nubo::simulator {
@@ -298,5 +299,5 @@ void VirtualUsbBusTest::missingNodeCannotBeOpened() {
 
 }  // namespace nubo::simulator
 
-QTEST_GUILESS_MAIN(nubo::simulator::VirtualUsbBusTest)
+const TestSubject registered = subjectWithoutScreen<nubo::simulator::VirtualUsbBusTest>();
 #include "VirtualUsbBusTest.moc"

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "tests/support/TestSubject.h"
+
 #include <QAbstractEventDispatcher>
-#include <QApplication>
-#include <QTest>
 
 #include <chrono>
 #include <vector>
@@ -47,14 +47,15 @@ private:
     qint64 m_now = 0;  // milliseconds
 };
 
-/// The main() of a test on a clock of its own: @p Test is made with the clock.
+/// Runs a test on a clock of its own: @p Test is made with the clock.
 template <class Test>
-int runOnManualClock(int argc, char** argv) {
-    auto* const clock = new ManualClock;  // the application object takes it over
-    QCoreApplication::setEventDispatcher(clock);
-    const QApplication application(argc, argv);
-    QCoreApplication::setApplicationName(QStringLiteral("Test program"));
-    Test test(*clock);
-    QTEST_SET_MAIN_SOURCE_PATH
-    return QTest::qExec(&test, argc, argv);
+[[nodiscard]] TestSubject subjectOnManualClock() {
+    return {Test::staticMetaObject.className(), [](int argc, char** argv) {
+                auto* const clock = new ManualClock;  // the application object takes it over
+                QCoreApplication::setEventDispatcher(clock);
+                const QApplication application(argc, argv);
+                QCoreApplication::setApplicationName(QStringLiteral("Test program"));
+                Test test(*clock);
+                return QTest::qExec(&test, argc, argv);
+            }};
 }

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "tests/support/TestSubject.h"
 #include "ui/ClRollOverToolBtn.h"
 #include "ui/ClWidgetBase.h"
 
@@ -119,5 +120,5 @@ void AccessibleButtonTest::ownNameGoesBeforeTheText() {
     QCOMPARE(seen().text(QAccessible::Name), u"Show & tell"_s);
 }
 
-QTEST_MAIN(AccessibleButtonTest)
+const TestSubject registered = subjectWithWidgets<AccessibleButtonTest>();
 #include "AccessibleButtonTest.moc"

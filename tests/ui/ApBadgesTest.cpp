@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "tests/support/TestSubject.h"
 #include "tests/ui/Painting.h"
 #include "tests/ui/TaggingTranslator.h"
 #include "ui/Artwork.h"
@@ -183,5 +184,5 @@ void ApBadgesTest::repaintsAPartLikeTheWhole() {
     QCOMPARE(repainted, painted(badge).copy(part));
 }
 
-QTEST_MAIN(ApBadgesTest)
+const TestSubject registered = subjectWithWidgets<ApBadgesTest>();
 #include "ApBadgesTest.moc"

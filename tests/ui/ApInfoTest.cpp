@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "tests/support/Patience.h"
+#include "tests/support/TestSubject.h"
 #include "tests/ui/Mouse.h"
 #include "tests/ui/Painting.h"
 #include "ui/Artwork.h"
@@ -330,5 +331,5 @@ void ApInfoTest::theButtonIsPressedByMouseAndKey() {
     QCOMPARE(clicked.size(), 2);
 }
 
-QTEST_MAIN(ApInfoTest)
+const TestSubject registered = subjectWithWidgets<ApInfoTest>();
 #include "ApInfoTest.moc"

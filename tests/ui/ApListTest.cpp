@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "tests/support/TestSubject.h"
 #include "tests/ui/Mouse.h"
 #include "ui/ClWidgetApInfo.h"
 #include "ui/ClWidgetApList.h"
@@ -191,5 +192,5 @@ void ApListTest::aClickTakesNoFocus() {
     QVERIFY(m_selected.isEmpty());
 }
 
-QTEST_MAIN(ApListTest)
+const TestSubject registered = subjectWithWidgets<ApListTest>();
 #include "ApListTest.moc"

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "tests/support/Patience.h"
+#include "tests/support/TestSubject.h"
 #include "tests/ui/Painting.h"
 #include "tests/ui/TaggingTranslator.h"
 #include "ui/ClButtonApInfo.h"
@@ -188,5 +189,5 @@ void ApSsidTest::aScreenReaderCanPressTheRow() {
     QCOMPARE(selected.size(), 1);
 }
 
-QTEST_MAIN(ApSsidTest)
+const TestSubject registered = subjectWithWidgets<ApSsidTest>();
 #include "ApSsidTest.moc"

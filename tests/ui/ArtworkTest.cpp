@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "tests/support/TestSubject.h"
 #include "ui/Artwork.h"
 #include "ui/ArtworkIcon.h"
 
@@ -275,5 +276,5 @@ void ArtworkTest::keepsAnEmptyIconEmpty() {
     QVERIFY(artworkIcon({}).pixmap(QSize(30, 20), 1.0, QIcon::Disabled).isNull());
 }
 
-QTEST_MAIN(ArtworkTest)
+const TestSubject registered = subjectWithWidgets<ArtworkTest>();
 #include "ArtworkTest.moc"

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "tests/support/Patience.h"
+#include "tests/support/TestSubject.h"
 #include "tests/ui/Mouse.h"
 #include "tests/ui/Painting.h"
 #include "tests/ui/TaggingTranslator.h"
@@ -143,5 +144,5 @@ void CaptionBarTest::namesTheCloseButton() {
     QCOMPARE(bar.findChild<ClRollOverToolBtn*>()->accessibleName(), u"ClCaptionBar|Close"_s);
 }
 
-QTEST_MAIN(CaptionBarTest)
+const TestSubject registered = subjectWithWidgets<CaptionBarTest>();
 #include "CaptionBarTest.moc"

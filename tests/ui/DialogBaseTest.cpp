@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "tests/support/TestSubject.h"
 #include "tests/ui/Modal.h"
 #include "tests/ui/TaggingTranslator.h"
 #include "ui/ClDialogBase.h"
@@ -163,5 +164,5 @@ void DialogBaseTest::carriesParametersInAndOut() {
     QVERIFY(answer.closed());
 }
 
-QTEST_MAIN(DialogBaseTest)
+const TestSubject registered = subjectWithWidgets<DialogBaseTest>();
 #include "DialogBaseTest.moc"

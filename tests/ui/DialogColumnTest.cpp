@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "tests/support/Patience.h"
+#include "tests/support/TestSubject.h"
 #include "ui/ClDialogBase.h"
 #include "ui/ClDialogColumn.h"
 
@@ -79,5 +80,5 @@ void DialogColumnTest::theUserCannotResizeTheDialog() {
     QCOMPARE(dialog->maximumSize(), dialog->size());
 }
 
-QTEST_MAIN(DialogColumnTest)
+const TestSubject registered = subjectWithWidgets<DialogColumnTest>();
 #include "DialogColumnTest.moc"

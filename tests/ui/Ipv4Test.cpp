@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "tests/support/TestSubject.h"
 #include "ui/Ipv4.h"
 
 #include <QTest>
@@ -189,5 +190,5 @@ void Ipv4Test::judgesMasksWithAnyFourOctets() {
     QCOMPARE(valid, 33 - 4);
 }
 
-QTEST_APPLESS_MAIN(Ipv4Test)
+const TestSubject registered = subjectWithoutApplication<Ipv4Test>();
 #include "Ipv4Test.moc"

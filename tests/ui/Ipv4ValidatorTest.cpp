@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "tests/support/TestSubject.h"
 #include "ui/ClIpv4Validator.h"
 
 #include <QLineEdit>
@@ -196,5 +197,5 @@ void Ipv4ValidatorTest::forgetsWhatItRefused() {
     QCOMPARE(shown(u"192"_s), u"19"_s);
 }
 
-QTEST_MAIN(Ipv4ValidatorTest)
+const TestSubject registered = subjectWithWidgets<Ipv4ValidatorTest>();
 #include "Ipv4ValidatorTest.moc"

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "tests/support/TestSubject.h"
 #include "tests/ui/Painting.h"
 #include "tests/ui/TaggingTranslator.h"
 #include "ui/Artwork.h"
@@ -71,5 +72,5 @@ void LabelControlsTest::namesTheCheckMark() {
     QVERIFY(check.accessibleName().isEmpty());
 }
 
-QTEST_MAIN(LabelControlsTest)
+const TestSubject registered = subjectWithWidgets<LabelControlsTest>();
 #include "LabelControlsTest.moc"

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "tests/support/TestSubject.h"
 #include "tests/ui/Modal.h"
 #include "tests/ui/TaggingTranslator.h"
 #include "ui/ClDialogBase.h"
@@ -168,5 +169,5 @@ void MessageBoxTest::isNeverNarrowerThanADialog() {
     QCOMPARE(box.width(), 170);
 }
 
-QTEST_MAIN(MessageBoxTest)
+const TestSubject registered = subjectWithWidgets<MessageBoxTest>();
 #include "MessageBoxTest.moc"

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "tests/support/TestSubject.h"
 #include "tests/support/TextFit.h"
 
 #include <QComboBox>
@@ -166,6 +167,6 @@ void MisplacedTextsTest::leavesAloneALabelWhoseEmptyPartIsOnATextsPlace() {
     QCOMPARE(complaints(), QStringList());
 }
 
-QTEST_MAIN(MisplacedTextsTest)
+const TestSubject registered = subjectWithWidgets<MisplacedTextsTest>();
 
 #include "MisplacedTextsTest.moc"

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "tests/support/Patience.h"
+#include "tests/support/TestSubject.h"
 #include "tests/ui/Mouse.h"
 #include "tests/ui/Painting.h"
 #include "ui/Artwork.h"
@@ -262,5 +263,5 @@ void ModeButtonTest::isPressedByAnAccessibilityClient() {
     QVERIFY(interface->state().disabled);
 }
 
-QTEST_MAIN(ModeButtonTest)
+const TestSubject registered = subjectWithWidgets<ModeButtonTest>();
 #include "ModeButtonTest.moc"

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "tests/support/TestSubject.h"
 #include "tests/ui/Mouse.h"
 #include "tests/ui/Painting.h"
 #include "ui/Artwork.h"
@@ -125,5 +126,5 @@ void NetworkTabTest::hasAnAccessibleName() {
     QCOMPARE(QAccessible::queryAccessibleInterface(m_tab)->text(QAccessible::Name), u"Adhoc"_s);
 }
 
-QTEST_MAIN(NetworkTabTest)
+const TestSubject registered = subjectWithWidgets<NetworkTabTest>();
 #include "NetworkTabTest.moc"

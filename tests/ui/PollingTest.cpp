@@ -136,8 +136,6 @@ void PollingTest::stopsWithThePage() {
     QCOMPARE(m_clock.runningTimers(), 0);
 }
 
-int main(int argc, char** argv) {
-    return runOnManualClock<PollingTest>(argc, argv);
-}
+const TestSubject registered = subjectOnManualClock<PollingTest>();
 
 #include "PollingTest.moc"

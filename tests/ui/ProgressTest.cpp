@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "tests/support/TestSubject.h"
 #include "ui/ClWidgetProgress.h"
 
 #include <QLabel>
@@ -80,5 +81,5 @@ void ProgressTest::changesItsColourBackAndForth() {
     QCOMPARE(label->palette().color(QPalette::WindowText), QColor(26, 97, 9));
 }
 
-QTEST_MAIN(ProgressTest)
+const TestSubject registered = subjectWithWidgets<ProgressTest>();
 #include "ProgressTest.moc"

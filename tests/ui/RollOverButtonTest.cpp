@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "tests/support/Patience.h"
+#include "tests/support/TestSubject.h"
 #include "tests/ui/Mouse.h"
 #include "tests/ui/Painting.h"
 #include "ui/ClRollOverToolBtn.h"
@@ -278,5 +279,5 @@ void RollOverButtonTest::clicksOnlyInsideItsShape() {
     QCOMPARE(clicked.size(), 1);
 }
 
-QTEST_MAIN(RollOverButtonTest)
+const TestSubject registered = subjectWithWidgets<RollOverButtonTest>();
 #include "RollOverButtonTest.moc"

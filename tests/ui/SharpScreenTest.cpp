@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "tests/support/TestSubject.h"
 #include "tests/ui/Mouse.h"
 #include "tests/ui/Painting.h"
 #include "ui/Artwork.h"
@@ -113,12 +114,11 @@ void SharpScreenTest::keepsTheSizesOfLabels() {
     QCOMPARE(painted(check), blankWith(check, artwork(u":/img/ap_check"_s, 2.0)));
 }
 
-int main(int argc, char** argv) {
+const TestSubject registered("SharpScreenTest", [](int argc, char** argv) {
     qputenv("QT_SCALE_FACTOR", "2");
     const QApplication application(argc, argv);
     SharpScreenTest test;
-    QTEST_SET_MAIN_SOURCE_PATH
     return QTest::qExec(&test, argc, argv);
-}
+});
 
 #include "SharpScreenTest.moc"

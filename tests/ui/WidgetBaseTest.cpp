@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "protocol/CommandIdentifiers.h"
 #include "protocol/ResultCodes.h"
+#include "tests/support/TestSubject.h"
 #include "tests/ui/Modal.h"
 #include "tests/ui/Mouse.h"
 #include "tests/ui/TaggingTranslator.h"
@@ -438,5 +439,5 @@ void WidgetBaseTest::passesANullEvent() {
     QVERIFY(!page.eventFilter(&page, nullptr));
 }
 
-QTEST_MAIN(WidgetBaseTest)
+const TestSubject registered = subjectWithWidgets<WidgetBaseTest>();
 #include "WidgetBaseTest.moc"

@@ -4,6 +4,7 @@
 #include "tests/catalogue/CataloguePackets.h"
 #include "tests/catalogue/RouteMessages.h"
 #include "tests/catalogue/RouteRows.h"
+#include "tests/support/TestSubject.h"
 #include "tests/usb/ScriptedCamera.h"
 
 #include <QCoreApplication>
@@ -237,5 +238,5 @@ void AllCommandsOnBusTest::everyScanStartsWithAnEmptyList() {
     }
 }
 
-QTEST_GUILESS_MAIN(AllCommandsOnBusTest)
+const TestSubject registered = subjectWithoutScreen<AllCommandsOnBusTest>();
 #include "AllCommandsOnBusTest.moc"

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "protocol/CommandIdentifiers.h"
+#include "tests/support/TestSubject.h"
 #include "tests/usb/ControllerBench.h"
 #include "tests/usb/UserInterface.h"
 #include "usb/ClUsbManager.h"
@@ -276,5 +277,5 @@ void DescriptorInfoTest::aDeviceWithoutInterfacesIsSent() {
     QVERIFY(!dump.contains(QStringLiteral("--Interface:")));
 }
 
-QTEST_GUILESS_MAIN(DescriptorInfoTest)
+const TestSubject registered = subjectWithoutScreen<DescriptorInfoTest>();
 #include "DescriptorInfoTest.moc"

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "tests/support/TestSubject.h"
 #include "tests/usb/FaultMatrix.h"
 
 #include <optional>
@@ -153,10 +154,22 @@ const std::array FAULTS{
 
 }  // namespace
 
-/// Every fault in every transfer of every kind of transaction, on a camera that stays. The build
-/// makes several programs of it, by the time that the rows wait.
+/// The rows of a subject: the faults that a transaction waits for so long, of the kinds of
+/// transactions that await their answer for so long.
+struct stShare {
+    qint64 leastWaitMs;
+    qint64 mostWaitMs;
+    qint64 leastAnswerMs = 0;
+    qint64 mostAnswerMs = 3000;
+};
+
+/// Every fault in every transfer of every kind of transaction, on a camera that stays. Several
+/// subjects share its rows, since they wait for real time-outs.
 class FaultMatrixTest : public QObject {
     Q_OBJECT
+
+public:
+    explicit FaultMatrixTest(const stShare& share) : m_share(share) {}
 
 private Q_SLOTS:
     void initTestCase();
@@ -166,6 +179,7 @@ private Q_SLOTS:
     void theToolIsToldOnceAndGoesOn();
 
 private:
+    stShare m_share;
     ManagerBench m_bench;
     DeviceId m_camera = m_bench.bus.plug(makeMatrixCamera(85));
     ClUsbController* m_controller = nullptr;
@@ -182,7 +196,7 @@ void FaultMatrixTest::theToolIsToldOnceAndGoesOn_data() {
     QTest::addColumn<Fault>("fault");
     QTest::addColumn<stEnd>("end");
     for (const stKind& kind : KINDS) {
-        if (kind.answerMs < LEAST_ANSWER_MS || kind.answerMs > MOST_ANSWER_MS) {
+        if (kind.answerMs < m_share.leastAnswerMs || kind.answerMs > m_share.mostAnswerMs) {
             continue;
         }
         for (unsigned transfer = 1; transfer <= kind.transfers.size(); ++transfer) {
@@ -192,7 +206,8 @@ void FaultMatrixTest::theToolIsToldOnceAndGoesOn_data() {
                 if (end && kind.transfers == "R" && row.fault.kind == FaultKind::Timeout) {
                     end->leastMs = 1000;
                 }
-                if (end && end->leastMs >= LEAST_WAIT_MS && end->leastMs <= MOST_WAIT_MS) {
+                if (end && end->leastMs >= m_share.leastWaitMs &&
+                    end->leastMs <= m_share.mostWaitMs) {
                     Fault fault = row.fault;
                     fault.nth = transfer;
                     QTest::newRow((transferName(kind, transfer) + ": " + row.name).constData())
@@ -224,5 +239,15 @@ void FaultMatrixTest::theToolIsToldOnceAndGoesOn() {
     QCOMPARE(m_bench.ui.arrivals().size(), 2);
 }
 
-QTEST_GUILESS_MAIN(FaultMatrixTest)
+template <stShare SHARE>
+int runShare(int argc, char** argv) {
+    const QCoreApplication application(argc, argv);
+    FaultMatrixTest test(SHARE);
+    return QTest::qExec(&test, argc, argv);
+}
+
+const TestSubject atOnce("FaultMatrixTest", runShare<stShare{0, 0}>);
+const TestSubject afterShortWaits("FaultMatrixWaitsTest", runShare<stShare{1, 2000}>);
+const TestSubject afterLongWaits("FaultMatrixLongWaitsTest", runShare<stShare{2001, 9000, 0, 1000}>);
+const TestSubject afterLongestWaits("FaultMatrixLongestWaitsTest", runShare<stShare{2001, 9000, 3000, 3000}>);
 #include "FaultMatrixTest.moc"

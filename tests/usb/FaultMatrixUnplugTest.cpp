@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "tests/support/TestSubject.h"
 #include "tests/usb/FaultMatrix.h"
 
 #include <algorithm>
@@ -158,5 +159,5 @@ void FaultMatrixUnplugTest::everyCameraWorksWhenItIsBack() {
     }
 }
 
-QTEST_GUILESS_MAIN(FaultMatrixUnplugTest)
+const TestSubject registered = subjectWithoutScreen<FaultMatrixUnplugTest>();
 #include "FaultMatrixUnplugTest.moc"

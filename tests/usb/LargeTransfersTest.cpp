@@ -3,6 +3,7 @@
 #include "protocol/CommandIdentifiers.h"
 #include "protocol/NuboCommands.h"
 #include "protocol/ResultCodes.h"
+#include "tests/support/TestSubject.h"
 #include "tests/usb/ManagerBench.h"
 
 #include <QBuffer>
@@ -143,5 +144,5 @@ void LargeTransfersTest::theCameraGoesOnAfterwards() {
     QCOMPARE(m_bench.ui.ask(USB_REQ_NUBO_CMD_GET_BATTERY, m_controller).value(Key::PARAM3), 85U);
 }
 
-QTEST_GUILESS_MAIN(LargeTransfersTest)
+const TestSubject registered = subjectWithoutScreen<LargeTransfersTest>();
 #include "LargeTransfersTest.moc"

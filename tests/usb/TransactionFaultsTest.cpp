@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "tests/usb/DisturbedTransactionTest.h"
+#include "tests/support/TestSubject.h"
+#include "tests/usb/DisturbedTransaction.h"
 #include "tests/usb/Requests.h"
 
 #include <QTest>
@@ -36,7 +37,7 @@ constexpr Fault CAMERA_IS_BUSY{.kind = FaultKind::CameraError, .argument = 0xFFF
 }  // namespace
 
 /// Faults that strike one transfer of a request after the other and cost no time-out.
-class TransactionFaultsTest : public DisturbedTransactionTest {
+class TransactionFaultsTest : public DisturbedTransaction {
     Q_OBJECT
 
 private Q_SLOTS:
@@ -69,5 +70,5 @@ void TransactionFaultsTest::aFaultOfATransferEndsOneRequest_data() {
     }
 }
 
-QTEST_GUILESS_MAIN(TransactionFaultsTest)
+const TestSubject registered = subjectWithoutScreen<TransactionFaultsTest>();
 #include "TransactionFaultsTest.moc"

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "protocol/CommandIdentifiers.h"
-#include "tests/usb/DisturbedTransactionTest.h"
+#include "tests/support/TestSubject.h"
+#include "tests/usb/DisturbedTransaction.h"
 
 #include <QTest>
 
@@ -14,7 +15,7 @@ constexpr Fault LOST_COMMAND{.kind = FaultKind::Timeout, .unit = FaultUnit::Comm
 }  // namespace
 
 /// Plain requests that wait: a write for one second, an answer for three times one second.
-class TransactionTimeoutsTest : public DisturbedTransactionTest {
+class TransactionTimeoutsTest : public DisturbedTransaction {
     Q_OBJECT
 
 private Q_SLOTS:
@@ -49,5 +50,5 @@ void TransactionTimeoutsTest::aRequestWaitsNoLongerThanStated_data() {
     addRow("action: the command is lost", {action, LOST_COMMAND, Answer::Failure, TIMED_OUT, 3000});
 }
 
-QTEST_GUILESS_MAIN(TransactionTimeoutsTest)
+const TestSubject registered = subjectWithoutScreen<TransactionTimeoutsTest>();
 #include "TransactionTimeoutsTest.moc"

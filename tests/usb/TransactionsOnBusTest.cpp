@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "simulator/Wire.h"
 #include "tests/simulator/ScriptedDevice.h"
+#include "tests/support/TestSubject.h"
 #include "tests/usb/ManagerBench.h"
 #include "tests/usb/Requests.h"
 
@@ -256,5 +257,5 @@ void TransactionsOnBusTest::aRestartedCameraIsReportedGoneAndAnnouncedAgain() {
     QCOMPARE(m_bench.ui.arrivals().size(), 4);
 }
 
-QTEST_GUILESS_MAIN(TransactionsOnBusTest)
+const TestSubject registered = subjectWithoutScreen<TransactionsOnBusTest>();
 #include "TransactionsOnBusTest.moc"

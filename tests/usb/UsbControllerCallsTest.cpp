@@ -4,6 +4,7 @@
 // cause. The linker sends its calls to the functions here (see CMakeLists.txt); all else is the
 // real libusb.
 
+#include "tests/support/TestSubject.h"
 #include "tests/usb/ControllerBench.h"
 
 #include <QSignalSpy>
@@ -197,5 +198,5 @@ void UsbControllerCallsTest::theTimeoutIsTheCallersOwn() {
     QCOMPARE(g_calls.timeouts, (QList<int>{1000, 3000}));
 }
 
-QTEST_GUILESS_MAIN(UsbControllerCallsTest)
+const TestSubject registered = subjectWithoutScreen<UsbControllerCallsTest>();
 #include "UsbControllerCallsTest.moc"

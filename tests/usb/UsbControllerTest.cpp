@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "tests/support/TestSubject.h"
 #include "tests/usb/ControllerBench.h"
 
 #include <QSignalSpy>
@@ -213,5 +214,5 @@ void UsbControllerTest::closingGivesEverythingBack() {
     QCOMPARE(second.open(), 0);
 }
 
-QTEST_GUILESS_MAIN(UsbControllerTest)
+const TestSubject registered = subjectWithoutScreen<UsbControllerTest>();
 #include "UsbControllerTest.moc"

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "tests/support/TestSubject.h"
 #include "tests/usb/ControllerBench.h"
 
 #include <QSignalSpy>
@@ -253,5 +254,5 @@ void UsbControllerTransferTest::theDeviceGoesInTheMiddleOfATransfer() {
     QCOMPARE(closings.size(), 1);
 }
 
-QTEST_GUILESS_MAIN(UsbControllerTransferTest)
+const TestSubject registered = subjectWithoutScreen<UsbControllerTransferTest>();
 #include "UsbControllerTransferTest.moc"

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "tests/support/TestSubject.h"
 #include "tests/support/WithoutFileOverride.h"
 #include "tests/usb/ManagerBench.h"
 
@@ -184,5 +185,5 @@ void UsbManagerLogTest::aCameraWithNothingToClaimIsNotCalledBusy() {
     QCOMPARE(messagesOfPasses(bench), QStringList{failed(2, QStringLiteral("Entity not found"))});
 }
 
-QTEST_GUILESS_MAIN(UsbManagerLogTest)
+const TestSubject registered = subjectWithoutScreen<UsbManagerLogTest>();
 #include "UsbManagerLogTest.moc"

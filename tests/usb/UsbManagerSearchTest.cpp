@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "protocol/CommandIdentifiers.h"
+#include "tests/support/TestSubject.h"
 #include "tests/usb/ManagerBench.h"
 
 #include <QTest>
@@ -141,5 +142,5 @@ void UsbManagerSearchTest::aBusyCameraIsTriedAgainEverySecond() {
     TRY_VERIFY(bench.manager->canCommunication());
 }
 
-QTEST_GUILESS_MAIN(UsbManagerSearchTest)
+const TestSubject registered = subjectWithoutScreen<UsbManagerSearchTest>();
 #include "UsbManagerSearchTest.moc"

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "protocol/CommandIdentifiers.h"
+#include "tests/support/TestSubject.h"
 #include "tests/usb/ManagerBench.h"
 
 #include <QSemaphore>
@@ -136,5 +137,5 @@ void UsbManagerShutdownTest::aManagerEndsInTheMiddleOfItsSearch() {
     TRY_VERIFY(openFileCount() <= files);
 }
 
-QTEST_GUILESS_MAIN(UsbManagerShutdownTest)
+const TestSubject registered = subjectWithoutScreen<UsbManagerShutdownTest>();
 #include "UsbManagerShutdownTest.moc"

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "protocol/CommandIdentifiers.h"
+#include "tests/support/TestSubject.h"
 #include "tests/usb/ManagerBench.h"
 
 #include <QTest>
@@ -129,11 +130,12 @@ void UsbManagerStressTest::hundredRefusalsLeaveNothingBehind() {
     QCOMPARE(bench.ui.arrivals().size(), 0);
 }
 
-int main(int argc, char** argv) {
+const TestSubject registered("UsbManagerStressTest", [](int argc, char** argv) {
     // One heap for all threads, so that it can be weighed as a whole.
     mallopt(M_ARENA_MAX, 1);
     QCoreApplication app(argc, argv);
     UsbManagerStressTest test;
     return QTest::qExec(&test, argc, argv);
-}
+});
+
 #include "UsbManagerStressTest.moc"

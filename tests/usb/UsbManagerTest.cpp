@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "protocol/CommandIdentifiers.h"
 #include "simulator/RootHub.h"
+#include "tests/support/TestSubject.h"
 #include "tests/usb/ManagerBench.h"
 
 #include <QTest>
@@ -144,5 +145,5 @@ void UsbManagerTest::closingTheDevicesEndsTheirWait() {
     QCOMPARE(bench.ui.arrivals().size(), 1);
 }
 
-QTEST_GUILESS_MAIN(UsbManagerTest)
+const TestSubject registered = subjectWithoutScreen<UsbManagerTest>();
 #include "UsbManagerTest.moc"

@@ -3,6 +3,7 @@
 #include "protocol/ClNuboCommandDataSend.h"
 #include "protocol/CommandIdentifiers.h"
 #include "protocol/NuboCommands.h"
+#include "tests/support/TestSubject.h"
 #include "tests/usb/ManagerBench.h"
 
 #include <QTest>
@@ -82,5 +83,5 @@ void UsbManagerUnplugTest::everyTransactionOnACameraThatHasGoneFails() {
     });
 }
 
-QTEST_GUILESS_MAIN(UsbManagerUnplugTest)
+const TestSubject registered = subjectWithoutScreen<UsbManagerUnplugTest>();
 #include "UsbManagerUnplugTest.moc"

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "protocol/CommandIdentifiers.h"
-#include "tests/usb/DisturbedTransactionTest.h"
+#include "tests/support/TestSubject.h"
+#include "tests/usb/DisturbedTransaction.h"
 
 #include <QTest>
 
@@ -51,7 +52,7 @@ constexpr std::array ROWS{
 
 /// The Wi-Fi information waits for the answer three times three seconds, for each of the packets
 /// that follow three times one second.
-class WifiTimeoutsTest : public DisturbedTransactionTest {
+class WifiTimeoutsTest : public DisturbedTransaction {
     Q_OBJECT
 
 private Q_SLOTS:
@@ -67,5 +68,5 @@ void WifiTimeoutsTest::aRequestWaitsNoLongerThanStated_data() {
     }
 }
 
-QTEST_GUILESS_MAIN(WifiTimeoutsTest)
+const TestSubject registered = subjectWithoutScreen<WifiTimeoutsTest>();
 #include "WifiTimeoutsTest.moc"

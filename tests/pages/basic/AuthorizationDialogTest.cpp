@@ -3,6 +3,7 @@
 #include "tests/pages/DialogParameters.h"
 #include "tests/support/BoxUser.h"
 #include "tests/support/DialogControls.h"
+#include "tests/support/TestSubject.h"
 
 #include <QLineEdit>
 #include <QTest>
@@ -231,5 +232,5 @@ void AuthorizationDialogTest::tabGoesThroughThePasswords() {
     QCOMPARE(m_dialog->result(), int(QDialog::Rejected));
 }
 
-QTEST_MAIN(AuthorizationDialogTest)
+const TestSubject registered = subjectWithWidgets<AuthorizationDialogTest>();
 #include "AuthorizationDialogTest.moc"

@@ -3,6 +3,7 @@
 #include "pages/basic/ClDialogAutoWifiOff.h"
 #include "tests/pages/DialogParameters.h"
 #include "tests/pages/basic/TimeRowUser.h"
+#include "tests/support/TestSubject.h"
 
 #include <QSpinBox>
 #include <QTest>
@@ -179,5 +180,5 @@ void AutoOffDialogsTest::wifiOffIsLeftAloneByAnEmptyList() {
     QCOMPARE(values(dialog), u"Time of auto Wi-Fi off 5"_s);
 }
 
-QTEST_MAIN(AutoOffDialogsTest)
+const TestSubject registered = subjectWithWidgets<AutoOffDialogsTest>();
 #include "AutoOffDialogsTest.moc"

@@ -4,6 +4,7 @@
 #include "tests/pages/basic/BasicSettingMessages.h"
 #include "tests/support/BoxUser.h"
 #include "tests/support/DialogControls.h"
+#include "tests/support/TestSubject.h"
 #include "ui/ClDialogBase.h"
 
 #include <QPushButton>
@@ -351,5 +352,5 @@ void BasicSettingDialogsTest::thePageIsWholeAfterItWasLeftBehindADialog() {
                           valuesMessage(USB_REQ_NUBO_CMD_GET_CAMERANAME, {})}));
 }
 
-QTEST_MAIN(BasicSettingDialogsTest)
+const TestSubject registered = subjectWithWidgets<BasicSettingDialogsTest>();
 #include "BasicSettingDialogsTest.moc"

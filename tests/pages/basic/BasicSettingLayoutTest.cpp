@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "pages/basic/ClWidgetBasicSetting.h"
 #include "protocol/CommandIdentifiers.h"
+#include "tests/support/TestSubject.h"
 #include "ui/ClLabelSepalator.h"
 
 #include <QAccessible>
@@ -226,5 +227,5 @@ void BasicSettingLayoutTest::aScreenReaderNamesTheButtons() {
         u"Gull"_s);
 }
 
-QTEST_MAIN(BasicSettingLayoutTest)
+const TestSubject registered = subjectWithWidgets<BasicSettingLayoutTest>();
 #include "BasicSettingLayoutTest.moc"

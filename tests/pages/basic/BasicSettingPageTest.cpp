@@ -3,6 +3,7 @@
 #include "tests/pages/PageBench.h"
 #include "tests/pages/basic/BasicSettingMessages.h"
 #include "tests/support/DialogControls.h"
+#include "tests/support/TestSubject.h"
 
 #include <QPushButton>
 
@@ -278,5 +279,5 @@ void BasicSettingPageTest::thePageNeverPolls() {
     QCOMPARE(m_bench->page.pollingStarts, 0);
 }
 
-QTEST_MAIN(BasicSettingPageTest)
+const TestSubject registered = subjectWithWidgets<BasicSettingPageTest>();
 #include "BasicSettingPageTest.moc"

@@ -4,6 +4,7 @@
 #include "tests/support/BoxUser.h"
 #include "tests/support/DialogControls.h"
 #include "tests/support/Patience.h"
+#include "tests/support/TestSubject.h"
 
 #include <QAccessible>
 #include <QCalendarWidget>
@@ -204,5 +205,5 @@ void CalendarDialogTest::theArrowsAreNamed() {
     QCOMPARE(names, (QStringList{u"Previous month"_s, u"Next month"_s}));
 }
 
-QTEST_MAIN(CalendarDialogTest)
+const TestSubject registered = subjectWithWidgets<CalendarDialogTest>();
 #include "CalendarDialogTest.moc"

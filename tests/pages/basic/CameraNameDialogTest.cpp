@@ -3,6 +3,7 @@
 #include "tests/pages/DialogParameters.h"
 #include "tests/support/BoxUser.h"
 #include "tests/support/DialogControls.h"
+#include "tests/support/TestSubject.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -118,5 +119,5 @@ void CameraNameDialogTest::anEmptyNameIsComplainedOf() {
     QCOMPARE(m_dialog->result(), int(QDialog::Accepted));
 }
 
-QTEST_MAIN(CameraNameDialogTest)
+const TestSubject registered = subjectWithWidgets<CameraNameDialogTest>();
 #include "CameraNameDialogTest.moc"

@@ -3,6 +3,7 @@
 #include "pages/basic/ClDialogWifiCountry.h"
 #include "tests/pages/DialogParameters.h"
 #include "tests/support/DialogControls.h"
+#include "tests/support/TestSubject.h"
 
 #include <QComboBox>
 #include <QTest>
@@ -251,5 +252,5 @@ void ChoiceDialogsTest::aCountryThatDoesNotExistWaitsForAChoice() {
     QCOMPARE(typedValues(dialog.getParam()), QStringList{u"uint 1"_s});
 }
 
-QTEST_MAIN(ChoiceDialogsTest)
+const TestSubject registered = subjectWithWidgets<ChoiceDialogsTest>();
 #include "ChoiceDialogsTest.moc"

@@ -2,6 +2,7 @@
 #include "pages/basic/ClDialogInterval.h"
 #include "tests/pages/DialogParameters.h"
 #include "tests/pages/basic/TimeRowUser.h"
+#include "tests/support/TestSubject.h"
 
 #include <QLabel>
 #include <QTest>
@@ -136,5 +137,5 @@ void IntervalDialogTest::tellsTheRanges() {
                                  u"Time of until start interval timer"_s, u"(0:0:0 - 72:0:0)"_s}));
 }
 
-QTEST_MAIN(IntervalDialogTest)
+const TestSubject registered = subjectWithWidgets<IntervalDialogTest>();
 #include "IntervalDialogTest.moc"

@@ -4,6 +4,7 @@
 #include "pages/basic/ClDialogLed.h"
 #include "tests/pages/DialogParameters.h"
 #include "tests/support/DialogControls.h"
+#include "tests/support/TestSubject.h"
 
 #include <QRadioButton>
 #include <QSlider>
@@ -240,5 +241,5 @@ void OptionDialogsTest::contrastCannotLeaveItsRange() {
     QCOMPARE(step(Qt::Key_End), 4);
 }
 
-QTEST_MAIN(OptionDialogsTest)
+const TestSubject registered = subjectWithWidgets<OptionDialogsTest>();
 #include "OptionDialogsTest.moc"

@@ -223,8 +223,6 @@ void SynchronizedTimeDialogTest::followsTheComputersClockUnlessToldAnother() {
     QVERIFY(taken <= after);
 }
 
-int main(int argc, char** argv) {
-    return runOnManualClock<SynchronizedTimeDialogTest>(argc, argv);
-}
+const TestSubject registered = subjectOnManualClock<SynchronizedTimeDialogTest>();
 
 #include "SynchronizedTimeDialogTest.moc"

@@ -3,6 +3,7 @@
 #include "tests/pages/DialogParameters.h"
 #include "tests/support/BoxUser.h"
 #include "tests/support/DialogControls.h"
+#include "tests/support/TestSubject.h"
 
 #include <QLineEdit>
 #include <QTest>
@@ -240,5 +241,5 @@ void TimeDialogTest::aYearOutOfRangeIsComplainedOf() {
     QCOMPARE(m_dialog->result(), int(QDialog::Accepted));
 }
 
-QTEST_MAIN(TimeDialogTest)
+const TestSubject registered = subjectWithWidgets<TimeDialogTest>();
 #include "TimeDialogTest.moc"

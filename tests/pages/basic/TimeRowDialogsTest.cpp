@@ -3,6 +3,7 @@
 #include "pages/basic/ClDialogInterval.h"
 #include "tests/pages/DialogParameters.h"
 #include "tests/pages/basic/TimeRowUser.h"
+#include "tests/support/TestSubject.h"
 
 #include <QTest>
 
@@ -312,5 +313,5 @@ void TimeRowDialogsTest::reachesEveryTimeByTyping() {
     }
 }
 
-QTEST_MAIN(TimeRowDialogsTest)
+const TestSubject registered = subjectWithWidgets<TimeRowDialogsTest>();
 #include "TimeRowDialogsTest.moc"

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "pages/basic/ClDialogTimezone.h"
+#include "tests/support/TestSubject.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -94,5 +95,5 @@ void TimezonePopupTest::eachZoneIsReadableToItsEnd() {
     }
 }
 
-QTEST_MAIN(TimezonePopupTest)
+const TestSubject registered = subjectWithWidgets<TimezonePopupTest>();
 #include "TimezonePopupTest.moc"

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "pages/common/ClReadChain.h"
 #include "tests/pages/PageBench.h"
+#include "tests/support/TestSubject.h"
 
 #include <optional>
 
@@ -172,5 +173,5 @@ void ReadChainTest::theLastAnswerMayStartItAgain() {
     QVERIFY(m_chain->isUnderWay());
 }
 
-QTEST_MAIN(ReadChainTest)
+const TestSubject registered = subjectWithWidgets<ReadChainTest>();
 #include "ReadChainTest.moc"

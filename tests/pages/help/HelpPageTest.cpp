@@ -3,6 +3,7 @@
 #include "pages/help/ClWidgetLogo.h"
 #include "tests/pages/PageBench.h"
 #include "tests/support/HelpReader.h"
+#include "tests/support/TestSubject.h"
 #include "tests/ui/TaggingTranslator.h"
 #include "ui/Artwork.h"
 #include "ui/ClLabelSepalator.h"
@@ -336,5 +337,5 @@ void HelpPageTest::theKeyboardReachesTheValues() {
     }
 }
 
-QTEST_MAIN(HelpPageTest)
+const TestSubject registered = subjectWithWidgets<HelpPageTest>();
 #include "HelpPageTest.moc"

@@ -3,6 +3,7 @@
 #include "pages/help/ClWidgetLogo.h"
 #include "protocol/CommandIdentifiers.h"
 #include "tests/support/HelpReader.h"
+#include "tests/support/TestSubject.h"
 
 #include <QApplication>
 #include <QDateTime>
@@ -59,7 +60,7 @@ void JapaneseHelpTest::theDayIsWrittenAsInJapan() {
     QCOMPARE(HelpReader(m_page).values().at(3), u"2014年3月5日"_s);
 }
 
-int main(int argc, char** argv) {
+const TestSubject registered("JapaneseHelpTest", [](int argc, char** argv) {
     qputenv("QT_SCALE_FACTOR", "2");
     const QApplication application(argc, argv);
     QFont font;
@@ -72,8 +73,7 @@ int main(int argc, char** argv) {
     }
     QCoreApplication::installTranslator(&translator);
     JapaneseHelpTest test;
-    QTEST_SET_MAIN_SOURCE_PATH
     return QTest::qExec(&test, argc, argv);
-}
+});
 
 #include "JapaneseHelpTest.moc"

@@ -2,6 +2,7 @@
 #include "pages/network/ClWidgetAdhoc.h"
 #include "pages/network/ClWidgetInfrastructureDhcp.h"
 #include "tests/pages/PageBench.h"
+#include "tests/support/TestSubject.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -148,5 +149,5 @@ void AddressFieldsTest::theCamerasAddressIsTakenAsItIs() {
     }
 }
 
-QTEST_MAIN(AddressFieldsTest)
+const TestSubject registered = subjectWithWidgets<AddressFieldsTest>();
 #include "AddressFieldsTest.moc"

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "pages/network/ClWidgetAdhoc.h"
 #include "tests/pages/PageBench.h"
+#include "tests/support/TestSubject.h"
 #include "ui/ClLabelSepalator.h"
 
 #include <QAccessible>
@@ -370,5 +371,5 @@ void AdhocTest::othersMessagesAreIgnored() {
     QCOMPARE(m_bench->user.edit(ADDRESS).text(), QString());
 }
 
-QTEST_MAIN(AdhocTest)
+const TestSubject registered = subjectWithWidgets<AdhocTest>();
 #include "AdhocTest.moc"

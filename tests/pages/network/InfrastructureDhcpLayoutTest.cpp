@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "pages/network/ClWidgetInfrastructureDhcp.h"
 #include "tests/pages/PageBench.h"
+#include "tests/support/TestSubject.h"
 #include "ui/ClLabelSepalator.h"
 
 #include <QAccessible>
@@ -118,5 +119,5 @@ void InfrastructureDhcpLayoutTest::theTabKeyFollowsTheEye() {
     }
 }
 
-QTEST_MAIN(InfrastructureDhcpLayoutTest)
+const TestSubject registered = subjectWithWidgets<InfrastructureDhcpLayoutTest>();
 #include "InfrastructureDhcpLayoutTest.moc"

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "pages/network/ClWidgetInfrastructureDhcp.h"
 #include "tests/pages/PageBench.h"
+#include "tests/support/TestSubject.h"
 
 #include <QApplication>
 
@@ -313,5 +314,5 @@ void InfrastructureDhcpTest::othersMessagesAreIgnored() {
     QCOMPARE(m_bench->user.edit(ADDRESS).text(), QString());
 }
 
-QTEST_MAIN(InfrastructureDhcpTest)
+const TestSubject registered = subjectWithWidgets<InfrastructureDhcpTest>();
 #include "InfrastructureDhcpTest.moc"

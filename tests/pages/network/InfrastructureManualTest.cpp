@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "pages/network/ClWidgetInfrastructureManual.h"
 #include "tests/pages/PageBench.h"
+#include "tests/support/TestSubject.h"
 
 #include <QAccessible>
 
@@ -258,5 +259,5 @@ void InfrastructureManualTest::othersMessagesAreIgnored() {
     QCOMPARE(m_bench->takeSent(), QStringList());
 }
 
-QTEST_MAIN(InfrastructureManualTest)
+const TestSubject registered = subjectWithWidgets<InfrastructureManualTest>();
 #include "InfrastructureManualTest.moc"

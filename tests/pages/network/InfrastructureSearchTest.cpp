@@ -3,6 +3,7 @@
 #include "tests/pages/PageBench.h"
 #include "tests/pages/network/AccesspointMessages.h"
 #include "tests/support/Patience.h"
+#include "tests/support/TestSubject.h"
 #include "tests/ui/TaggingTranslator.h"
 #include "ui/ClLabelSsid.h"
 #include "ui/ClLinkCheck.h"
@@ -426,5 +427,5 @@ void InfrastructureSearchTest::otherResultsAreLeftAlone() {
     QVERIFY(changed.isEmpty());
 }
 
-QTEST_MAIN(InfrastructureSearchTest)
+const TestSubject registered = subjectWithWidgets<InfrastructureSearchTest>();
 #include "InfrastructureSearchTest.moc"

@@ -2,6 +2,7 @@
 #include "pages/network/ClWidgetInfrastructureTop.h"
 #include "tests/pages/PageBench.h"
 #include "tests/pages/network/AccesspointMessages.h"
+#include "tests/support/TestSubject.h"
 #include "tests/ui/TaggingTranslator.h"
 #include "ui/ClButtonApInfo.h"
 
@@ -110,5 +111,5 @@ void InfrastructureTopLayoutTest::theButtonHasANameWhileItIsEmpty() {
     QCOMPARE(name(), u"Harbour, Linked, AES, Signal strength 72"_s);
 }
 
-QTEST_MAIN(InfrastructureTopLayoutTest)
+const TestSubject registered = subjectWithWidgets<InfrastructureTopLayoutTest>();
 #include "InfrastructureTopLayoutTest.moc"

@@ -2,6 +2,7 @@
 #include "pages/network/ClWidgetInfrastructureTop.h"
 #include "tests/pages/PageBench.h"
 #include "tests/pages/network/AccesspointMessages.h"
+#include "tests/support/TestSubject.h"
 #include "ui/ClButtonApInfo.h"
 #include "ui/ClLabelSsid.h"
 #include "ui/ClLinkCheck.h"
@@ -326,5 +327,5 @@ void InfrastructureTopTest::aFailedReadEndsTheRefreshAndLeavesTheValues() {
     QCOMPARE(m_bench->takeSent(), QStringList{GET_SSID});
 }
 
-QTEST_MAIN(InfrastructureTopTest)
+const TestSubject registered = subjectWithWidgets<InfrastructureTopTest>();
 #include "InfrastructureTopTest.moc"

@@ -2,6 +2,7 @@
 #include "pages/network/ClDialogInputKey.h"
 #include "tests/support/BoxUser.h"
 #include "tests/support/PageUser.h"
+#include "tests/support/TestSubject.h"
 #include "tests/ui/TaggingTranslator.h"
 
 #include <QCheckBox>
@@ -183,5 +184,5 @@ void InputKeyTest::anEmptyKeyMayBeAllowed() {
     QVERIFY(user.boxes().isEmpty());
 }
 
-QTEST_MAIN(InputKeyTest)
+const TestSubject registered = subjectWithWidgets<InputKeyTest>();
 #include "InputKeyTest.moc"

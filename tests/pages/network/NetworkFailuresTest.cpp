@@ -281,8 +281,6 @@ void NetworkFailuresTest::lateResultsOfOthersAreLeftAlone() {
     QVERIFY(m_bench->boxes.boxes().isEmpty());
 }
 
-int main(int argc, char** argv) {
-    return runOnManualClock<NetworkFailuresTest>(argc, argv);
-}
+const TestSubject registered = subjectOnManualClock<NetworkFailuresTest>();
 
 #include "NetworkFailuresTest.moc"

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "tests/pages/network/NetworkBench.h"
+#include "tests/support/TestSubject.h"
 
 #include <optional>
 
@@ -254,5 +255,5 @@ void NetworkModeTest::readingNeverWrites() {
     }
 }
 
-QTEST_MAIN(NetworkModeTest)
+const TestSubject registered = subjectWithWidgets<NetworkModeTest>();
 #include "NetworkModeTest.moc"

@@ -2,6 +2,7 @@
 #include "pages/network/ClWidgetAdhoc.h"
 #include "pages/network/ClWidgetInfrastructureTop.h"
 #include "tests/pages/network/NetworkBench.h"
+#include "tests/support/TestSubject.h"
 #include "ui/ClButtonApInfo.h"
 
 #include <QAccessible>
@@ -297,5 +298,5 @@ void NetworkPageTest::whatIsOthersIsPassedOnUnchanged() {
     }
 }
 
-QTEST_MAIN(NetworkPageTest)
+const TestSubject registered = subjectWithWidgets<NetworkPageTest>();
 #include "NetworkPageTest.moc"

@@ -160,8 +160,6 @@ void NetworkPollingTest::theTopSubPageStopsAndStartsThePolling() {
     QCOMPARE(sentAfter(5s), REFRESH);
 }
 
-int main(int argc, char** argv) {
-    return runOnManualClock<NetworkPollingTest>(argc, argv);
-}
+const TestSubject registered = subjectOnManualClock<NetworkPollingTest>();
 
 #include "NetworkPollingTest.moc"

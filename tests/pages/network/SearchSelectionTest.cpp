@@ -4,6 +4,7 @@
 #include "tests/pages/PageBench.h"
 #include "tests/pages/network/AccesspointMessages.h"
 #include "tests/support/Patience.h"
+#include "tests/support/TestSubject.h"
 #include "tests/ui/Modal.h"
 #include "tests/ui/Mouse.h"
 #include "ui/ClWidgetApInfo.h"
@@ -311,5 +312,5 @@ void SearchSelectionTest::thePageThatIsShownAgainClosesTheDialog() {
     QVERIFY(m_bench->takeSent().isEmpty());
 }
 
-QTEST_MAIN(SearchSelectionTest)
+const TestSubject registered = subjectWithWidgets<SearchSelectionTest>();
 #include "SearchSelectionTest.moc"

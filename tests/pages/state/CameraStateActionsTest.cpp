@@ -3,6 +3,7 @@
 #include "tests/pages/CameraMessages.h"
 #include "tests/support/BoxUser.h"
 #include "tests/support/CameraStateReader.h"
+#include "tests/support/TestSubject.h"
 
 #include <QtTest/qtestspontaneevent.h>
 #include <QSignalSpy>
@@ -338,5 +339,5 @@ void CameraStateActionsTest::aFailedReadEndsTheChainAndLeavesTheValues() {
     QCOMPARE(m_page->grab().toImage(), before);
 }
 
-QTEST_MAIN(CameraStateActionsTest)
+const TestSubject registered = subjectWithWidgets<CameraStateActionsTest>();
 #include "CameraStateActionsTest.moc"

@@ -2,6 +2,7 @@
 #include "pages/state/ClLabelWifiState.h"
 #include "pages/state/ClWidgetCameraState.h"
 #include "tests/pages/CameraMessages.h"
+#include "tests/support/TestSubject.h"
 #include "ui/ClLabelSepalator.h"
 #include "ui/ClWidgetProgress.h"
 
@@ -175,5 +176,5 @@ void CameraStateLayoutTest::nothingSticksOutOfThePage() {
     }
 }
 
-QTEST_MAIN(CameraStateLayoutTest)
+const TestSubject registered = subjectWithWidgets<CameraStateLayoutTest>();
 #include "CameraStateLayoutTest.moc"

@@ -2,6 +2,7 @@
 #include "pages/state/ClWidgetCameraState.h"
 #include "tests/pages/PageBench.h"
 #include "tests/support/CameraStateReader.h"
+#include "tests/support/TestSubject.h"
 
 #include <QLabel>
 #include <QProgressBar>
@@ -231,5 +232,5 @@ void CameraStatePageTest::aPollingRefreshLeavesWhatIsShown() {
     QCOMPARE(sent(), QList<QUuid>{USB_REQ_NUBO_CMD_GET_BATTERY});
 }
 
-QTEST_MAIN(CameraStatePageTest)
+const TestSubject registered = subjectWithWidgets<CameraStatePageTest>();
 #include "CameraStatePageTest.moc"

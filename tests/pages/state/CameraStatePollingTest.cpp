@@ -134,8 +134,6 @@ void CameraStatePollingTest::aCameraThatHasGoneLeavesThePollingOn() {
     QCOMPARE(sentAfter(5s), QStringList{GET_BATTERY});
 }
 
-int main(int argc, char** argv) {
-    return runOnManualClock<CameraStatePollingTest>(argc, argv);
-}
+const TestSubject registered = subjectOnManualClock<CameraStatePollingTest>();
 
 #include "CameraStatePollingTest.moc"

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "pages/state/ClLabelWifiState.h"
 #include "tests/support/Patience.h"
+#include "tests/support/TestSubject.h"
 #include "ui/Artwork.h"
 
 #include <QCoreApplication>
@@ -164,5 +165,5 @@ void WifiStateLabelTest::aChangeOfPictureAloneRepaints() {
     TRY_COMPARE(counter.count, 1);
 }
 
-QTEST_MAIN(WifiStateLabelTest)
+const TestSubject registered = subjectWithWidgets<WifiStateLabelTest>();
 #include "WifiStateLabelTest.moc"

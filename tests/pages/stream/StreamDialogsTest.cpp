@@ -2,6 +2,7 @@
 #include "pages/stream/ClDialogRecSetting.h"
 #include "pages/stream/ClDialogStreamSetting.h"
 #include "tests/support/DialogControls.h"
+#include "tests/support/TestSubject.h"
 #include "tests/ui/TaggingTranslator.h"
 
 #include <QAbstractButton>
@@ -248,5 +249,5 @@ void StreamDialogsTest::everyTextIsWhollySeen() {
     }
 }
 
-QTEST_MAIN(StreamDialogsTest)
+const TestSubject registered = subjectWithWidgets<StreamDialogsTest>();
 #include "StreamDialogsTest.moc"

@@ -3,6 +3,7 @@
 #include "tests/pages/CameraMessages.h"
 #include "tests/pages/stream/StreamMessages.h"
 #include "tests/support/BoxUser.h"
+#include "tests/support/TestSubject.h"
 
 #include <QPushButton>
 #include <QSignalSpy>
@@ -179,5 +180,5 @@ void StreamResultsTest::aFailedReadEndsTheChain() {
     QCOMPARE(m_sent->last().first().toMap().value(u"CMD"_s).toUuid(), use->getSize);
 }
 
-QTEST_MAIN(StreamResultsTest)
+const TestSubject registered = subjectWithWidgets<StreamResultsTest>();
 #include "StreamResultsTest.moc"

@@ -4,6 +4,7 @@
 #include "tests/pages/stream/StreamMessages.h"
 #include "tests/support/BoxUser.h"
 #include "tests/support/DialogControls.h"
+#include "tests/support/TestSubject.h"
 #include "ui/ClLabelSepalator.h"
 
 #include <QPushButton>
@@ -357,5 +358,5 @@ void StreamSettingPageTest::showingThePageAnewCancelsAnOpenDialog() {
     QCOMPARE(m_sent->size(), 2);
 }
 
-QTEST_MAIN(StreamSettingPageTest)
+const TestSubject registered = subjectWithWidgets<StreamSettingPageTest>();
 #include "StreamSettingPageTest.moc"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "tests/usb/DisturbedTransactionTest.h"
+#include "tests/usb/DisturbedTransaction.h"
 
 #include "protocol/CommandIdentifiers.h"
 
@@ -14,22 +14,22 @@ constexpr qint64 EARLY_MS = 10;
 
 }  // namespace
 
-void DisturbedTransactionTest::initTestCase() {
+void DisturbedTransaction::initTestCase() {
     QCOMPARE(m_bench.start(), 0);
     QVERIFY(m_bench.ui.waitForOpened(1));
     m_controller = m_bench.ui.opened().first();
 }
 
-void DisturbedTransactionTest::cleanup() {
+void DisturbedTransaction::cleanup() {
     m_bench.bus.clearFaults(m_camera);
     m_bench.ui.forgetArrivals();
 }
 
-void DisturbedTransactionTest::addRow(const QByteArray& name, const stDisturbedRequest& row) {
+void DisturbedTransaction::addRow(const QByteArray& name, const stDisturbedRequest& row) {
     QTest::newRow(name.constData()) << row;
 }
 
-void DisturbedTransactionTest::runRow() {
+void DisturbedTransaction::runRow() {
     QFETCH(const stDisturbedRequest, row);
     const VX_CMD undisturbed = m_bench.ui.ask(row.request, m_controller);
     const VX_CMD battery = m_bench.ui.ask(USB_REQ_NUBO_CMD_GET_BATTERY, m_controller);

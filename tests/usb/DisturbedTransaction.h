@@ -23,7 +23,7 @@ Q_DECLARE_METATYPE(stDisturbedRequest)
 
 /// Runs requests through a manager on a camera whose transfers fail. After every failure the tool
 /// is told once, in time, and the camera answers the next request.
-class DisturbedTransactionTest : public QObject {
+class DisturbedTransaction : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
