@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# Installs what is missing, builds and runs all tests. Arguments go on to ctest: ./test.sh -R Packet
+# Installs what is missing, builds and runs all tests. Arguments go on to ctest, and what the tests
+# that they choose do not need is not built: ./test.sh -R Packet
 # NUBO_PRESET chooses another configuration than debug: asan, tsan or coverage.
 set -euo pipefail
 cd "$(dirname "$0")"
@@ -9,6 +10,18 @@ source packaging/packages.sh
 install_missing "${BUILD_PACKAGES[@]}" "${TEST_PACKAGES[@]}"
 
 preset=${NUBO_PRESET:-debug}
-build "$preset"
+configure "$preset"
+# A test's labels are the targets that it runs.
+mapfile -t targets < <(
+    ctest --preset "$preset" --show-only=json-v1 "$@" | python3 -c '
+import json, sys
+labels = {label for test in json.load(sys.stdin)["tests"] for entry in test["properties"]
+          if entry["name"] == "LABELS" for label in entry["value"]}
+for label in sorted(labels):
+    print(label)'
+)
+# Without a choice all is built, and not only what has a test.
+[ $# -gt 0 ] || targets=(all)
+[ ${#targets[@]} -eq 0 ] || cmake --build --preset "$preset" --target "${targets[@]}"
 # Most of a test's time is real time that the tool has to wait: more run at once than there are cores.
-ctest --preset "$preset" --parallel "$((2 * $(nproc)))" "$@"
+ctest --preset "$preset" --no-label-summary --parallel "$((2 * $(nproc)))" "$@"

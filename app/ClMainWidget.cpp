@@ -47,7 +47,7 @@ QPalette surfacePalette() {
 
 }  // namespace
 
-ClMainWidget::ClMainWidget() {
+ClMainWidget::ClMainWidget(const stUsbTimes& times) {
     setFixedSize(WINDOW_SIZE);
     // A compositor blends the rounded corners; where there is none, the mask cuts them.
     setAttribute(Qt::WA_TranslucentBackground);
@@ -64,7 +64,7 @@ ClMainWidget::ClMainWidget() {
 
     buildPages();
     setWindowFlags(Qt::FramelessWindowHint);
-    startUsb();
+    startUsb(times);
 }
 
 ClMainWidget::~ClMainWidget() = default;
@@ -86,9 +86,9 @@ void ClMainWidget::buildPages() {
     m_pageLayout->addWidget(m_helpPage);
 }
 
-void ClMainWidget::startUsb() {
+void ClMainWidget::startUsb(const stUsbTimes& times) {
     registerCommandTypes();
-    m_usbManager = std::make_unique<ClUsbManager>();
+    m_usbManager = std::make_unique<ClUsbManager>(nullptr, times);
     connect(this, &ClMainWidget::sigSendCommand, m_usbManager.get(),
             &ClUsbManager::slotReceiveCommand);
     connect(m_usbManager.get(), &ClUsbManager::sigSendCommand, this,

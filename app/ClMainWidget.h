@@ -2,6 +2,7 @@
 #pragma once
 
 #include "protocol/CommandMessage.h"
+#include "usb/UsbTimes.h"
 
 #include <QPoint>
 #include <QWidget>
@@ -26,7 +27,7 @@ class ClMainWidget : public QWidget {
     Q_OBJECT
 
 public:
-    ClMainWidget();
+    explicit ClMainWidget(const stUsbTimes& times = {});
     /// Returns when the USB side has ended: at the latest one transfer's time-out later.
     ~ClMainWidget() override;
 
@@ -55,7 +56,7 @@ protected:
 
 private:
     void buildPages();
-    void startUsb();
+    void startUsb(const stUsbTimes& times);
     [[nodiscard]] ClWidgetBase* pageOnShow() const;
     void enterPage(qint32 mode);  ///< shows the page, connects it and has it refresh itself
     void leavePage();             ///< disconnects the page on show and stops its polling

@@ -7,7 +7,7 @@
 #include "bench/Output.h"
 #include "bench/PlainCamera.h"
 #include "bench/Statistics.h"
-#include "protocol/ClNuboCommandDataReceive.h"
+#include "protocol/DataPackets.h"
 #include "protocol/NuboCommands.h"
 #include "protocol/ResultCodes.h"
 

@@ -10,7 +10,7 @@
 #include "fuzz/FuzzInput.h"
 #include "fuzz/FuzzTarget.h"
 #include "fuzz/PacketFields.h"
-#include "protocol/ClNuboCommandDataReceive.h"
+#include "protocol/DataPackets.h"
 
 namespace {
 

@@ -4,8 +4,8 @@
 #include "fuzz/Check.h"
 #include "fuzz/FuzzTarget.h"
 #include "fuzz/PacketFields.h"
-#include "protocol/ClNuboCommandRecord.h"
 #include "protocol/NuboCommands.h"
+#include "protocol/TextPackets.h"
 
 #include <algorithm>
 #include <array>

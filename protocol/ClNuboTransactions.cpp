@@ -2,15 +2,12 @@
 #include "protocol/ClNuboTransactions.h"
 
 #include "protocol/ClBulkPort.h"
-#include "protocol/ClNuboCommandDataReceive.h"
-#include "protocol/ClNuboCommandDataSend.h"
-#include "protocol/ClNuboCommandRecord.h"
+#include "protocol/DataPackets.h"
 #include "protocol/NuboCommands.h"
 #include "protocol/ResultCodes.h"
+#include "protocol/TextPackets.h"
 
-#include <QDeadlineTimer>
-
-#include <algorithm>
+#include <optional>
 
 namespace {
 
@@ -87,12 +84,12 @@ unsigned short ClNuboTransactions::wifiInfo(stWifiInfo& info) {
     }
     const ClNuboCommandWifiInfo1 first(texts);
     const ClNuboCommandWifiInfo2 second(values);
-    info.firstText = first.firstString();
-    info.secondText = first.secondString();
+    info.linkedSsid = first.firstString();
+    info.searchSsid = first.secondString();
     info.channel = second.param(2);
     info.encryption = second.param(3);
-    info.reserved = second.param(4);
-    info.signal = second.param(5);
+    info.reserved = static_cast<qint32>(second.param(4));
+    info.signal = static_cast<qint32>(second.param(5));
     return USB_ERROR_SUCCESS;
 }
 
@@ -134,13 +131,13 @@ bool ClNuboTransactions::send(const QByteArray& packet, unsigned short& result) 
         return false;
     }
     const int written = m_port.write(packet, WRITE_TIMEOUT_MS, OWN_ENDPOINT);
-    // A large packet may be as long as a transport code is high: the whole packet is never a
-    // failure.
+    // A count of bytes can have the value of a transport code. If it is the packet's size, all of
+    // the packet went out.
     if (written == packet.size()) {
         return true;
     }
     result = transportResult(written);
-    // Nor is a count above 16 bits one, whatever its low half looks like.
+    // Only a value that fits into 16 bits can be a code; a larger one is a count.
     const bool isCode = written == result && isTransportError(result);
     return written > 0 && !isCode;
 }
@@ -157,19 +154,12 @@ unsigned short ClNuboTransactions::receiveAnswer(ClNuboCommand& command, int tim
 
 unsigned short ClNuboTransactions::receive(unsigned short id, int timeoutMs, CameraErrors errors,
                                            QByteArray& packet) {
-    // Foreign packets start the wait anew, but a camera that sends nothing else must not hold the
-    // thread for ever: in all, a packet has three time-outs to come. Without them each read has its
-    // full time-out, however late the ones before came back.
-    const QDeadlineTimer patience(READS_PER_PACKET * timeoutMs);
-    bool isForeignSeen = false;
+    std::optional<std::chrono::steady_clock::time_point> patienceEnd;  // of foreign packets
     int silentReads = 0;
     int status = USB_ERROR_OTHER;
     while (silentReads < READS_PER_PACKET && !m_stop) {
-        const int wait = isForeignSeen
-                             ? std::clamp(static_cast<int>(patience.remainingTime()), 1, timeoutMs)
-                             : timeoutMs;
         status = USB_ERROR_OTHER;
-        packet = m_port.read(wait, OWN_ENDPOINT, &status);
+        packet = m_port.read(timeoutMs, OWN_ENDPOINT, &status);
         if (packet.isEmpty()) {
             if (status == USB_NO_DEVICE) {
                 break;
@@ -186,10 +176,12 @@ unsigned short ClNuboTransactions::receive(unsigned short id, int timeoutMs, Cam
         if (m_stop) {
             return USB_ERROR_SUCCESS;
         }
-        if (patience.hasExpired()) {
+        const auto now = m_clock();
+        if (!patienceEnd) {
+            patienceEnd = now + std::chrono::milliseconds(READS_PER_PACKET * timeoutMs);
+        } else if (now > *patienceEnd) {
             return USB_ERROR_TIMEOUT;
         }
-        isForeignSeen = true;
         silentReads = 0;
         status = USB_ERROR_OTHER;
     }

@@ -6,6 +6,9 @@
 #include <QByteArray>
 
 #include <atomic>
+#include <chrono>
+#include <functional>
+#include <utility>
 
 class ClBulkPort;
 class ClNuboCommand;
@@ -16,17 +19,27 @@ class ClNuboCommandDataSend;
 /// with the command's transaction id.
 ///
 /// Every operation returns 0 for success, a transport code (0xEF00 to 0xEF05) or the camera's own
-/// error code. All waiting is bounded: a write by 1000 ms, a packet from the camera by three times
-/// its read time-out, foreign packets included. A write that moves no bytes ends the transaction
-/// with 0. Once the stop flag is set, no further read is made but the one that a data phase always
-/// has; a loop that it ends reports 0.
+/// error code. A write that moves no bytes ends the transaction with 0.
+///
+/// All waiting is bounded. A write waits for 1000 ms, and a packet is waited for in three reads of
+/// its time-out each. A packet of another command is passed over, and three full reads follow it
+/// again; but one that comes when the first of its kind is three time-outs old ends the wait with a
+/// time-out. So a silent camera holds the thread for three time-outs, and one that never stops
+/// talking of other things for nine at most.
+///
+/// The stop flag is looked at before each read. When it ends a wait or a loop, the result is 0 or
+/// that of the last read. A data phase reads at least once, whatever the flag says.
 ///
 /// A short-lived value on the USB thread; port and stop flag belong to the caller.
 class ClNuboTransactions {
 public:
-    ClNuboTransactions(ClBulkPort& port, const std::atomic<bool>& stop)
+    using Clock = std::function<std::chrono::steady_clock::time_point()>;
+
+    ClNuboTransactions(ClBulkPort& port, const std::atomic<bool>& stop,
+                       Clock clock = std::chrono::steady_clock::now)
         : m_port(port),
-          m_stop(stop) {}
+          m_stop(stop),
+          m_clock(std::move(clock)) {}
 
     /// Sends @p command and parses the answer into it, waiting @p timeoutMs in each of three reads.
     [[nodiscard]] unsigned short command(ClNuboCommand& command, int timeoutMs);
@@ -60,4 +73,5 @@ private:
 
     ClBulkPort& m_port;
     const std::atomic<bool>& m_stop;
+    Clock m_clock;
 };

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "protocol/CommandIdentifiers.h"
 
+#include "protocol/AllDistinct.h"
+
 #include <algorithm>
 #include <array>
 
@@ -14,18 +16,8 @@ constexpr std::array IDENTIFIERS{
 #undef NUBO_IDENTIFIER
 };
 
-constexpr bool allDistinct() {
-    for (auto entry = IDENTIFIERS.begin(); entry != IDENTIFIERS.end(); ++entry) {
-        if (std::any_of(IDENTIFIERS.begin(), entry, [entry](const stCommandIdentifier& earlier) {
-                return earlier.uuid == entry->uuid;
-            })) {
-            return false;
-        }
-    }
-    return true;
-}
-
-static_assert(allDistinct(), "two command identifiers have the same UUID");
+static_assert(allDistinct(IDENTIFIERS, &stCommandIdentifier::uuid),
+              "two command identifiers have the same UUID");
 
 }  // namespace
 

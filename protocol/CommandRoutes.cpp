@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "protocol/CommandRoutes.h"
 
+#include "protocol/AllDistinct.h"
 #include "protocol/CommandIdentifiers.h"
 #include "protocol/RouteRunners.h"
 
@@ -154,18 +155,8 @@ constexpr std::array ROUTES{
 };
 // clang-format on
 
-constexpr bool allDistinct() {
-    for (auto route = ROUTES.begin(); route != ROUTES.end(); ++route) {
-        if (std::any_of(ROUTES.begin(), route, [route](const stRoute& earlier) {
-                return earlier.code == route->code || earlier.request == route->request;
-            })) {
-            return false;
-        }
-    }
-    return true;
-}
-
-static_assert(allDistinct(), "two routes have the same command code or the same request");
+static_assert(allDistinct(ROUTES, &stRoute::code), "two routes have the same command code");
+static_assert(allDistinct(ROUTES, &stRoute::request), "two routes have the same request");
 
 }  // namespace
 

@@ -2,8 +2,9 @@
 #include "protocol/NuboCommandKinds.h"
 
 namespace {
-const QString DATE_TIME_FORMAT = QStringLiteral("yyyy/MM/dd hh:mm:ss");
-}
+const QString DATE_FORMAT = QStringLiteral("yyyy/MM/dd");
+const QString TIME_FORMAT = QStringLiteral("hh:mm:ss");
+}  // namespace
 
 QDateTime validOrNow(const QDateTime& time) {
     // An hour that daylight saving skips here may well exist where the camera is: the parts count.
@@ -32,11 +33,12 @@ QDateTime unpackDateTime(unsigned int date, unsigned int time) {
 }
 
 QString dateTimeToText(const QDateTime& time) {
-    return time.toString(DATE_TIME_FORMAT);
+    // By its parts: a time that daylight saving skips here has no text as a whole.
+    return time.date().toString(DATE_FORMAT) + u' ' + time.time().toString(TIME_FORMAT);
 }
 
 QDateTime textToDateTime(const QString& text) {
-    return QDateTime::fromString(text, DATE_TIME_FORMAT);
+    return QDateTime::fromString(text, DATE_FORMAT + u' ' + TIME_FORMAT);
 }
 
 unsigned int packLetter(const QString& country, qsizetype index) {

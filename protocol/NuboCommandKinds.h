@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "protocol/ClNuboCommandIpv4.h"
-#include "protocol/ClNuboCommandString.h"
+#include "protocol/TextPackets.h"
 
 #include <QDateTime>
 #include <QSize>
@@ -46,37 +45,30 @@ public:
     explicit ClNuboSetSwitch(bool isOn) { this->setParam(1, this->boolToValue(isOn)); }
 };
 
-/// Asks for a string.
-template <unsigned short Code>
-class ClNuboGetString : public ClNuboCommandString {
+/// Asks for what a packet of class @p Form carries as text.
+template <class Form, unsigned short Code>
+class ClNuboGetText : public Form {
 public:
     static constexpr unsigned short CODE = Code;
-    ClNuboGetString() : ClNuboCommandString({}, Code) {}
+    ClNuboGetText() : Form({}, Code) {}
 };
 
-/// Carries a string.
-template <unsigned short Code>
-class ClNuboSetString : public ClNuboCommandString {
+/// Carries it.
+template <class Form, unsigned short Code>
+class ClNuboSetText : public Form {
 public:
     static constexpr unsigned short CODE = Code;
-    explicit ClNuboSetString(const QString& text) : ClNuboCommandString(text, Code) {}
+    explicit ClNuboSetText(const QString& text) : Form(text, Code) {}
 };
 
-/// Asks for an IPv4 address.
 template <unsigned short Code>
-class ClNuboGetIpv4 : public ClNuboCommandIpv4 {
-public:
-    static constexpr unsigned short CODE = Code;
-    ClNuboGetIpv4() : ClNuboCommandIpv4({}, Code) {}
-};
-
-/// Carries an IPv4 address.
+using ClNuboGetString = ClNuboGetText<ClNuboCommandString, Code>;
 template <unsigned short Code>
-class ClNuboSetIpv4 : public ClNuboCommandIpv4 {
-public:
-    static constexpr unsigned short CODE = Code;
-    explicit ClNuboSetIpv4(const QString& address) : ClNuboCommandIpv4(address, Code) {}
-};
+using ClNuboSetString = ClNuboSetText<ClNuboCommandString, Code>;
+template <unsigned short Code>
+using ClNuboGetIpv4 = ClNuboGetText<ClNuboCommandIpv4, Code>;
+template <unsigned short Code>
+using ClNuboSetIpv4 = ClNuboSetText<ClNuboCommandIpv4, Code>;
 
 /// Picture sizes in pixels; a size's number on the wire is its place in the list, counted from 1.
 inline constexpr std::array REC_SIZES{QSize{1920, 1080}, QSize{1280, 720}, QSize{640, 480}};

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "protocol/ClNuboCommandConnectWifi.h"
 #include "protocol/NuboCommandKinds.h"
 
 // Every command of the camera. A row gives its code and its kind; what is irregular about a command
@@ -20,23 +19,23 @@ class ClNuboCommandGetStreamAuthorizationPassword : public ClNuboGetString<0x500
 public:
     [[nodiscard]] QString getPassword() const { return string(); }
 };
-class ClNuboCommandSetStreamAuthorizationPassword : public ClNuboSetString<0x5805> { using ClNuboSetString::ClNuboSetString; };
+class ClNuboCommandSetStreamAuthorizationPassword : public ClNuboSetString<0x5805> { using ClNuboSetText::ClNuboSetText; };
 class ClNuboCommandGetAdhocAddress           : public ClNuboGetIpv4<0x5006> {};
-class ClNuboCommandSetAdhocAddress           : public ClNuboSetIpv4<0x5806> { using ClNuboSetIpv4::ClNuboSetIpv4; };
+class ClNuboCommandSetAdhocAddress           : public ClNuboSetIpv4<0x5806> { using ClNuboSetText::ClNuboSetText; };
 class ClNuboCommandGetAdhocSubnetmask        : public ClNuboGetIpv4<0x5007> {};
-class ClNuboCommandSetAdhocSubnetmask        : public ClNuboSetIpv4<0x5807> { using ClNuboSetIpv4::ClNuboSetIpv4; };
+class ClNuboCommandSetAdhocSubnetmask        : public ClNuboSetIpv4<0x5807> { using ClNuboSetText::ClNuboSetText; };
 class ClNuboCommandGetInfraUseDhcp           : public ClNuboGet<0x5008> {};
 class ClNuboCommandSetInfraUseDhcp           : public ClNuboSetSwitch<0x5808> { using ClNuboSetSwitch::ClNuboSetSwitch; };
 class ClNuboCommandGetInfraAddress           : public ClNuboGetIpv4<0x5009> {};
-class ClNuboCommandSetInfraAddress           : public ClNuboSetIpv4<0x5809> { using ClNuboSetIpv4::ClNuboSetIpv4; };
+class ClNuboCommandSetInfraAddress           : public ClNuboSetIpv4<0x5809> { using ClNuboSetText::ClNuboSetText; };
 class ClNuboCommandGetInfraSubnetmask        : public ClNuboGetIpv4<0x500A> {};
-class ClNuboCommandSetInfraSubnetmask        : public ClNuboSetIpv4<0x580A> { using ClNuboSetIpv4::ClNuboSetIpv4; };
+class ClNuboCommandSetInfraSubnetmask        : public ClNuboSetIpv4<0x580A> { using ClNuboSetText::ClNuboSetText; };
 class ClNuboCommandGetInfraGateway           : public ClNuboGetIpv4<0x500B> {};
-class ClNuboCommandSetInfraGateway           : public ClNuboSetIpv4<0x580B> { using ClNuboSetIpv4::ClNuboSetIpv4; };
+class ClNuboCommandSetInfraGateway           : public ClNuboSetIpv4<0x580B> { using ClNuboSetText::ClNuboSetText; };
 class ClNuboCommandGetInfraSsid              : public ClNuboGetString<0x503B> {};
-class ClNuboCommandSetInfraSsid              : public ClNuboSetString<0x583B> { using ClNuboSetString::ClNuboSetString; };
+class ClNuboCommandSetInfraSsid              : public ClNuboSetString<0x583B> { using ClNuboSetText::ClNuboSetText; };
 class ClNuboCommandGetInfraKey               : public ClNuboGetString<0x503C> {};
-class ClNuboCommandSetInfraKey               : public ClNuboSetString<0x583C> { using ClNuboSetString::ClNuboSetString; };
+class ClNuboCommandSetInfraKey               : public ClNuboSetString<0x583C> { using ClNuboSetText::ClNuboSetText; };
 class ClNuboCommandGetWifiCountry            : public ClNuboGet<0x5041> {};
 class ClNuboCommandSetWifiCountry            : public ClNuboSetNumber<0x5841> { using ClNuboSetNumber::ClNuboSetNumber; };
 class ClNuboCommandGetAdhocSecure            : public ClNuboGet<0x5042> {};
@@ -44,11 +43,11 @@ class ClNuboCommandSetAdhocSecure            : public ClNuboSetNumber<0x5842> { 
 class ClNuboCommandGetRtstPort               : public ClNuboGet<0x5043> {};
 class ClNuboCommandSetRtspPort               : public ClNuboSetNumber<0x5843> { using ClNuboSetNumber::ClNuboSetNumber; };
 class ClNuboCommandGetStunServer             : public ClNuboGetString<0x5044> {};
-class ClNuboCommandSetStunServer             : public ClNuboSetString<0x5844> { using ClNuboSetString::ClNuboSetString; };
+class ClNuboCommandSetStunServer             : public ClNuboSetString<0x5844> { using ClNuboSetText::ClNuboSetText; };
 class ClNuboCommandGetPrimaryDns             : public ClNuboGetIpv4<0x5045> {};
-class ClNuboCommandSetPrimaryDns             : public ClNuboSetIpv4<0x5845> { using ClNuboSetIpv4::ClNuboSetIpv4; };
+class ClNuboCommandSetPrimaryDns             : public ClNuboSetIpv4<0x5845> { using ClNuboSetText::ClNuboSetText; };
 class ClNuboCommandGetSecondaryDns           : public ClNuboGetIpv4<0x5046> {};
-class ClNuboCommandSetSecondary              : public ClNuboSetIpv4<0x5846> { using ClNuboSetIpv4::ClNuboSetIpv4; };
+class ClNuboCommandSetSecondary              : public ClNuboSetIpv4<0x5846> { using ClNuboSetText::ClNuboSetText; };
 class ClNuboCommandGetWiFiOnOff              : public ClNuboGet<0x5047> {};
 class ClNuboCommandSetWiFiOnOff              : public ClNuboSetSwitch<0x5847> { using ClNuboSetSwitch::ClNuboSetSwitch; };
 class ClNuboCommandGetAutoWiFiOffSetting     : public ClNuboGet<0x5048> {};
@@ -92,7 +91,7 @@ public:
     }
 };
 class ClNuboCommandGetCameraName             : public ClNuboGetString<0x5030> {};
-class ClNuboCommandSetCameraName             : public ClNuboSetString<0x5830> { using ClNuboSetString::ClNuboSetString; };
+class ClNuboCommandSetCameraName             : public ClNuboSetString<0x5830> { using ClNuboSetText::ClNuboSetText; };
 class ClNuboCommandGetTime                   : public ClNuboGet<0x5031> {
 public:
     [[nodiscard]] QDateTime getTime() const { return unpackDateTime(param(1), param(2)); }
@@ -137,14 +136,14 @@ public:
 class ClNuboCommandRFStart                   : public ClNuboAction<0x680B> {};
 class ClNuboCommandRFEnd                     : public ClNuboAction<0x680C> {};
 class ClNuboCommandGetSerialNo               : public ClNuboGetString<0x4001> {};
-class ClNuboCommandSetSerialNo               : public ClNuboSetString<0x4801> { using ClNuboSetString::ClNuboSetString; };
+class ClNuboCommandSetSerialNo               : public ClNuboSetString<0x4801> { using ClNuboSetText::ClNuboSetText; };
 class ClNuboCommandGetMacAddress             : public ClNuboGetString<0x4002> {};
 class ClNuboCommandGetMachineName            : public ClNuboGetString<0x4003> {};
-class ClNuboCommandSetMachineName            : public ClNuboSetString<0x4803> { using ClNuboSetString::ClNuboSetString; };
+class ClNuboCommandSetMachineName            : public ClNuboSetString<0x4803> { using ClNuboSetText::ClNuboSetText; };
 class ClNuboCommandGetSsid                   : public ClNuboGetString<0x4004> {};
-class ClNuboCommandSetSsid                   : public ClNuboSetString<0x4804> { using ClNuboSetString::ClNuboSetString; };
+class ClNuboCommandSetSsid                   : public ClNuboSetString<0x4804> { using ClNuboSetText::ClNuboSetText; };
 class ClNuboCommandGetAdhocKey               : public ClNuboGetString<0x4005> {};
-class ClNuboCommandSetAdhocKey               : public ClNuboSetString<0x4805> { using ClNuboSetString::ClNuboSetString; };
+class ClNuboCommandSetAdhocKey               : public ClNuboSetString<0x4805> { using ClNuboSetText::ClNuboSetText; };
 class ClNuboCommandGetCreateDay              : public ClNuboGetString<0x4006> {
 public:
     [[nodiscard]] QDateTime getCreateDay() const { return textToDateTime(string()); }
@@ -153,7 +152,7 @@ class ClNuboCommandSetCreateDay              : public ClNuboSetString<0x4806> {
 public:
     /// An invalid @p day stands for now.
     explicit ClNuboCommandSetCreateDay(const QDateTime& day)
-        : ClNuboSetString(dateTimeToText(validOrNow(day))) {}
+        : ClNuboSetText(dateTimeToText(validOrNow(day))) {}
 };
 class ClNuboCommandGetCountry                : public ClNuboGet<0x4007> {
 public:
@@ -166,7 +165,7 @@ public:
         : ClNuboPacket({packLetter(country, 0), packLetter(country, 1)}) {}
 };
 class ClNuboCommandGetLens                   : public ClNuboGetString<0x4008> {};
-class ClNuboCommandSetLens                   : public ClNuboSetString<0x4808> { using ClNuboSetString::ClNuboSetString; };
+class ClNuboCommandSetLens                   : public ClNuboSetString<0x4808> { using ClNuboSetText::ClNuboSetText; };
 class ClNuboCommandExecAlignmentCheck        : public ClNuboSetNumber<0x0021> { using ClNuboSetNumber::ClNuboSetNumber; };
 class ClNuboCommandExecResolutionCheck       : public ClNuboSetNumber<0x0022> { using ClNuboSetNumber::ClNuboSetNumber; };
 class ClNuboCommandExecVignettingCheck       : public ClNuboSetNumber<0x0023> { using ClNuboSetNumber::ClNuboSetNumber; };

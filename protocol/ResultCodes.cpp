@@ -49,6 +49,13 @@ QString getNuboCommanderrorString(unsigned short code) {
     return nameOf(code, NUBO_CODES);
 }
 
+QString resultText(unsigned short result) {
+    const bool isCameraError = result != USB_ERROR_SUCCESS && !isTransportError(result);
+    const QString name =
+        isCameraError ? getNuboCommanderrorString(result) : getUsberrorString(result);
+    return QStringLiteral("%1 (0x%2)").arg(name).arg(result, 4, 16, QLatin1Char('0'));
+}
+
 QString getUsberrorString(unsigned short code) {
     return nameOf(code, USB_CODES);
 }

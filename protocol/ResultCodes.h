@@ -37,6 +37,10 @@ inline constexpr unsigned short NUBO_CMD_ERROR_BATTERY_LOW = 0xFFF5;
 /// is also what success (0) gives.
 [[nodiscard]] QString getNuboCommanderrorString(unsigned short code);
 
+/// The name of @p result for diagnostics, whichever of the two kinds it is, and the code, as in
+/// "USB_ERROR_TIMEOUT (0xef03)".
+[[nodiscard]] QString resultText(unsigned short result);
+
 /// The name of a transport code for diagnostics, or "Unknown:" and the code as a signed decimal,
 /// which is also what USB_NO_DEVICE gives.
 [[nodiscard]] QString getUsberrorString(unsigned short code);

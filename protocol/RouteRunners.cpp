@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "protocol/RouteRunners.h"
 
-#include "protocol/ClNuboCommandDataSend.h"
+#include "protocol/Answers.h"
+#include "protocol/DataPackets.h"
 
 #include <QBuffer>
 #include <QImageReader>
@@ -10,8 +11,7 @@ unsigned short RouteRunner::getWifiInfo(stRequest& request) {
     stWifiInfo info;
     const unsigned short result = request.camera.execNuboGetWifiInfo(request.controller, &info);
     if (result == USB_ERROR_SUCCESS) {
-        setValues(request.message, info.status, info.firstText, info.secondText, info.channel,
-                  info.encryption, static_cast<int>(info.reserved), static_cast<int>(info.signal));
+        setWifiInfo(request.message, info);
     }
     return result;
 }

@@ -2,8 +2,9 @@
 #pragma once
 
 #include "protocol/ClCameraAccess.h"
-#include "protocol/ClNuboCommandDataReceive.h"
 #include "protocol/CommandRoutes.h"
+#include "protocol/DataPackets.h"
+#include "protocol/MessageValues.h"
 #include "protocol/NuboCommands.h"
 #include "protocol/ResultCodes.h"
 
@@ -39,13 +40,6 @@ inline QString text(const ClNuboCommandString& answer) {
 
 inline QString address(const ClNuboCommandIpv4& answer) {
     return answer.getAddress();
-}
-
-/// Writes @p values into the message from PARAM2 on, each as a variant of just its type.
-template <class... Values>
-void setValues(VX_CMD& message, const Values&... values) {
-    auto key = Key::VALUES.cbegin();
-    (message.insert(*key++, QVariant::fromValue(values)), ...);
 }
 
 /// Asks the camera, and writes what @p Values make of its answer into the message.

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "simulator/BusState.h"
 
+#include "simulator/UsbDescriptors.h"
+
 #include <filesystem>
 #include <set>
 #include <system_error>
 #include <utility>
-
-#include "simulator/UsbDescriptors.h"
 
 namespace nubo::simulator {
 
@@ -83,12 +83,15 @@ bool BusState::plugInLocked(DeviceId id, Device& device) {
         device.address = *address;
         node = makeNode(id, device);
         device.record->device->plugged();
+        device.record->serialNumber = device.record->device->serialNumber();
         ++device.record->log.timesPlugged;
         access = device.record->options.access;
     }
     const auto handler = node->makeHandler();
-    const auto descriptors = encodeDescriptors(device.record->options.description);
-    if (!m_testbed.add(*address, descriptors, handler.get())) {
+    const std::string& serialNumber = device.record->serialNumber;
+    const auto descriptors =
+        encodeDescriptors(device.record->options.description, !serialNumber.empty());
+    if (!m_testbed.add(*address, {descriptors, serialNumber}, handler.get())) {
         return false;
     }
     applyAccess(m_testbed.nodePath(*address), access);
@@ -140,7 +143,7 @@ std::shared_ptr<DeviceNode> BusState::makeNode(DeviceId id, const Device& device
     const std::uint64_t changes = device.changes;
     return std::make_shared<DeviceNode>(
         device.record,
-        DeviceHooks{m_mutex, m_changed, [this, id, changes] { pullLater(id, changes); },
+        DeviceHooks{m_mutex, m_changed, m_memory, [this, id, changes] { pullLater(id, changes); },
                     [this, id, changes] { restartLater(id, changes); }});
 }
 

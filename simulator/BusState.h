@@ -1,6 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "simulator/DeviceNode.h"
+#include "simulator/DeviceRecord.h"
+#include "simulator/Scheduler.h"
+#include "simulator/Testbed.h"
+#include "simulator/VirtualUsbBus.h"
+
 #include <chrono>
 #include <condition_variable>
 #include <cstdint>
@@ -9,12 +15,6 @@
 #include <mutex>
 #include <optional>
 #include <vector>
-
-#include "simulator/DeviceNode.h"
-#include "simulator/DeviceRecord.h"
-#include "simulator/Scheduler.h"
-#include "simulator/Testbed.h"
-#include "simulator/VirtualUsbBus.h"
 
 namespace nubo::simulator {
 
@@ -72,6 +72,7 @@ private:
     mutable std::condition_variable m_changed;
     std::map<int, Device> m_devices;
     int m_lastNumber = 0;
+    TransferMemory m_memory;
     Testbed m_testbed;
     Scheduler m_scheduler;
 };

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "simulator/CameraClock.h"
 
+#include "simulator/Words.h"
+
 #include <array>
 #include <cstddef>
-
-#include "simulator/Words.h"
 
 namespace nubo::simulator {
 

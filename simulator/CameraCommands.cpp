@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "simulator/CameraCommands.h"
 
-#include <algorithm>
-#include <array>
-#include <functional>
-
 #include "simulator/CameraValues.h"
 #include "simulator/SettingCommands.h"
 #include "simulator/WifiCommands.h"
+
+#include <algorithm>
+#include <array>
+#include <functional>
 
 namespace nubo::simulator {
 
@@ -53,7 +53,11 @@ CommandAnswer formatSdCard(const CommandRequest& request, CameraState& state) {
 CommandAnswer resetSettings(const CommandRequest& request, CameraState& state) {
     const CameraSettings defaults;
     state.settings = defaults;
-    return success(request);
+    CommandAnswer answer = success(request);
+    if (state.behaviour.restartAfterReset == ON) {
+        answer.afterwards = Afterwards::Restart;
+    }
+    return answer;
 }
 
 /// On/off in the first parameter, kept in a setting.
@@ -105,7 +109,12 @@ CommandAnswer applyFirmware(const CommandRequest& request, CameraState& state) {
     if (state.data.firmware->empty()) {
         return refusal(request.id, CameraResult::NotExecuted);
     }
-    return success(request);
+    CommandAnswer answer = success(request);
+    if (!state.behaviour.nextFirmware.empty()) {
+        state.behaviour.isUpdating = true;
+        answer.afterwards = Afterwards::Restart;
+    }
+    return answer;
 }
 
 // clang-format off

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "simulator/CommandAnswer.h"
+
 #include <cstdint>
 #include <span>
 #include <string_view>
-
-#include "simulator/CommandAnswer.h"
 
 namespace nubo::simulator {
 

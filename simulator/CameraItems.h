@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <optional>
+#include "simulator/CameraState.h"
+
+#include <functional>
 #include <span>
 #include <string>
 #include <string_view>
-
-#include "simulator/CameraState.h"
 
 namespace nubo::simulator {
 
@@ -14,9 +14,10 @@ namespace nubo::simulator {
 struct CameraItem {
     std::string_view name;
     std::string_view explanation;
-    std::string (*get)(const CameraState& state);
+    std::string allowed;  ///< what set() takes, for a reader; empty for an item that is only told
+    std::function<std::string(const CameraState& state)> get;
     /// False, and nothing changes, when the text is no such value.
-    bool (*set)(CameraState& state, std::string_view text);
+    std::function<bool(CameraState& state, std::string_view text)> set;
 };
 
 /// All items, in the order in which they are listed.

@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "simulator/CameraClock.h"
+#include "simulator/DefaultPicture.h"
+
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
-
-#include "simulator/CameraClock.h"
 
 namespace nubo::simulator {
 
@@ -43,6 +46,20 @@ struct AccessPoint {
 
 constexpr std::uint32_t OFF = 1;
 constexpr std::uint32_t ON = 2;
+/// What a switch is called in text.
+constexpr std::string_view SWITCH_TEXT = "on or off";
+
+inline std::string switchToText(std::uint32_t value) {
+    return value == ON ? "on" : "off";
+}
+
+/// Nothing, when the text is neither.
+inline std::optional<std::uint32_t> switchFromText(std::string_view text) {
+    if (text == "on") {
+        return ON;
+    }
+    return text == "off" ? std::optional(OFF) : std::nullopt;
+}
 
 /// What the user sets; resetting the settings puts everything here back to its default. On/off
 /// values are OFF and ON, addresses have their first octet on top.
@@ -109,12 +126,23 @@ struct CameraReadings {
     std::uint32_t gpsNumber = 7;
 };
 
+/// How the camera behaves; no command tells or changes it.
+struct CameraBehaviour {
+    /// The version with which the camera comes back once the firmware has been applied. While it is
+    /// empty, the camera stays on the bus and keeps its version.
+    std::string nextFirmware = {};
+    bool isUpdating = false;  ///< the firmware has been applied, and the camera is to come back
+    std::uint32_t restartAfterReset = OFF;
+    std::uint32_t answerDelay = 0;  ///< milliseconds from each command to its answer
+};
+
 using ByteVector = std::vector<std::uint8_t>;
 using SharedBytes = std::shared_ptr<const ByteVector>;
 
 /// Bytes that go over in a data phase. Never null.
 struct CameraData {
-    SharedBytes picture = std::make_shared<const ByteVector>();
+    SharedBytes picture =
+        std::make_shared<const ByteVector>(defaultPicture().begin(), defaultPicture().end());
     SharedBytes audio = std::make_shared<const ByteVector>();
     SharedBytes firmware = std::make_shared<const ByteVector>();  ///< the image that came last
 };
@@ -126,6 +154,7 @@ struct CameraState {
     CameraSettings settings;
     CameraIdentity identity;
     CameraReadings readings;
+    CameraBehaviour behaviour;
     CameraClock clock;
     CameraData data;
     std::vector<AccessPoint> accessPoints = {

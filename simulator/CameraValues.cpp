@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "simulator/CameraValues.h"
 
+#include "simulator/Words.h"
+
 #include <algorithm>
 #include <array>
 #include <cstddef>
 #include <limits>
 #include <optional>
 #include <type_traits>
-
-#include "simulator/Words.h"
 
 namespace nubo::simulator {
 
@@ -68,7 +68,6 @@ constexpr std::array VALUES = {
     CameraValue{"adjust-flag",        0x0042, 0x0041, ValueForm::Number,  0,    ANY,         &Identity::adjustFlag,          "number"},
 };
 // clang-format on
-static_assert(VALUES.size() == CAMERA_VALUE_COUNT);
 
 template <class State, class Content>
 auto& at(State& state, Content CameraSettings::*place) {
@@ -120,13 +119,6 @@ std::optional<std::uint32_t> addressFromText(std::string_view text) {
     return address;
 }
 
-std::optional<std::uint32_t> switchFromText(std::string_view text) {
-    if (text == "on") {
-        return ON;
-    }
-    return text == "off" ? std::optional(OFF) : std::nullopt;
-}
-
 }  // namespace
 
 std::span<const CameraValue> cameraValues() {
@@ -165,12 +157,26 @@ std::string valueText(const CameraValue& value, const CameraState& state) {
     const std::uint32_t number = std::get<std::uint32_t>(content);
     switch (value.form) {
         case ValueForm::Switch:
-            return number == ON ? "on" : "off";
+            return switchToText(number);
         case ValueForm::Address:
             return addressText(number);
         default:
             return std::to_string(number);
     }
+}
+
+std::string allowedText(const CameraValue& value) {
+    switch (value.form) {
+        case ValueForm::Switch:
+            return std::string(SWITCH_TEXT);
+        case ValueForm::Address:
+            return "an address as 192.168.0.20";
+        case ValueForm::Text:
+            return lengthText(value.least, value.most);
+        case ValueForm::Number:
+            break;
+    }
+    return rangeText(value.least, value.most);
 }
 
 bool setValueText(const CameraValue& value, std::string_view text, CameraState& state) {

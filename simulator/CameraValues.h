@@ -1,14 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <cstddef>
+#include "simulator/CameraState.h"
+
 #include <cstdint>
 #include <span>
 #include <string>
 #include <string_view>
 #include <variant>
-
-#include "simulator/CameraState.h"
 
 namespace nubo::simulator {
 
@@ -35,8 +34,6 @@ struct CameraValue {
     std::string_view explanation;
 };
 
-constexpr std::size_t CAMERA_VALUE_COUNT = 41;
-
 /// All values, in the order in which they are listed.
 std::span<const CameraValue> cameraValues();
 
@@ -50,6 +47,8 @@ ValueContent readValue(const CameraValue& value, const CameraState& state);
 bool writeValue(const CameraValue& value, const ValueContent& content, CameraState& state);
 
 std::string valueText(const CameraValue& value, const CameraState& state);
+/// What setValueText() takes, for a reader.
+std::string allowedText(const CameraValue& value);
 /// False, and nothing changes, when the text is no such value.
 bool setValueText(const CameraValue& value, std::string_view text, CameraState& state);
 

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "simulator/CameraState.h"
+#include "simulator/CommandRequest.h"
+
 #include <cstdint>
 #include <optional>
 #include <vector>
-
-#include "simulator/CameraState.h"
-#include "simulator/CommandRequest.h"
 
 namespace nubo::simulator {
 

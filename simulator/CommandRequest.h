@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "simulator/Wire.h"
+
 #include <array>
 #include <cstdint>
 #include <optional>
 #include <span>
 #include <string>
-
-#include "simulator/Wire.h"
 
 namespace nubo::simulator {
 

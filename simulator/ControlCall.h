@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "simulator/ControlLine.h"
+#include "simulator/Words.h"
+
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
-
-#include "simulator/ControlLine.h"
 
 namespace nubo::simulator {
 
@@ -24,6 +26,19 @@ inline std::string error(const std::string& text) {
 
 inline std::string quoted(std::string_view text) {
     return "\"" + std::string(text) + "\"";
+}
+
+/// Reads the number of a camera (from 1) into an index; nothing, when there is no such camera.
+inline std::optional<std::size_t> cameraIndex(const ControlTarget& target, std::string_view word) {
+    const auto number = parseNumber<std::size_t>(word);
+    if (!number || *number < 1 || *number > target.cameras.size()) {
+        return std::nullopt;
+    }
+    return *number - 1;
+}
+
+inline std::string noSuchCamera(std::string_view word) {
+    return error("no camera " + quoted(word));
 }
 
 }  // namespace nubo::simulator

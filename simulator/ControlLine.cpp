@@ -1,15 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "simulator/ControlLine.h"
 
-#include <algorithm>
-#include <array>
-#include <optional>
-
+#include "simulator/BusLines.h"
 #include "simulator/CameraItems.h"
+#include "simulator/CameraLines.h"
 #include "simulator/ControlCall.h"
 #include "simulator/Fault.h"
 #include "simulator/FaultLine.h"
 #include "simulator/Words.h"
+
+#include <algorithm>
+#include <array>
 
 namespace nubo::simulator {
 
@@ -22,69 +23,6 @@ struct ControlCommand {
     std::string (*run)(ControlCall& call);
 };
 
-/// Reads the number of a camera (from 1) into an index.
-std::optional<std::size_t> cameraIndex(const ControlTarget& target, std::string_view word) {
-    const auto number = parseNumber<std::size_t>(word);
-    if (!number || *number < 1 || *number > target.cameras.size()) {
-        return std::nullopt;
-    }
-    return *number - 1;
-}
-
-std::string noSuchCamera(std::string_view word) {
-    return error("no camera " + quoted(word));
-}
-
-/// Replaces the call's camera by the one that its only word names; the error, if it is wrong.
-std::string takeCamera(ControlCall& call) {
-    const std::string_view word = takeWord(call.rest);
-    if (word.empty()) {
-        return {};
-    }
-    const auto index = cameraIndex(call.target, word);
-    if (!index) {
-        return noSuchCamera(word);
-    }
-    call.index = *index;
-    return call.rest.empty() ? std::string() : error("too many words");
-}
-
-std::string runPlug(ControlCall& call) {
-    std::string failure = takeCamera(call);
-    if (failure.empty()) {
-        failure = plugCamera(call.target, call.index);
-    }
-    return failure.empty() ? "ok" : failure;
-}
-
-std::string runUnplug(ControlCall& call) {
-    std::string failure = takeCamera(call);
-    if (!failure.empty()) {
-        return failure;
-    }
-    return call.target.bus.unplug(call.camera().id) ? "ok" : error("the camera is not plugged in");
-}
-
-std::string runSet(ControlCall& call) {
-    const std::string_view name = takeWord(call.rest);
-    if (cameraItem(name) == nullptr) {
-        return error("no item " + quoted(name));
-    }
-    if (!call.camera().camera->set(name, call.rest)) {
-        return error("no value for " + std::string(name) + ": " + quoted(call.rest));
-    }
-    return "ok";
-}
-
-std::string runGet(ControlCall& call) {
-    const std::string_view name = takeWord(call.rest);
-    const auto value = call.camera().camera->get(name);
-    if (!value) {
-        return error("no item " + quoted(name));
-    }
-    return call.rest.empty() ? "ok " + *value : error("too many words");
-}
-
 std::string runClearFaults(ControlCall& call) {
     if (!call.rest.empty()) {
         return error("too many words");
@@ -93,52 +31,83 @@ std::string runClearFaults(ControlCall& call) {
     return "ok";
 }
 
-std::string runStatus(ControlCall& call) {
+std::string runQuit(ControlCall& call) {
     if (!call.rest.empty()) {
         return error("too many words");
     }
-    std::string answer = "ok";
-    std::size_t number = 0;
-    for (const SimulatedCamera& camera : call.target.cameras) {
-        const auto device = call.target.bus.deviceNumber(camera.id);
-        const DeviceLog log = call.target.bus.log(camera.id);
-        answer += number == 0 ? " " : "; ";
-        answer += "camera " + std::to_string(++number) + ": ";
-        answer += device ? "device " + std::to_string(*device) : "unplugged";
-        answer += ", open " + std::to_string(log.openHandles);
-        answer += ", transfers " + std::to_string(log.transferCount);
-        answer += ", commands " + std::to_string(log.commandCount);
-    }
-    return answer;
+    call.target.quits = true;
+    return "ok";
 }
 
 std::string runHelp(ControlCall& call);
 
 // clang-format off
 constexpr std::array COMMANDS = {
-    ControlCommand{"plug",         "plug [K]",        "plugs in camera K (1 when left out)", runPlug},
-    ControlCommand{"unplug",       "unplug [K]",      "unplugs camera K (1 when left out)", runUnplug},
-    ControlCommand{"set",          "set ITEM VALUE",  "sets a value of the camera", runSet},
-    ControlCommand{"get",          "get ITEM",        "answers \"ok\" and a value of the camera", runGet},
-    ControlCommand{"fault",        "fault KIND [ARG] [transfer|command] N [once|forever|xCOUNT]",
-                                                      "strikes the N-th transfer (or the answer to the N-th command) from now", runFault},
-    ControlCommand{"clear-faults", "clear-faults",    "drops all faults that are still waiting", runClearFaults},
-    ControlCommand{"status",       "status",          "tells what is plugged in and what has happened", runStatus},
-    ControlCommand{"help",         "help",            "lists the control lines", runHelp},
+    ControlCommand{"plug",          "plug [K]",           "plugs in camera K (1 when left out)", runPlug},
+    ControlCommand{"unplug",        "unplug [K]",         "unplugs camera K (1 when left out)", runUnplug},
+    ControlCommand{"set",           "set ITEM VALUE",     "sets a value of the camera", runSet},
+    ControlCommand{"get",           "get ITEM",           "answers \"ok\" and a value of the camera", runGet},
+    ControlCommand{"picture",       "picture FILE",       "the camera sends this file when it is asked for a picture", runPicture},
+    ControlCommand{"save-firmware", "save-firmware FILE", "writes the firmware image that came last into a file", runSaveFirmware},
+    ControlCommand{"commands",      "commands",           "answers \"ok\" and the codes of the commands since the last such line", runCommands},
+    ControlCommand{"fault",         "fault KIND [ARG] [transfer|command] N [once|forever|xCOUNT]",
+                                                          "strikes the N-th transfer (or the answer to the N-th command) from now", runFault},
+    ControlCommand{"clear-faults",  "clear-faults",       "drops all faults that are still waiting", runClearFaults},
+    ControlCommand{"busy",          "busy on|off",        "claiming the interface is refused, as if another program held it", runBusy},
+    ControlCommand{"access",        "access allowed|denied|missing",
+                                                          "how the device node answers opening (denied: for root only with --as-user)", runAccess},
+    ControlCommand{"status",        "status",             "tells what is plugged in and what has happened", runStatus},
+    ControlCommand{"help",          "help [NAME]",        "lists lines, items and faults, or explains one of them", runHelp},
+    ControlCommand{"quit",          "quit",               "ends the command, and the simulator with it", runQuit},
 };
 // clang-format on
 
-std::string runHelp(ControlCall&) {
-    std::string answer = "ok";
+std::string itemHelp(const CameraItem& item) {
+    const std::string allowed = item.allowed.empty() ? "only told" : item.allowed;
+    return std::string(item.name) + ": " + allowed + " (" + std::string(item.explanation) + ")";
+}
+
+std::string faultUsage(const FaultInfo& fault) {
+    return std::string(fault.name) + (fault.argument == FaultArgument::None ? "" : " ARG");
+}
+
+/// The explanation of the line, item or fault of that name.
+std::string explain(std::string_view name) {
+    const auto command = std::ranges::find(COMMANDS, name, &ControlCommand::name);
+    if (command != COMMANDS.end()) {
+        return "ok " + std::string(command->usage) + ": " + std::string(command->explanation);
+    }
+    if (const CameraItem* const item = cameraItem(name)) {
+        return "ok " + itemHelp(*item);
+    }
+    if (const auto fault = faultByName(name)) {
+        const FaultInfo& info = faultInfo(*fault);
+        return "ok " + faultUsage(info) + ": " + std::string(info.explanation);
+    }
+    return error("no line, item or fault " + quoted(name));
+}
+
+std::string runHelp(ControlCall& call) {
+    if (!call.rest.empty()) {
+        return explain(call.rest);
+    }
+    std::string answer = "ok ";
     for (const ControlCommand& command : COMMANDS) {
-        answer += answer == "ok" ? " " : "; ";
-        answer += command.usage;
+        answer += std::string(command.usage) + "; ";
+    }
+    answer += "items:";
+    for (const CameraItem& item : cameraItems()) {
+        answer += " " + std::string(item.name);
+    }
+    answer += "; faults:";
+    for (const FaultInfo& fault : faultTable()) {
+        answer += " " + std::string(fault.name);
     }
     return answer;
 }
 
 std::string row(std::string_view left, std::string_view right) {
-    constexpr std::size_t LEFT_WIDTH = 18;
+    constexpr std::size_t LEFT_WIDTH = 20;
     std::string text = "  " + std::string(left);
     if (left.size() < LEFT_WIDTH) {
         text.append(LEFT_WIDTH - left.size(), ' ');
@@ -189,12 +158,12 @@ std::string controlLineHelp() {
     text += row("wait MS", "in a script: goes on after so many milliseconds");
     text += "\nItems:\n";
     for (const CameraItem& item : cameraItems()) {
-        text += row(item.name, item.explanation);
+        const std::string allowed = item.allowed.empty() ? "only told" : item.allowed;
+        text += row(item.name, allowed + ": " + std::string(item.explanation));
     }
     text += "\nFaults:\n";
     for (const FaultInfo& fault : faultTable()) {
-        const bool argument = fault.argument != FaultArgument::None;
-        text += row(std::string(fault.name) + (argument ? " ARG" : ""), fault.explanation);
+        text += row(faultUsage(fault), fault.explanation);
     }
     return text;
 }

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "simulator/VirtualCamera.h"
+#include "simulator/VirtualUsbBus.h"
+
 #include <cstddef>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
-
-#include "simulator/VirtualCamera.h"
-#include "simulator/VirtualUsbBus.h"
 
 namespace nubo::simulator {
 
@@ -22,7 +22,8 @@ struct SimulatedCamera {
 /// What control lines act on.
 struct ControlTarget {
     VirtualUsbBus& bus;
-    std::vector<SimulatedCamera> cameras;
+    std::vector<SimulatedCamera> cameras = {};
+    bool quits = false;  ///< the program has been asked to end
 };
 
 /// Does what one control line says and returns the one line of answer, without line end: "ok", "ok

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "simulator/FileDescriptor.h"
+
 #include <poll.h>
 
 #include <functional>
@@ -8,8 +10,6 @@
 #include <string>
 #include <string_view>
 #include <vector>
-
-#include "simulator/FileDescriptor.h"
 
 namespace nubo::simulator {
 

@@ -21,6 +21,17 @@ bool mayRead() {
 
 }  // namespace
 
+void ControlTerminal::open() {
+    m_open = true;
+    if (::isatty(STDIN_FILENO) == 1 && ::isatty(STDOUT_FILENO) == 1) {
+        std::puts(
+            "Simulated cameras are on the USB bus of the program that has been started. Type what\n"
+            "happens to them, as \"unplug\" or \"set battery 9\"; \"help\" lists all, \"quit\" "
+            "ends.");
+        std::fflush(stdout);
+    }
+}
+
 std::optional<ControlTerminal::Clock::time_point> ControlTerminal::appendTo(
     std::vector<pollfd>& waiting) const {
     if (!m_open) {

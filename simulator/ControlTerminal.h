@@ -20,8 +20,9 @@ public:
     /// Runs one line and returns its answer.
     using Runner = std::function<std::string(std::string_view line)>;
 
-    /// Starts listening; before that, appendTo() and serve() do nothing.
-    void open() { m_open = true; }
+    /// Starts listening, with a greeting for somebody at a terminal; before that, appendTo() and
+    /// serve() do nothing.
+    void open();
 
     /// Appends what to wait for. @return when to look at the latest whether the job has come to the
     /// foreground, which nothing tells

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "simulator/DeviceNode.h"
 
+#include "simulator/UsbDescriptors.h"
+#include "simulator/Wire.h"
+
 #include <linux/usbdevice_fs.h>
 #include <sys/ioctl.h>
 
@@ -11,7 +14,9 @@
 #include <cstdint>
 #include <cstring>
 #include <optional>
+#include <span>
 #include <utility>
+#include <vector>
 
 namespace nubo::simulator {
 
@@ -148,6 +153,31 @@ DeviceNode::Reply DeviceNode::releaseInterface(UMockdevIoctlClient* client,
     return replyOf(number ? m_claims.release(client, *number) : EINVAL);
 }
 
+/// Of the control requests only string descriptors are known; the rest stalls.
+DeviceNode::Reply DeviceNode::answerControl(Transfer transfer) {
+    constexpr std::uint16_t GET_DESCRIPTOR_OF_DEVICE = 0x0680;
+    constexpr std::size_t VALUE_OFFSET = 2;
+    constexpr std::size_t SETUP_SIZE = 8;
+    constexpr int BITS_PER_BYTE = 8;
+    constexpr std::uint16_t STRING_DESCRIPTOR = 3;
+    const std::span<std::uint8_t> bytes = transfer.bytes();
+    const std::uint16_t value = readU16(bytes, VALUE_OFFSET);
+    std::vector<std::uint8_t> answer;
+    if (bytes.size() >= SETUP_SIZE && readU16(bytes, 0) == GET_DESCRIPTOR_OF_DEVICE &&
+        value >> BITS_PER_BYTE == STRING_DESCRIPTOR) {
+        answer = encodeString(static_cast<std::uint8_t>(value), m_record->serialNumber);
+    }
+    if (answer.empty()) {
+        m_transfers.finish(std::move(transfer), -EPIPE);
+        return {};
+    }
+    const std::span<std::uint8_t> room = bytes.subspan(SETUP_SIZE);
+    const std::size_t moved = std::min(answer.size(), room.size());
+    std::copy_n(answer.begin(), moved, room.begin());
+    m_transfers.finish(std::move(transfer), 0, moved);
+    return {};
+}
+
 DeviceNode::Reply DeviceNode::submitUrb(UMockdevIoctlClient* client, UMockdevIoctlData* argument) {
     Transfer transfer;
     transfer.client = client;
@@ -156,18 +186,18 @@ DeviceNode::Reply DeviceNode::submitUrb(UMockdevIoctlClient* client, UMockdevIoc
         return failure(EFAULT);
     }
     const usbdevfs_urb& urb = transfer.header();
-    if (urb.type == USBDEVFS_URB_TYPE_CONTROL) {
-        m_transfers.finish(std::move(transfer), -EPIPE);
-        return {};
-    }
+    const bool isControl = urb.type == USBDEVFS_URB_TYPE_CONTROL;
     const EndpointDescription* const endpoint = m_claims.endpoint(client, urb.endpoint);
-    if (endpoint == nullptr) {
+    if (endpoint == nullptr && !isControl) {
         return failure(ENOENT);
     }
-    if (urb.type != USBDEVFS_URB_TYPE_BULK || urb.buffer_length < 0) {
+    if ((urb.type != USBDEVFS_URB_TYPE_BULK && !isControl) || urb.buffer_length < 0) {
         return failure(EINVAL);
     }
-    transfer.packetSize = endpoint->maxPacketSize;
+    transfer.memory = m_hooks.memory.take(static_cast<std::size_t>(urb.buffer_length));
+    if (!transfer.memory) {
+        return failure(ENOMEM);
+    }
     if (urb.buffer_length > 0) {
         transfer.buffer = pointedTo(transfer.urb.get(), static_cast<std::size_t>(urb.buffer_length),
                                     offsetof(usbdevfs_urb, buffer));
@@ -175,6 +205,10 @@ DeviceNode::Reply DeviceNode::submitUrb(UMockdevIoctlClient* client, UMockdevIoc
             return failure(EFAULT);
         }
     }
+    if (isControl) {
+        return answerControl(std::move(transfer));
+    }
+    transfer.packetSize = endpoint->maxPacketSize;
     const TransferQueue::Outcome outcome = m_transfers.submit(std::move(transfer));
     if (outcome.deviceLeft) {
         leave();

@@ -1,17 +1,18 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "simulator/DeviceRecord.h"
+#include "simulator/GObjectPtr.h"
+#include "simulator/InterfaceClaims.h"
+#include "simulator/TransferMemory.h"
+#include "simulator/TransferQueue.h"
+
 #include <umockdev.h>
 
 #include <condition_variable>
 #include <functional>
 #include <memory>
 #include <mutex>
-
-#include "simulator/DeviceRecord.h"
-#include "simulator/GObjectPtr.h"
-#include "simulator/InterfaceClaims.h"
-#include "simulator/TransferQueue.h"
 
 namespace nubo::simulator {
 
@@ -20,8 +21,9 @@ namespace nubo::simulator {
 struct DeviceHooks {
     std::mutex& mutex;
     std::condition_variable& changed;  ///< notified whenever the record may have changed
-    std::function<void()> leaveBus;    ///< the device has gone: take it from the bus
-    std::function<void()> restart;     ///< the device wants to go and to come back
+    TransferMemory& memory;
+    std::function<void()> leaveBus;  ///< the device has gone: take it from the bus
+    std::function<void()> restart;   ///< the device wants to go and to come back
 };
 
 /// The calls that clients make on one device node, from plugging in to unplugging: opening,
@@ -58,6 +60,7 @@ private:
     Reply claimInterface(UMockdevIoctlClient* client, UMockdevIoctlData* argument);
     Reply releaseInterface(UMockdevIoctlClient* client, UMockdevIoctlData* argument);
     Reply acceptSilently(UMockdevIoctlClient* client, UMockdevIoctlData* argument);
+    Reply answerControl(Transfer transfer);
     Reply submitUrb(UMockdevIoctlClient* client, UMockdevIoctlData* argument);
     Reply discardUrb(UMockdevIoctlClient* client, UMockdevIoctlData* argument);
     Reply reapUrb(UMockdevIoctlClient* client, UMockdevIoctlData* argument);

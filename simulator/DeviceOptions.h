@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "simulator/UsbDescriptors.h"
+
 #include <chrono>
 #include <set>
-
-#include "simulator/UsbDescriptors.h"
 
 namespace nubo::simulator {
 

@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <memory>
-
 #include "simulator/DeviceLog.h"
 #include "simulator/DeviceOptions.h"
 #include "simulator/Fault.h"
 #include "simulator/VirtualDevice.h"
+
+#include <memory>
+#include <string>
 
 namespace nubo::simulator {
 
@@ -15,6 +16,7 @@ namespace nubo::simulator {
 struct DeviceRecord {
     std::shared_ptr<VirtualDevice> device;
     DeviceOptions options;
+    std::string serialNumber;  ///< as the device told it when it was plugged in
     FaultPlan faults;
     DeviceLog log;
 };

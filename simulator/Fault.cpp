@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "simulator/Fault.h"
 
+#include "simulator/Wire.h"
+
 #include <algorithm>
 #include <array>
 #include <cerrno>
-
-#include "simulator/Wire.h"
 
 namespace nubo::simulator {
 

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "simulator/FaultLine.h"
 
+#include "simulator/Fault.h"
+#include "simulator/Words.h"
+
 #include <cstdint>
 #include <limits>
 #include <optional>
-
-#include "simulator/Fault.h"
-#include "simulator/Words.h"
 
 namespace nubo::simulator {
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <string>
-
 #include "simulator/ControlCall.h"
+
+#include <string>
 
 namespace nubo::simulator {
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "simulator/ImageReceiver.h"
 
-#include <utility>
-
 #include "simulator/Wire.h"
+
+#include <utility>
 
 namespace nubo::simulator {
 

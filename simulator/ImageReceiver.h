@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "simulator/CameraState.h"
+
 #include <cstdint>
 #include <optional>
 #include <span>
-
-#include "simulator/CameraState.h"
 
 namespace nubo::simulator {
 

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "simulator/DeviceRecord.h"
+
 #include <umockdev.h>
 
 #include <cstdint>
 #include <map>
 #include <memory>
 #include <set>
-
-#include "simulator/DeviceRecord.h"
 
 namespace nubo::simulator {
 

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "simulator/Options.h"
 
+#include "simulator/ControlLine.h"
+#include "simulator/Words.h"
+
 #include <algorithm>
 #include <array>
 #include <string_view>
-
-#include "simulator/ControlLine.h"
-#include "simulator/Words.h"
 
 namespace nubo::simulator {
 
@@ -14,6 +14,7 @@ namespace {
 
 constexpr int MOST_CAMERAS = 100;
 constexpr int LONGEST_RESTART = 3'600'000;
+constexpr int LONGEST_ANSWER = 60'000;
 
 struct Option {
     std::string_view name;
@@ -58,6 +59,17 @@ constexpr std::array OPTIONS = {
                options.restartDelay = std::chrono::milliseconds(milliseconds);
                return valid;
            }},
+    Option{"--answer-delay", "MS", "how long every camera takes for an answer (0)",
+           [](Options& options, const std::string& value) {
+               int milliseconds = 0;
+               const bool valid = readNumber(value, 0, LONGEST_ANSWER, milliseconds);
+               options.answerDelay = static_cast<std::uint32_t>(milliseconds);
+               return valid;
+           }},
+    Option{"--as-user", "", "COMMAND heeds file permissions, even as root",
+           [](Options& options, const std::string&) { return options.asUser = true; }},
+    Option{"--version", "", "shows the version",
+           [](Options& options, const std::string&) { return options.version = true; }},
     Option{"--help", "", "shows this text",
            [](Options& options, const std::string&) { return options.help = true; }},
 };
@@ -91,10 +103,14 @@ std::string parseOptions(std::span<const std::string> arguments, Options& option
         ++next;
     }
     options.command.assign(next, arguments.end());
-    if (options.command.empty() && !options.help) {
+    if (options.command.empty() && !options.help && !options.version) {
         return "no command to run, try --help";
     }
     return {};
+}
+
+std::string versionText() {
+    return "nubo-camera-simulator " SIMULATOR_VERSION "\n";
 }
 
 std::string optionHelp() {

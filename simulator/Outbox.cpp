@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "simulator/Outbox.h"
 
+#include "simulator/Wire.h"
+
 #include <algorithm>
 #include <utility>
-
-#include "simulator/Wire.h"
 
 namespace nubo::simulator {
 

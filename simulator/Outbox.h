@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "simulator/CameraState.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <deque>
 #include <optional>
-
-#include "simulator/CameraState.h"
 
 namespace nubo::simulator {
 

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "simulator/VirtualUsbBus.h"
+
 #include <cstdint>
 #include <memory>
 #include <optional>
 #include <span>
 #include <vector>
-
-#include "simulator/VirtualUsbBus.h"
 
 namespace nubo::simulator {
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "simulator/Script.h"
 
+#include "simulator/Words.h"
+
 #include <cstdint>
 #include <cstdio>
 #include <fstream>
-
-#include "simulator/Words.h"
 
 namespace nubo::simulator {
 

@@ -54,9 +54,29 @@ std::string hexadecimal(std::span<const std::uint8_t> bytes) {
     return text;
 }
 
-std::string deviceText(const BusAddress& address, const std::vector<std::uint8_t>& descriptors) {
+/// The kernel's way to write such a text into sysfs: UTF-8 and a line end.
+std::vector<std::uint8_t> attributeBytes(std::string_view latin1) {
+    constexpr std::uint8_t FIRST_OF_TWO = 0xC0;
+    constexpr std::uint8_t SECOND_OF_TWO = 0x80;
+    constexpr int BITS_IN_SECOND = 6;
+    constexpr std::uint8_t LOW_BITS = 0x3F;
+    std::vector<std::uint8_t> bytes;
+    for (const char character : latin1) {
+        const auto code = static_cast<std::uint8_t>(character);
+        if (code < SECOND_OF_TWO) {
+            bytes.push_back(code);
+        } else {
+            bytes.push_back(static_cast<std::uint8_t>(FIRST_OF_TWO | code >> BITS_IN_SECOND));
+            bytes.push_back(static_cast<std::uint8_t>(SECOND_OF_TWO | (code & LOW_BITS)));
+        }
+    }
+    bytes.push_back('\n');
+    return bytes;
+}
+
+std::string deviceText(const BusAddress& address, const SystemEntry& entry) {
     const std::string number = std::to_string(address.number);
-    const std::string hex = hexadecimal(descriptors);
+    const std::string hex = hexadecimal(entry.descriptors);
     std::string text;
     text += "P: " + systemPath(address) + "\n";
     text += "N: " + nodeName(address) + "=" + hex + "\n";
@@ -67,6 +87,9 @@ std::string deviceText(const BusAddress& address, const std::vector<std::uint8_t
     text += "A: speed=480\\n\nA: bConfigurationValue=1\\n\n";
     text += "A: dev=" + std::to_string(USB_DEVICE_MAJOR) + ":" +
             std::to_string(address.number - 1) + "\\n\n";
+    if (!entry.serialNumber.empty()) {
+        text += "H: serial=" + hexadecimal(attributeBytes(entry.serialNumber)) + "\n";
+    }
     text += "H: descriptors=" + hex + "\n\n";
     return text;
 }
@@ -94,8 +117,7 @@ bool Testbed::isPreloaded() {
     return library != nullptr;
 }
 
-bool Testbed::add(const BusAddress& address, const std::vector<std::uint8_t>& descriptors,
-                  UMockdevIoctlBase* handler) {
+bool Testbed::add(const BusAddress& address, const SystemEntry& entry, UMockdevIoctlBase* handler) {
     const std::string node = "/dev/" + nodeName(address);
     GError* error = nullptr;
     const gboolean attached =
@@ -104,7 +126,7 @@ bool Testbed::add(const BusAddress& address, const std::vector<std::uint8_t>& de
         return false;
     }
     const gboolean added = umockdev_testbed_add_from_string(
-        m_testbed.get(), deviceText(address, descriptors).c_str(), &error);
+        m_testbed.get(), deviceText(address, entry).c_str(), &error);
     if (checked(added, error)) {
         return true;
     }

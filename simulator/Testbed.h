@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "simulator/GObjectPtr.h"
+
 #include <umockdev.h>
 
 #include <cstdint>
@@ -9,14 +11,18 @@
 #include <string>
 #include <vector>
 
-#include "simulator/GObjectPtr.h"
-
 namespace nubo::simulator {
 
 /// Where one device stands on the bus.
 struct BusAddress {
     int port = 1;    ///< the socket: 1 and up
     int number = 1;  ///< the device number: 1 to 127
+};
+
+/// What can be read of a device without opening it.
+struct SystemEntry {
+    const std::vector<std::uint8_t>& descriptors;
+    const std::string& serialNumber;  ///< Latin-1; empty: none
 };
 
 /// The emulated sysfs and device nodes. Its calls come from one thread at a time, and never from
@@ -31,8 +37,7 @@ public:
 
     /// Makes the node, whose ioctls go to @p handler, and the sysfs entry, and sends the add event.
     /// False when the testbed refuses; then nothing is left behind.
-    bool add(const BusAddress& address, const std::vector<std::uint8_t>& descriptors,
-             UMockdevIoctlBase* handler);
+    bool add(const BusAddress& address, const SystemEntry& entry, UMockdevIoctlBase* handler);
 
     /// Sends the remove event, removes entry and node, and lets no further client in.
     void remove(const BusAddress& address);

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "simulator/TransferQueue.h"
 
+#include "simulator/Wire.h"
+
 #include <algorithm>
 #include <cerrno>
 #include <functional>
 #include <iterator>
 #include <utility>
-
-#include "simulator/Wire.h"
 
 namespace nubo::simulator {
 

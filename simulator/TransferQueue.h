@@ -1,6 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "simulator/DeviceRecord.h"
+#include "simulator/Fault.h"
+#include "simulator/GObjectPtr.h"
+#include "simulator/TransferMemory.h"
+
 #include <linux/usbdevice_fs.h>
 #include <umockdev.h>
 
@@ -15,10 +20,6 @@
 #include <span>
 #include <vector>
 
-#include "simulator/DeviceRecord.h"
-#include "simulator/Fault.h"
-#include "simulator/GObjectPtr.h"
-
 namespace nubo::simulator {
 
 /// One request of the host to move bytes, from its submission until the host reaps it.
@@ -27,6 +28,7 @@ struct Transfer {
 
     GObjectPtr<UMockdevIoctlData> urb;     ///< a usbdevfs_urb in the client's memory
     GObjectPtr<UMockdevIoctlData> buffer;  ///< null for a transfer of no bytes
+    TransferMemory::Share memory;
     UMockdevIoctlClient* client = nullptr;
     std::size_t packetSize = 0;  ///< of the endpoint, in bytes
     bool held = false;           ///< never served

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "simulator/UsbDescriptors.h"
 
-#include <cstddef>
-
 #include "simulator/Wire.h"
+
+#include <cstddef>
 
 namespace nubo::simulator {
 
@@ -52,12 +52,33 @@ InterfaceDescription DeviceDescription::cameraInterface() {
     return {{AlternateSetting{{EndpointDescription{0x81}, EndpointDescription{0x02}}}}};
 }
 
-std::vector<std::uint8_t> encodeDescriptors(const DeviceDescription& description) {
+std::vector<std::uint8_t> encodeString(std::uint8_t number, std::string_view serialNumber) {
+    constexpr std::uint8_t STRING_DESCRIPTOR = 3;
+    constexpr std::size_t MOST_CHARACTERS = 126;
+    constexpr std::uint16_t ENGLISH = 0x0409;
+    if (serialNumber.empty() || number > SERIAL_NUMBER_STRING) {
+        return {};
+    }
+    Bytes bytes = {0, STRING_DESCRIPTOR};
+    if (number == 0) {
+        appendU16(bytes, ENGLISH);
+    } else {
+        for (const char character : serialNumber.substr(0, MOST_CHARACTERS)) {
+            appendU16(bytes, static_cast<std::uint8_t>(character));
+        }
+    }
+    bytes.front() = count(bytes.size());
+    return bytes;
+}
+
+std::vector<std::uint8_t> encodeDescriptors(const DeviceDescription& description,
+                                            bool hasSerialNumber) {
     Bytes bytes = {18, 1, 0x00, 0x02, 0, 0, 0, 64};
     appendU16(bytes, description.vendorId);
     appendU16(bytes, description.productId);
     appendU16(bytes, description.release);
-    append(bytes, {0, 0, 0, static_cast<std::uint8_t>(description.configurationCount)});
+    append(bytes, {0, 0, hasSerialNumber ? SERIAL_NUMBER_STRING : std::uint8_t{0},
+                   static_cast<std::uint8_t>(description.configurationCount)});
 
     Bytes interfaces;
     std::uint8_t number = 0;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string_view>
 #include <vector>
 
 namespace nubo::simulator {
@@ -42,7 +43,14 @@ struct DeviceDescription {
     static InterfaceDescription cameraInterface();
 };
 
+/// The number of the string descriptor that holds the serial number; 0 lists the languages.
+constexpr std::uint8_t SERIAL_NUMBER_STRING = 1;
+
 /// The device descriptor (18 bytes) and all configuration descriptors, as a device node holds them.
-std::vector<std::uint8_t> encodeDescriptors(const DeviceDescription& description);
+std::vector<std::uint8_t> encodeDescriptors(const DeviceDescription& description,
+                                            bool hasSerialNumber);
+
+/// The string descriptor of that number; empty when the device has none.
+std::vector<std::uint8_t> encodeString(std::uint8_t number, std::string_view serialNumber);
 
 }  // namespace nubo::simulator

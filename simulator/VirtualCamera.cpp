@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "simulator/VirtualCamera.h"
 
-#include <utility>
-
 #include "simulator/CameraItems.h"
 #include "simulator/Wire.h"
+
+#include <utility>
 
 namespace nubo::simulator {
 
@@ -28,6 +28,11 @@ void VirtualCamera::receive(std::span<const std::uint8_t> packet) {
 }
 
 void VirtualCamera::receiveCommand(std::span<const std::uint8_t> packet) {
+    if (m_codes.size() == CODES_KEPT) {
+        m_codes.pop_front();
+    }
+    m_codes.push_back(readU16(packet, CODE_OFFSET));
+    delayAnswer();
     CommandAnswer answer = executeCommand(packet, m_state);
     const std::uint16_t id = readU16(packet, ID_OFFSET);
     for (ByteVector& message : answer.packets) {
@@ -49,6 +54,7 @@ void VirtualCamera::receiveImage(std::span<const std::uint8_t> transfer) {
     if (!result) {
         return;
     }
+    delayAnswer();
     if (result->isWhole) {
         m_state.data.firmware = std::make_shared<const ByteVector>(std::move(result->image));
     }
@@ -56,9 +62,21 @@ void VirtualCamera::receiveImage(std::span<const std::uint8_t> transfer) {
                              result->isWhole ? CameraResult::Success : CameraResult::DataLength));
 }
 
+void VirtualCamera::delayAnswer() {
+    m_notBefore = Clock::now() + std::chrono::milliseconds(m_state.behaviour.answerDelay);
+}
+
 std::optional<std::vector<std::uint8_t>> VirtualCamera::send() {
     const std::lock_guard lock(m_mutex);
+    if (!m_outbox.isEmpty() && Clock::now() < m_notBefore) {
+        return std::nullopt;
+    }
     return m_outbox.next();
+}
+
+std::string VirtualCamera::serialNumber() const {
+    const std::lock_guard lock(m_mutex);
+    return m_state.identity.serialNumber;
 }
 
 void VirtualCamera::plugged() {
@@ -66,6 +84,9 @@ void VirtualCamera::plugged() {
     m_outbox.clear();
     m_image.reset();
     m_afterwards = Afterwards::Nothing;
+    if (std::exchange(m_state.behaviour.isUpdating, false)) {
+        m_state.identity.firmwareVersion = std::exchange(m_state.behaviour.nextFirmware, {});
+    }
 }
 
 bool VirtualCamera::wantsRestart() {
@@ -98,6 +119,13 @@ void VirtualCamera::setAudio(ByteVector bytes) {
 SharedBytes VirtualCamera::firmware() const {
     const std::lock_guard lock(m_mutex);
     return m_state.data.firmware;
+}
+
+std::vector<std::uint16_t> VirtualCamera::takeCommandCodes() {
+    const std::lock_guard lock(m_mutex);
+    std::vector<std::uint16_t> codes(m_codes.begin(), m_codes.end());
+    m_codes.clear();
+    return codes;
 }
 
 CameraState VirtualCamera::state() const {

@@ -1,19 +1,22 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "simulator/CameraCommands.h"
+#include "simulator/CameraState.h"
+#include "simulator/ImageReceiver.h"
+#include "simulator/Outbox.h"
+#include "simulator/VirtualDevice.h"
+
+#include <chrono>
+#include <cstddef>
 #include <cstdint>
+#include <deque>
 #include <mutex>
 #include <optional>
 #include <span>
 #include <string>
 #include <string_view>
 #include <vector>
-
-#include "simulator/CameraCommands.h"
-#include "simulator/CameraState.h"
-#include "simulator/ImageReceiver.h"
-#include "simulator/Outbox.h"
-#include "simulator/VirtualDevice.h"
 
 namespace nubo::simulator {
 
@@ -27,6 +30,7 @@ class VirtualCamera : public VirtualDevice {
 public:
     void receive(std::span<const std::uint8_t> packet) override;
     std::optional<std::vector<std::uint8_t>> send() override;
+    std::string serialNumber() const override;
     void plugged() override;
     bool wantsRestart() override;
     bool wantsPowerOff() override;
@@ -45,15 +49,24 @@ public:
     /// The image that came last and whole; empty before. Never null.
     SharedBytes firmware() const;
 
+    /// The codes of the commands that have come since the last call, the latest CODES_KEPT of them.
+    std::vector<std::uint16_t> takeCommandCodes();
+    static constexpr std::size_t CODES_KEPT = 1000;
+
 private:
     void receiveCommand(std::span<const std::uint8_t> packet);
     void receiveImage(std::span<const std::uint8_t> transfer);
+    void delayAnswer();
     bool takeWish(Afterwards wish);
+
+    using Clock = std::chrono::steady_clock;
 
     mutable std::mutex m_mutex;
     CameraState m_state;
     Outbox m_outbox;
     ImageReceiver m_image;
+    std::deque<std::uint16_t> m_codes;
+    Clock::time_point m_notBefore{};
     Afterwards m_afterwards = Afterwards::Nothing;
 };
 

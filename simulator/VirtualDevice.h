@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <optional>
 #include <span>
+#include <string>
 #include <vector>
 
 namespace nubo::simulator {
@@ -23,6 +24,10 @@ public:
     /// The next message for the host, or nothing yet: then the IN transfer stays pending, and the
     /// bus asks again. A message longer than the transfer continues in the next IN transfers.
     virtual std::optional<std::vector<std::uint8_t>> send() = 0;
+
+    /// What the device tells of itself before it is opened, one byte a character (Latin-1): asked
+    /// at each plugging-in. A device without a serial number, as by default, has no such text.
+    virtual std::string serialNumber() const { return {}; }
 
     /// The device has got onto the bus: what it had to say before is forgotten.
     virtual void plugged() {}

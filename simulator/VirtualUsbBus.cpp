@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "simulator/VirtualUsbBus.h"
 
-#include <utility>
-
 #include "simulator/BusState.h"
 #include "simulator/Testbed.h"
+
+#include <utility>
 
 namespace nubo::simulator {
 

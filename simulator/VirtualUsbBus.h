@@ -1,6 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "simulator/DeviceLog.h"
+#include "simulator/DeviceOptions.h"
+#include "simulator/Fault.h"
+#include "simulator/VirtualDevice.h"
+
 #include <chrono>
 #include <cstddef>
 #include <cstdint>
@@ -9,11 +14,6 @@
 #include <optional>
 #include <set>
 #include <vector>
-
-#include "simulator/DeviceLog.h"
-#include "simulator/DeviceOptions.h"
-#include "simulator/Fault.h"
-#include "simulator/VirtualDevice.h"
 
 namespace nubo::simulator {
 

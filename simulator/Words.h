@@ -4,7 +4,9 @@
 #include <algorithm>
 #include <charconv>
 #include <concepts>
+#include <cstddef>
 #include <optional>
+#include <string>
 #include <string_view>
 
 namespace nubo::simulator {
@@ -39,6 +41,15 @@ std::optional<Number> parseNumber(std::string_view text) {
         return std::nullopt;
     }
     return number;
+}
+
+/// What may stand there, for a reader.
+inline std::string rangeText(std::integral auto least, std::integral auto most) {
+    return "a number from " + std::to_string(least) + " to " + std::to_string(most);
+}
+
+inline std::string lengthText(std::size_t least, std::size_t most) {
+    return "text of " + std::to_string(least) + " to " + std::to_string(most) + " bytes";
 }
 
 }  // namespace nubo::simulator

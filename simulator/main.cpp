@@ -1,9 +1,22 @@
 // SPDX-License-Identifier: MIT
+#include "simulator/ChildProcess.h"
+#include "simulator/ControlLine.h"
+#include "simulator/ControlSocket.h"
+#include "simulator/ControlTerminal.h"
+#include "simulator/FileDescriptor.h"
+#include "simulator/FilePermissions.h"
+#include "simulator/Options.h"
+#include "simulator/RootHub.h"
+#include "simulator/Script.h"
+#include "simulator/VirtualCamera.h"
+#include "simulator/VirtualUsbBus.h"
+
 #include <poll.h>
 #include <sys/signalfd.h>
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <chrono>
 #include <csignal>
@@ -14,18 +27,8 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
-
-#include "simulator/ChildProcess.h"
-#include "simulator/ControlLine.h"
-#include "simulator/ControlSocket.h"
-#include "simulator/ControlTerminal.h"
-#include "simulator/FileDescriptor.h"
-#include "simulator/Options.h"
-#include "simulator/RootHub.h"
-#include "simulator/Script.h"
-#include "simulator/VirtualCamera.h"
-#include "simulator/VirtualUsbBus.h"
 
 namespace nubo::simulator {
 
@@ -46,7 +49,8 @@ int fail(int exitCode, const std::string& what) {
 int startPreloaded(char** arguments) {
     const char* const preloaded = std::getenv("LD_PRELOAD");
     if (preloaded != nullptr && std::strstr(preloaded, PRELOADED_LIBRARY) != nullptr) {
-        return fail(CANNOT_RUN, std::string(PRELOADED_LIBRARY) + " cannot be loaded");
+        return fail(CANNOT_RUN, std::string(PRELOADED_LIBRARY) +
+                                    " cannot be loaded: install the Debian package umockdev");
     }
     std::string list = PRELOADED_LIBRARY;
     if (preloaded != nullptr && *preloaded != '\0') {
@@ -105,7 +109,8 @@ int serveUntilEnd(ChildProcess& child, const FileDescriptor& signals, ControlTar
         socket.appendTo(waiting);
         const auto lookTime = terminal.appendTo(waiting);
         ::poll(waiting.data(), waiting.size(), untilFirst({scriptTime, killTime, lookTime}));
-        if (askedToEnd(signals) && !killTime) {
+        const bool quits = std::exchange(target.quits, false);
+        if ((askedToEnd(signals) || quits) && !killTime) {
             child.signal(SIGTERM);
             killTime = Script::Clock::now() + PATIENCE;
         }
@@ -121,19 +126,49 @@ int serveUntilEnd(ChildProcess& child, const FileDescriptor& signals, ControlTar
     }
 }
 
+/// What tells the cameras of one bus apart. The first one has the default identity.
+CameraIdentity identityOf(int number) {
+    CameraIdentity identity;
+    if (number > 1) {
+        std::array<char, 8> digits{};
+        std::snprintf(digits.data(), digits.size(), "%04d", number);
+        identity.serialNumber = std::string("SIM") + digits.data();
+        identity.ssid = std::string("NuBo-") + digits.data();
+        identity.machineName = "NuBo-" + std::to_string(number);
+        std::snprintf(digits.data(), digits.size(), "%02X", static_cast<unsigned>(number));
+        identity.macAddress = std::string("02:00:5E:10:00:") + digits.data();
+    }
+    return identity;
+}
+
+std::shared_ptr<VirtualCamera> makeCamera(int number, std::uint32_t answerDelay) {
+    auto camera = std::make_shared<VirtualCamera>();
+    CameraState state;
+    state.identity = identityOf(number);
+    state.behaviour.answerDelay = answerDelay;
+    camera->setState(state);
+    return camera;
+}
+
 int run(const Options& options) {
     Script script;
     if (!options.script.empty() && !script.load(options.script)) {
         return fail(WRONG_USE, options.script + ": " + std::strerror(errno));
     }
+    if (options.asUser) {
+        const std::string failure = heedFilePermissions();
+        if (!failure.empty()) {
+            return fail(CANNOT_RUN, failure);
+        }
+    }
     const FileDescriptor signals = watchSignals();
     VirtualUsbBus bus;
     plugRootHub(bus);
-    ControlTarget target{bus, {}};
+    ControlTarget target{bus};
     DeviceOptions device;
     device.restartDelay = options.restartDelay;
-    for (int i = 0; i < options.cameras; ++i) {
-        target.cameras.push_back({std::make_shared<VirtualCamera>(), DeviceId{}, device});
+    for (int number = 1; number <= options.cameras; ++number) {
+        target.cameras.push_back({makeCamera(number, options.answerDelay), DeviceId{}, device});
         const std::string failure =
             options.unplugged ? "" : plugCamera(target, target.cameras.size() - 1);
         if (!failure.empty()) {
@@ -170,6 +205,10 @@ int main(int count, char** arguments) {
     const std::string failure = parseOptions(words, options);
     if (!failure.empty()) {
         return fail(WRONG_USE, failure);
+    }
+    if (options.version) {
+        std::fputs(versionText().c_str(), stdout);
+        return EXIT_SUCCESS;
     }
     if (options.help) {
         std::fputs(optionHelp().c_str(), stdout);

@@ -53,6 +53,14 @@ ClMessageBox::ClMessageBox(QWidget* parent, const QString& text, const QString& 
     setMinimumWidth(ClDialogBase::MINIMUM_WIDTH);
 }
 
+void ClMessageBox::preferRejecting() {
+    if (m_reject != nullptr) {
+        // Being the default, too, it is the one that is pressed wherever the desktop has put it.
+        m_reject->setDefault(true);
+        m_reject->setFocus();
+    }
+}
+
 void ClMessageBox::tell(QWidget* parent, const QString& text) {
     ClMessageBox(parent, text, QCoreApplication::applicationName(), QDialogButtonBox::Ok).exec();
 }
@@ -66,6 +74,8 @@ QDialogButtonBox* ClMessageBox::createButtonBox(QDialogButtonBox::StandardButton
                 // The keyboard would start at the first button, which some desktops have decline.
                 if (choice.role == QDialogButtonBox::AcceptRole) {
                     button->setFocus();
+                } else {
+                    m_reject = button;
                 }
                 break;
             }

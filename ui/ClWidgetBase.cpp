@@ -11,7 +11,6 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPushButton>
-#include <QShowEvent>
 
 #include <algorithm>
 #include <array>
@@ -115,14 +114,15 @@ bool ClWidgetBase::isAnswerToAnother(const VX_CMD& message) const {
     return asker != nullptr && asker != this;
 }
 
-void ClWidgetBase::showEvent(QShowEvent* event) {
-    QWidget::showEvent(event);
-    if (event->spontaneous()) {
-        return;
-    }
+// Each dialog runs in an event loop of its own, one inside the other, and this inside the
+// innermost: they only end when all this has returned, the innermost first.
+void ClWidgetBase::closeQuestions() {
     for (QDialog* question : std::as_const(m_questions)) {
-        for (QDialog* inner : question->findChildren<QDialog*>()) {
-            inner->reject();
+        // A calendar, a complaint, a menu that is down.
+        for (QWidget* inner : question->findChildren<QWidget*>()) {
+            if (inner->isWindow() && inner->isVisible()) {
+                inner->close();
+            }
         }
         question->reject();
     }
@@ -135,6 +135,7 @@ void ClWidgetBase::hideEvent(QHideEvent* event) {
         ++m_visit;
         // What was to follow the box that is open is of a camera that may have left.
         m_errors.resize(std::min<qsizetype>(m_errors.size(), 1));
+        closeQuestions();
     }
 }
 

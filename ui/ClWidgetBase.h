@@ -37,10 +37,9 @@ public:
     virtual void showErrorMsgBox(unsigned short error);
 
     /// Runs @p dialog, which asks the user something about the camera, and tells whether it was
-    /// accepted and still counts. Once the page has been left it does not: the answer is for the
-    /// camera that the question was about, not for one that has been plugged in in its place. The
-    /// dialog stays open then until the user closes it or the page is shown again, which cancels it
-    /// and whatever it has opened itself.
+    /// accepted. Leaving the page, as happens when the camera goes, closes the dialog at once, and
+    /// whatever it has opened itself: it is not accepted then, for an answer is for the camera that
+    /// the question was about, not for one that has been plugged in in its place.
     [[nodiscard]] bool ask(QDialog& dialog);
 
     /// Sends @p message, whose arguments the caller has filled in, as @p command from this page.
@@ -68,12 +67,13 @@ protected:
     /// Whether @p message answers a request of another page. Plain results name no page.
     [[nodiscard]] bool isAnswerToAnother(const VX_CMD& message) const;
 
-    void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
     /// The Enter key presses the button that has the keyboard, as it does in a dialog.
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    void closeQuestions();
+
     QTimer m_pollingTimer;
     int m_visit = 0;
     QList<unsigned short> m_errors;  ///< of the box that is open, and of those to follow

@@ -4,16 +4,13 @@
 #include "protocol/CommandIdentifiers.h"
 #include "protocol/RequestDispatcher.h"
 #include "usb/ClUsbController.h"
+#include "usb/DescriptorText.h"
 #include "usb/UsbLog.h"
 
 #include <algorithm>
-#include <chrono>
 
 namespace {
 
-using namespace std::chrono_literals;
-constexpr auto SEARCH_INTERVAL = 1000ms;
-constexpr auto CONNECT_WAIT = 3000ms;
 constexpr unsigned long QUIT_WAIT_MS = 100;
 
 std::pair<int, int> placeOf(libusb_device* device) {
@@ -29,7 +26,9 @@ VX_CMD deviceMessage(const QUuid& command, ClUsbController* controller) {
 
 }  // namespace
 
-ClUsbManager::ClUsbManager(QObject* parent) : QThread(parent) {
+ClUsbManager::ClUsbManager(QObject* parent, const stUsbTimes& times)
+    : QThread(parent),
+      m_times(times) {
     // Timers must be dropped on the thread they live on, while it still runs.
     connect(
         this, &QThread::finished, this,
@@ -65,12 +64,16 @@ int ClUsbManager::initialize(const QList<stVendorProduct>& list) {
     // libusb would repeat the reason on the terminal at each attempt; reportOpening() says it once.
     libusb_set_option(context, LIBUSB_OPTION_LOG_LEVEL, LIBUSB_LOG_LEVEL_NONE);
     m_vendorProductList = list;
+    for (const stVendorProduct& identity : list) {
+        qCInfo(usbLog, "Looking for a camera with the USB identity %04x:%04x", identity.usVendorId,
+               identity.usProductId);
+    }
     searchBus();
     m_isInitialized = true;
 
     m_searchTimer = std::make_unique<QTimer>();
     connect(m_searchTimer.get(), &QTimer::timeout, this, &ClUsbManager::slotDeviceSearch);
-    m_searchTimer->start(SEARCH_INTERVAL);
+    m_searchTimer->start(m_times.search);
     return LIBUSB_SUCCESS;
 }
 
@@ -153,7 +156,7 @@ void ClUsbManager::startConnectWait(ClUsbController* controller) {
     std::unique_ptr<QTimer, LaterDeleter> timer(new QTimer);
     timer->setSingleShot(true);
     timer->setTimerType(Qt::PreciseTimer);
-    timer->setInterval(CONNECT_WAIT);
+    timer->setInterval(m_times.connectWait);
     connect(timer.get(), &QTimer::timeout, this, &ClUsbManager::slotConnectWaitEnd);
     // The first pass runs on the main thread; a timer runs on the thread that it lives on.
     timer->moveToThread(thread());
@@ -222,4 +225,27 @@ void ClUsbManager::forgetFailuresBut(const LibusbDeviceList& present) {
             return placeOf(device) == failure.first;
         });
     });
+}
+
+void ClUsbManager::sendDeviceInfo(libusb_device* device) {
+    if (const QString text = DescriptorText::ofAll(device); !text.isEmpty()) {
+        sendMessage({{Key::CMD, USB_CMD_DESCRIPTOR_INFO}, {Key::PARAM1, text}});
+    }
+}
+
+QString ClUsbManager::getDeviceDescriptorInfo(libusb_device_descriptor* descriptor) {
+    return DescriptorText::ofDevice(*descriptor);
+}
+
+QString ClUsbManager::getConfigDescriptorInfo(libusb_config_descriptor* descriptor, int index) {
+    return DescriptorText::ofConfig(*descriptor, index);
+}
+
+QString ClUsbManager::getInterfaceDescriptorInfo(libusb_interface_descriptor* descriptor,
+                                                 int index) {
+    return DescriptorText::ofInterface(*descriptor, index);
+}
+
+QString ClUsbManager::getEndpointDescriptorInfo(libusb_endpoint_descriptor* descriptor, int index) {
+    return DescriptorText::ofEndpoint(*descriptor, index);
 }

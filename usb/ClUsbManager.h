@@ -3,6 +3,7 @@
 
 #include "protocol/ClCameraAccess.h"
 #include "usb/LibusbOwners.h"
+#include "usb/UsbTimes.h"
 
 #include <QList>
 #include <QMutex>
@@ -26,7 +27,7 @@ struct stVendorProduct {
 };
 
 /// The program's whole USB side: searches the bus once a second, opens every camera it finds,
-/// announces it after three seconds, and runs the user interface's requests on it.
+/// announces it after three seconds (stUsbTimes), and runs the user interface's requests on it.
 ///
 /// The manager is a thread object that lives on its own thread. The main window creates it, calls
 /// initialize() (which makes the first search pass, still on the main thread) and destroys it; in
@@ -34,14 +35,14 @@ struct stVendorProduct {
 /// passes. Both sides talk through sigSendCommand() and slotReceiveCommand() only, queued and by
 /// value.
 ///
-/// A camera goes from opened and waiting (3000 ms) to announced (USB_CMD_DEVICE_OPEN) to removed
+/// A camera goes from opened and waiting to announced (USB_CMD_DEVICE_OPEN) to removed
 /// (USB_CMD_DEVICE_CLOSE). One that is removed while it waits is never announced. Both messages
 /// carry the controller in PARAM1 as an identity; after the close message it exists no longer.
 class ClUsbManager : public QThread, public ClCameraAccess {
     Q_OBJECT
 
 public:
-    explicit ClUsbManager(QObject* parent = nullptr);
+    explicit ClUsbManager(QObject* parent = nullptr, const stUsbTimes& times = {});
     /// Ends a running transaction, the thread, every controller and libusb, in this order and
     /// without a close message. Main thread; returns when the thread has ended.
     ~ClUsbManager() override;
@@ -116,6 +117,7 @@ private:
     template <class Transaction>
     [[nodiscard]] unsigned short transact(ClUsbController* controller, Transaction transaction);
 
+    const stUsbTimes m_times;
     LibusbContext m_context;
     LibusbDeviceList m_deviceList;  ///< of the latest pass: keeps the controllers' devices alive
     std::unique_ptr<QTimer> m_searchTimer;      ///< lives on the main thread

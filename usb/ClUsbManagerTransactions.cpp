@@ -9,6 +9,7 @@
 #include "protocol/ResultCodes.h"
 #include "usb/ClUsbController.h"
 #include "usb/ClUsbManager.h"
+#include "usb/UsbLog.h"
 
 #include <QMutexLocker>
 
@@ -123,6 +124,9 @@ void ClUsbManager::sendMessage(const VX_CMD& message) {
 }
 
 void ClUsbManager::sendCommunicationResult(void* controller, QUuid command, unsigned short result) {
+    if (result != USB_ERROR_SUCCESS) {
+        qCWarning(usbLog).noquote() << getUsbCommand(command) << "failed:" << resultText(result);
+    }
     sendMessage(communicationResult(controller, command, result));
 }
 

@@ -49,9 +49,20 @@ std::array<int, 6> componentsOf(const QDateTime& time) {
     return {date.year(), date.month(), date.day(), clock.hour(), clock.minute(), clock.second()};
 }
 
+/// Refuses, while it is being typed, what is above the top. The toolkit's own lets every number of
+/// as many digits stand, and the dialog takes what stands there.
+class TopValidator : public QIntValidator {
+public:
+    using QIntValidator::QIntValidator;
+
+    State validate(QString& input, int& pos) const override {
+        return input.toInt() > top() ? Invalid : QIntValidator::validate(input, pos);
+    }
+};
+
 QLineEdit* createField(const stField& row, QWidget* parent) {
     auto* field = new QLineEdit(parent);
-    auto* validator = new QIntValidator(row.least, row.greatest, field);
+    auto* validator = new TopValidator(row.least, row.greatest, field);
     // Digits alone: what is read from the field knows no separators either.
     QLocale digits = QLocale::c();
     digits.setNumberOptions(QLocale::RejectGroupSeparator);
@@ -99,7 +110,8 @@ ClDialogTime::ClDialogTime(QWidget* parent, Clock clock)
 
 void ClDialogTime::setParam(const QVariantList& params) {
     const QDateTime time = params.value(0).toDateTime();
-    if (time.isValid()) {
+    // An hour that daylight saving skips here may well exist where the camera is: the parts count.
+    if (time.date().isValid() && time.time().isValid()) {
         showTime(time, {});
     }
 }

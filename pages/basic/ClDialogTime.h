@@ -16,8 +16,10 @@ class QPushButton;
 /// Asks for the camera's date and time: typed, taken from a calendar, or following the computer's
 /// clock while "Synchronize PC" is on.
 ///
-/// Parameters in and out: the date and time (QDateTime, local time). The fields accept dates that
-/// do not exist and the hour 24, which come out as an invalid value. Main thread.
+/// Parameters in and out: the date and time (QDateTime, local time), of which the date and the time
+/// of day count: one that daylight saving skips on this computer is shown and comes out as it is.
+/// The fields accept dates that do not exist and the hour 24, which come out as an invalid value.
+/// Main thread.
 class ClDialogTime : public ClDialogBase {
     Q_OBJECT
 

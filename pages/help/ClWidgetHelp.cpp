@@ -29,7 +29,7 @@ QString asItStands(const QVariant& value) {
 }
 
 QString asDay(const QVariant& value) {
-    return value.toDateTime().toString(ClWidgetHelp::tr("yyyy/MM/dd"));
+    return value.toDateTime().date().toString(ClWidgetHelp::tr("yyyy/MM/dd"));
 }
 
 QString asCountry(const QVariant& value) {

@@ -3,9 +3,11 @@
 
 #include "pages/common/CommandResult.h"
 #include "pages/common/PageParts.h"
+#include "pages/common/WifiCodes.h"
 #include "pages/network/ClDialogInputKey.h"
 #include "pages/network/ClNetworkText.h"
 #include "pages/network/InfrastructureParts.h"
+#include "protocol/Answers.h"
 #include "ui/ApInfoLook.h"
 #include "ui/ClWidgetApInfo.h"
 #include "ui/ClWidgetApList.h"
@@ -63,9 +65,7 @@ ClWidgetInfrastructureSearch::ClWidgetInfrastructureSearch(QWidget* parent)
     m_reads.add({USB_REQ_NUBO_CMD_GET_WIFI_INFO, USB_RES_NUBO_CMD_GET_WIFI_INFO,
                  [this](const VX_CMD& answer) { takeLink(answer); }});
     m_reads.add({USB_REQ_NUBO_CMD_GET_ACCESSPOINT_LIST, USB_RES_NUBO_CMD_GET_ACCESSPOINT_LIST,
-                 [this](const VX_CMD& answer) {
-                     showList(answer.value(Key::PARAM2).value<AccesspointList>());
-                 }});
+                 [this](const VX_CMD& answer) { showList(accesspointList(answer)); }});
 }
 
 void ClWidgetInfrastructureSearch::showInit(bool /*isPolling*/) {
@@ -111,9 +111,10 @@ void ClWidgetInfrastructureSearch::slotReceiveCommand(const VX_CMD& clCommand) {
 }
 
 void ClWidgetInfrastructureSearch::takeLink(const VX_CMD& answer) {
-    if (answer.value(Key::PARAM2).toBool()) {
-        m_linkedSsid = answer.value(Key::PARAM4).toString();
-    }
+    // Without a link the camera may still report the name of an access point that it had, or is
+    // looking for.
+    const stWifiInfo info = wifiInfo(answer);
+    m_linkedSsid = info.status > WIFI_NOT_LINKED ? info.searchSsid : QString();
 }
 
 void ClWidgetInfrastructureSearch::slotReceiveLateResult(const VX_CMD& clCommand) {

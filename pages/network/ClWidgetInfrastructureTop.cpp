@@ -7,6 +7,7 @@
 #include "pages/network/ClNetworkText.h"
 #include "pages/network/InfrastructureParts.h"
 #include "pages/network/NetworkState.h"
+#include "protocol/Answers.h"
 #include "ui/ClButtonApInfo.h"
 
 #include <QCheckBox>
@@ -87,12 +88,12 @@ void ClWidgetInfrastructureTop::slotReceiveCommand(const VX_CMD& clCommand) {
 }
 
 void ClWidgetInfrastructureTop::showLink(const VX_CMD& answer) {
-    const bool isLinked = answer.value(Key::PARAM2).toUInt() != WIFI_NOT_LINKED &&
-                          answer.value(Key::PARAM3).toString() == m_ssid;
+    const stWifiInfo info = wifiInfo(answer);
+    const bool isLinked = info.status != WIFI_NOT_LINKED && info.linkedSsid == m_ssid;
     m_selected->setLinking(isLinked);
     m_selected->setSsid(std::exchange(m_ssid, {}));
-    m_selected->setType(isLinked ? answer.value(Key::PARAM6).toInt() : NO_ENCRYPTION);
-    m_selected->setRssi(isLinked ? answer.value(Key::PARAM8).toInt() : 0);
+    m_selected->setType(isLinked ? static_cast<int>(info.encryption) : NO_ENCRYPTION);
+    m_selected->setRssi(isLinked ? info.signal : 0);
 }
 
 void ClWidgetInfrastructureTop::showResult(const stCommandResult& result) {

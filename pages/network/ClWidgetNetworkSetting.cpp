@@ -16,6 +16,8 @@
 #include <QLabel>
 #include <QStackedLayout>
 
+#include <utility>
+
 namespace {
 
 constexpr QRect TAB_BAR{0, 3, 600, 36};
@@ -113,11 +115,19 @@ void ClWidgetNetworkSetting::slotChangeTab(int index) {
 
 void ClWidgetNetworkSetting::showInit(bool isPolling) {
     if (!isPolling) {
+        // What was written when the page was left has no result that would come here.
+        if (std::exchange(m_isModeUnconfirmed, false)) {
+            g_ulWifiMode = WIFI_MODE_UNKNOWN;
+        }
         m_relay.inner()->showInit(false);
         // On the ad-hoc tab, too: polling only reads there whether Wi-Fi is on, so that its box is
         // right when the camera has switched Wi-Fi off by itself. What is edited stays.
         startPolling();
     }
+    readOnOff();
+}
+
+void ClWidgetNetworkSetting::readOnOff() {
     sendUsbCommand(WifiOnOffRequest::USB_RES_NUBO_CMD_GET_WIFI_ONOFF);
 }
 
@@ -149,6 +159,7 @@ void ClWidgetNetworkSetting::slotReceiveCommand(const VX_CMD& clCommand) {
     const auto* sender = clCommand.value(Key::SENDER).value<QObject*>();
     if (received == USB_RES_NUBO_CMD_GET_WIFI_ONOFF) {
         g_bIsWifiON = clCommand.value(Key::PARAM2).toBool();
+        m_isSwitchedOffUnread = false;
         showWifiOnOff(sender == this);
     } else if (received == USB_RES_NUBO_CMD_GET_WIFIMODE) {
         g_ulWifiMode = clCommand.value(Key::PARAM2).toUInt();
@@ -184,9 +195,23 @@ void ClWidgetNetworkSetting::showMode(quint32 mode) {
 }
 
 void ClWidgetNetworkSetting::showResult(const stCommandResult& result) {
-    const bool isOwn = result.command == USB_NUBO_CMD_SET_WIFI_ONOFF ||
-                       result.command == USB_NUBO_CMD_SET_WIFI_MODE;
-    if (!isOwn || !result.isFailure) {
+    const bool isOnOff = result.command == USB_NUBO_CMD_SET_WIFI_ONOFF;
+    if (!isOnOff && result.command != USB_NUBO_CMD_SET_WIFI_MODE) {
+        return;
+    }
+    if (!isOnOff) {
+        m_isModeUnconfirmed = false;
+    }
+    if (result.isSuccess) {
+        if (isOnOff) {
+            readOnOff();
+        }
+        return;
+    }
+    // How the camera stands now, only the camera knows: the next answer that its Wi-Fi is on has
+    // the mode asked for, which puts the boxes right.
+    g_ulWifiMode = WIFI_MODE_UNKNOWN;
+    if (!result.isFailure) {
         return;
     }
     stopPolling();
@@ -209,10 +234,12 @@ void ClWidgetNetworkSetting::slotChangeNetworkMode(bool isChecked) {
     if (g_bIsWifiON == isOnWanted && g_ulWifiMode == wanted) {
         return;
     }
-    if (!isOnWanted || !g_bIsWifiON) {
+    if (!isOnWanted || !g_bIsWifiON || m_isSwitchedOffUnread) {
+        m_isSwitchedOffUnread = !isOnWanted;
         sendUsbCommand(USB_NUBO_CMD_SET_WIFI_ONOFF, {{Key::PARAM2, isOnWanted}});
     }
     if (isOnWanted) {
+        m_isModeUnconfirmed = true;
         sendUsbCommand(USB_NUBO_CMD_SET_WIFI_MODE, {{Key::PARAM2, wanted}});
     }
     g_ulWifiMode = wanted;

@@ -17,9 +17,11 @@ struct stCommandResult;
 /// in use. Only this page writes the Wi-Fi on/off flag and the Wi-Fi mode to the camera.
 ///
 /// It passes the command messages on between the main window and the tab on show. While it is
-/// polled it reads the on/off flag and has the check boxes of both tabs follow; the mode is read
-/// once, and from then on is what this page has set. Choosing the ad-hoc tab stops the polling; the
-/// values that the user edits there are never refreshed by it. Main thread.
+/// polled, and when it has switched Wi-Fi on or off, it reads the on/off flag and has the check
+/// boxes of both tabs follow; the mode is read once, and from then on is what this page has set.
+/// When a write has failed, or its result was never seen, the mode is read again. Choosing the
+/// ad-hoc tab stops the polling; the values that the user edits there are never refreshed by it.
+/// Main thread.
 class ClWidgetNetworkSetting : public ClWidgetBase {
     Q_OBJECT
 
@@ -53,12 +55,17 @@ public Q_SLOTS:
 private:
     void buildTabs();
     void buildPages();
+    void readOnOff();
     void showWifiOnOff(bool isSenderThis);
     void showMode(quint32 mode);
     void showResult(const stCommandResult& result);
 
     ClWidgetInfrastructure* m_infrastructure;
     ClWidgetAdhoc* m_adhoc;
+    bool m_isModeUnconfirmed = false;  ///< the last mode was written, its result has not come
+    /// Wi-Fi was switched off here and has not been read since: what was read before is out of
+    /// date.
+    bool m_isSwitchedOffUnread = false;
     QButtonGroup* m_tabs = nullptr;  ///< a button's id is its tab
     QStackedLayout* m_stack = nullptr;
     ClMessageRelay<ClWidgetNetworkSetting> m_relay{this};

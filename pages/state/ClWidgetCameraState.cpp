@@ -5,6 +5,7 @@
 #include "pages/common/PageParts.h"
 #include "pages/common/WifiCodes.h"
 #include "pages/state/ClLabelWifiState.h"
+#include "protocol/Answers.h"
 #include "protocol/CommandIdentifiers.h"
 #include "ui/ClLabelSepalator.h"
 #include "ui/ClMessageBox.h"
@@ -156,23 +157,25 @@ void ClWidgetCameraState::slotClicked() {
     const stAction& action = ACTIONS[static_cast<std::size_t>(index)];
     ClMessageBox box(this, tr(action.confirmation), QCoreApplication::applicationName(),
                      QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
+    // None of the three can be taken back.
+    box.preferRejecting();
     if (ask(box)) {
         sendUsbCommand(action.command, {});
     }
 }
 
 void ClWidgetCameraState::showBattery(const VX_CMD& answer) {
-    m_battery->setValue(answer.value(Key::PARAM3).toInt());
+    m_battery->setValue(battery(answer).charge);
 }
 
 void ClWidgetCameraState::showWifi(const VX_CMD& answer) {
-    setWifiState(answer.value(Key::PARAM2).toUInt(), answer.value(Key::PARAM8).toInt(),
-                 answer.value(Key::PARAM5).toUInt());
+    const stWifiInfo info = wifiInfo(answer);
+    setWifiState(info.status, info.signal, info.channel);
 }
 
 void ClWidgetCameraState::showSdCard(const VX_CMD& answer) {
-    setSdInfo(answer.value(Key::PARAM2).toULongLong(), answer.value(Key::PARAM3).toULongLong(),
-              answer.value(Key::PARAM4).toInt());
+    const stSdInfo info = sdInfo(answer);
+    setSdInfo(info.size, info.usedSize, info.fileSystem);
 }
 
 void ClWidgetCameraState::setWifiState(unsigned int state, int sensitivity, unsigned int channel) {

@@ -8,7 +8,10 @@
 
 using namespace nubo::simulator;
 
-BusBench::BusBench(VirtualUsbBus& virtualBus) : bus(virtualBus), id(bus.plug(camera)) {}
+BusBench::BusBench(VirtualUsbBus& virtualBus)
+    : bus(virtualBus),
+      id(bus.plug(camera)),
+      window(SHORT_USB_TIMES) {}
 
 BusBench::~BusBench() {
     bus.settle();

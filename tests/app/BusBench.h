@@ -9,6 +9,7 @@
 #include "tests/support/BoxUser.h"
 #include "tests/support/CameraStateReader.h"
 #include "tests/support/Patience.h"
+#include "tests/support/ShortUsbTimes.h"
 #include "tests/support/TestSubject.h"
 
 #include <QList>

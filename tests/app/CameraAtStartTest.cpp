@@ -59,7 +59,7 @@ void CameraAtStartTest::thatMayNotBeOpenedLeavesTheNotConnectedPage() {
     m_camera = m_bus.plug(std::make_shared<VirtualCamera>(), {.access = NodeAccess::Denied});
     QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"cannot be opened.*Access denied"_s));
     QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"TAG\\+=\"uaccess\""_s));
-    ClMainWidget window;
+    ClMainWidget window(SHORT_USB_TIMES);
     window.show();
     QVERIFY(shows<ClWidgetNotConnect>(window));
 

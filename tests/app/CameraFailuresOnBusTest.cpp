@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "tests/app/BusBench.h"
+#include "tests/app/SettledBench.h"
 
 #include <QTest>
 
@@ -22,8 +22,9 @@ public:
     explicit CameraFailuresOnBusTest(VirtualUsbBus& bus) : m_bus(bus) {}
 
 private Q_SLOTS:
+    void initTestCase();
+    void cleanupTestCase() { m_bench.reset(); }
     void init();
-    void cleanup() { m_bench.reset(); }
 
     void aFailureIsShownOnceAndTheToolGoesOn_data();
     void aFailureIsShownOnceAndTheToolGoesOn();
@@ -32,12 +33,16 @@ private Q_SLOTS:
 
 private:
     VirtualUsbBus& m_bus;
-    std::optional<BusBench> m_bench;
+    std::optional<SettledBench> m_bench;
 };
 
-void CameraFailuresOnBusTest::init() {
+void CameraFailuresOnBusTest::initTestCase() {
     m_bench.emplace(m_bus);
     QVERIFY(m_bench->start());
+}
+
+void CameraFailuresOnBusTest::init() {
+    QVERIFY(m_bench->startRow());
 }
 
 void CameraFailuresOnBusTest::aFailureIsShownOnceAndTheToolGoesOn_data() {
@@ -65,26 +70,24 @@ void CameraFailuresOnBusTest::aFailureIsShownOnceAndTheToolGoesOn() {
                                  .argument = static_cast<std::uint32_t>(code),
                                  .unit = FaultUnit::Command,
                                  .nth = nth});
-    m_bench->camera->forgetCodes();
     m_bench->clickMode(1);
-    TRY_COMPARE(m_bench->user.texts(), QStringList{text});
+    TRY_COMPARE(m_bench->texts(), QStringList{text});
     QCOMPARE(m_bench->modeOnShow(), 1);
 
     m_bench->clickMode(1);
     TRY_COMPARE(m_bench->shown().freeSpace(), CARD_AT_START);
-    QCOMPARE(m_bench->user.texts(), QStringList{text});
+    QCOMPARE(m_bench->texts(), QStringList{text});
 }
 
 void CameraFailuresOnBusTest::aCameraErrorLeavesThePollingOn() {
     m_bus.addFault(
         m_bench->id,
         {.kind = FaultKind::CameraError, .argument = 0xFFF5, .unit = FaultUnit::Command});
-    m_bench->camera->forgetCodes();
-    TRY_COMPARE(m_bench->user.texts(), QStringList{UNKNOWN_ERROR});
+    TRY_COMPARE(m_bench->texts(), QStringList{UNKNOWN_ERROR});
     // The chain ends where it fails; five seconds later comes the next one.
     QCOMPARE(m_bench->camera->codes(), QList<int>{REFRESH.first()});
     TRY_COMPARE(m_bench->camera->codes(), QList<int>{REFRESH.first()} + REFRESH);
-    QCOMPARE(m_bench->user.texts().size(), 1);
+    QCOMPARE(m_bench->texts().size(), 1);
 }
 
 void CameraFailuresOnBusTest::aFailedActionIsReported() {
@@ -92,8 +95,7 @@ void CameraFailuresOnBusTest::aFailedActionIsReported() {
         m_bench->id,
         {.kind = FaultKind::CameraError, .argument = 0xFFF6, .unit = FaultUnit::Command});
     m_bench->shown().click(u"SD card format"_s);
-    TRY_COMPARE(m_bench->user.texts(),
-                (QStringList{u"All data delete on SD card"_s, UNKNOWN_ERROR}));
+    TRY_COMPARE(m_bench->texts(), (QStringList{u"All data delete on SD card"_s, UNKNOWN_ERROR}));
 }
 
 const TestSubject registered = subjectOnBus<CameraFailuresOnBusTest>();

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "tests/app/BusBench.h"
+#include "tests/app/SettledBench.h"
 #include "ui/ClButtonMode.h"
 
-#include <QElapsedTimer>
 #include <QTest>
 
 #include <optional>
@@ -11,8 +10,6 @@ using namespace Qt::StringLiterals;
 using namespace nubo::simulator;
 
 namespace {
-
-constexpr int CONNECT_WAIT_MS = 3000;
 
 constexpr int FORMAT = 0x6803;
 constexpr int RESET_SETTINGS = 0x6804;
@@ -29,8 +26,9 @@ public:
     explicit CameraStateOnBusTest(VirtualUsbBus& bus) : m_bus(bus) {}
 
 private Q_SLOTS:
+    void initTestCase();
+    void cleanupTestCase() { m_bench.reset(); }
     void init();
-    void cleanup() { m_bench.reset(); }
 
     void theCamerasValuesAreShown();
     void whatChangesInTheCameraIsShownByPolling();
@@ -44,13 +42,18 @@ private Q_SLOTS:
 
 private:
     VirtualUsbBus& m_bus;
-    std::optional<BusBench> m_bench;
+    std::optional<SettledBench> m_bench;
 };
 
-void CameraStateOnBusTest::init() {
+void CameraStateOnBusTest::initTestCase() {
     m_bench.emplace(m_bus);
     QVERIFY(m_bench->start());
     QCOMPARE(m_bench->camera->codes(), REFRESH);
+}
+
+void CameraStateOnBusTest::init() {
+    m_bench->camera->setState(CameraState());
+    QVERIFY(m_bench->startRow());
 }
 
 void CameraStateOnBusTest::theCamerasValuesAreShown() {
@@ -59,7 +62,7 @@ void CameraStateOnBusTest::theCamerasValuesAreShown() {
     QCOMPARE(m_bench->shown().linkDetails(), (QStringList{u"72dBm"_s, u"6ch"_s}));
     QCOMPARE(m_bench->shown().card(),
              (QStringList{u"7930380288 Byte"_s, u"6344304640 Byte (19% used)"_s, u"FAT32"_s}));
-    QVERIFY(m_bench->user.boxes().isEmpty());
+    QVERIFY(m_bench->texts().isEmpty());
 }
 
 void CameraStateOnBusTest::whatChangesInTheCameraIsShownByPolling() {
@@ -75,11 +78,10 @@ void CameraStateOnBusTest::whatChangesInTheCameraIsShownByPolling() {
     QCOMPARE(m_bench->shown().battery(), u"7%"_s);
     QCOMPARE(m_bench->shown().link(), u"Link"_s);
     QCOMPARE(m_bench->shown().linkDetails(), QStringList());
-    QCOMPARE(m_bench->camera->codes(), REFRESH + REFRESH);
+    QCOMPARE(m_bench->camera->codes(), REFRESH);
 }
 
 void CameraStateOnBusTest::aClickOnTheModeRefreshesAtOnce() {
-    m_bench->camera->forgetCodes();
     m_bench->clickMode(1);
     QCOMPARE(m_bench->shown().freeSpace(), u"-- Byte"_s);
     TRY_COMPARE(m_bench->camera->codes(), REFRESH);
@@ -94,20 +96,17 @@ void CameraStateOnBusTest::thePageFollowsTheCamerasComingAndGoing() {
     }
 
     m_bench->camera->forgetCodes();
-    QElapsedTimer time;
-    time.start();
     QVERIFY(m_bench->replug());
     QVERIFY(m_bench->waitForMode(1));
-    QVERIFY2(time.elapsed() >= CONNECT_WAIT_MS - 50, qPrintable(u"%1 ms"_s.arg(time.elapsed())));
     TRY_COMPARE(m_bench->camera->codes(), REFRESH);
     TRY_COMPARE(m_bench->shown().freeSpace(), CARD_AT_START);
-    QVERIFY(m_bench->user.boxes().isEmpty());
+    QVERIFY(m_bench->texts().isEmpty());
 }
 
 void CameraStateOnBusTest::formattingEmptiesTheCard() {
     QCOMPARE(m_bench->camera->state().sdCard.used, 1548902U);
     m_bench->shown().click(u"SD card format"_s);
-    TRY_COMPARE(m_bench->user.texts(),
+    TRY_COMPARE(m_bench->texts(),
                 (QStringList{u"All data delete on SD card"_s, u"Completed SD card format"_s}));
     QCOMPARE(m_bench->camera->state().sdCard.used, 0U);
     QCOMPARE(m_bench->camera->codes().count(FORMAT), 1);
@@ -121,10 +120,11 @@ void CameraStateOnBusTest::initializingResetsTheSettings() {
     m_bench->shown().click(u"Initialize settings"_s);
     TRY_COMPARE(m_bench->camera->codes().count(RESET_SETTINGS), 1);
     TRY_COMPARE(m_bench->camera->state().settings.wifi.channel, 6U);
-    QCOMPARE(m_bench->user.texts(), QStringList{u"Initialize all settings"_s});
+    QCOMPARE(m_bench->texts(), QStringList{u"Initialize all settings"_s});
 }
 
 void CameraStateOnBusTest::restartingMakesTheCameraLeaveAndComeBack() {
+    const auto before = m_bus.log(m_bench->id).timesPlugged;
     m_bench->shown().click(u"Reset NuBo"_s);
     QVERIFY(m_bench->waitForMode(0));
     QVERIFY(m_bench->camera->codes().contains(RESTART));
@@ -132,18 +132,18 @@ void CameraStateOnBusTest::restartingMakesTheCameraLeaveAndComeBack() {
     QVERIFY(m_bench->waitForMode(1));
     TRY_COMPARE(m_bench->camera->codes(), REFRESH);
     TRY_COMPARE(m_bench->shown().freeSpace(), CARD_AT_START);
-    QCOMPARE(m_bench->user.texts(), QStringList{u"Reset NuBo and restart"_s});
-    QCOMPARE(m_bus.log(m_bench->id).timesPlugged, 2);
+    QCOMPARE(m_bench->texts(), QStringList{u"Reset NuBo and restart"_s});
+    QCOMPARE(m_bus.log(m_bench->id).timesPlugged, before + 1);
 }
 
 void CameraStateOnBusTest::aCameraUnpluggedDuringAQuestionIsLeftAlone() {
     m_bench->user.setAction([this](QWidget& box) {
         m_bus.unplug(m_bench->id);
         QVERIFY(m_bench->waitForMode(0));
-        acceptBox(box);
+        QVERIFY(!box.isVisible());
     });
     m_bench->shown().click(u"SD card format"_s);
-    QCOMPARE(m_bench->user.texts(), QStringList{u"All data delete on SD card"_s});
+    QCOMPARE(m_bench->texts(), QStringList{u"All data delete on SD card"_s});
     QCOMPARE(m_bench->modeOnShow(), 0);
     QVERIFY(m_bench->replug());
     QVERIFY(m_bench->waitForMode(1));
@@ -158,12 +158,12 @@ void CameraStateOnBusTest::aCameraPluggedInDuringAQuestionIsLeftAlone() {
         m_bench->camera->forgetCodes();
         QVERIFY(m_bench->replug());
         QVERIFY(m_bench->waitForMode(1));
-        acceptBox(box);
+        QVERIFY(!box.isVisible());
     });
     m_bench->shown().click(u"SD card format"_s);
     TRY_COMPARE(m_bench->shown().freeSpace(), CARD_AT_START);
     QCOMPARE(m_bench->camera->codes(), REFRESH);
-    QCOMPARE(m_bench->user.texts(), QStringList{u"All data delete on SD card"_s});
+    QCOMPARE(m_bench->texts(), QStringList{u"All data delete on SD card"_s});
 }
 
 const TestSubject registered = subjectOnBus<CameraStateOnBusTest>();

@@ -50,6 +50,7 @@ private Q_SLOTS:
     void addressesAreSetByHand();
     void dhcpIsSwitchedOn();
     void adhocAndBackAndOff();
+    void uncheckingAndCheckingAgainSwitchesOnAgain();
     void theAddressInTheAdhocNetworkIsSet();
     void theLongestNamesOfTheOwnNetworkAreShown();
     void pollingTellsOfALink();
@@ -200,9 +201,10 @@ void NetworkOnBusTest::adhocAndBackAndOff() {
 
     m_bench->forget();
     m_bench->network.clickBox(INFRASTRUCTURE);
-    TRY_COMPARE(m_bench->written(), QList<QByteArray>{plain("4758", "01000000")});
-    m_bench->show();
+    // It is read back at once.
     TRY_VERIFY(!g_bIsWifiON);
+    QCOMPARE(m_bench->written(), QList<QByteArray>{plain("4758", "01000000")});
+    QCOMPARE(m_bench->camera->commands(), plainCommands({0x5847, 0x5047}));
     QVERIFY(!m_bench->network.box(INFRASTRUCTURE).isChecked());
 
     // On again, in the other mode: Wi-Fi first.
@@ -211,9 +213,30 @@ void NetworkOnBusTest::adhocAndBackAndOff() {
     m_bench->network.clickBox(ADHOC);
     TRY_COMPARE(m_bench->written(),
                 (QList<QByteArray>{plain("4758", "02000000"), plain("0358", "02000000")}));
-    m_bench->show();
     TRY_VERIFY(g_bIsWifiON);
     QVERIFY(m_bench->network.box(ADHOC).isChecked());
+}
+
+void NetworkOnBusTest::uncheckingAndCheckingAgainSwitchesOnAgain() {
+    m_bench->network.clickBox(INFRASTRUCTURE);
+    TRY_VERIFY(!g_bIsWifiON);
+    m_bench->network.clickBox(INFRASTRUCTURE);
+    TRY_VERIFY(g_bIsWifiON);
+    TRY_COMPARE(m_bench->camera->commands(),
+                plainCommands({0x5847, 0x5047, 0x5847, 0x5803, 0x5047}));
+    QCOMPARE(m_bench->written(),
+             (QList<QByteArray>{plain("4758", "01000000"), plain("4758", "02000000"),
+                                plain("0358", "01000000")}));
+    // Without waiting for anything.
+    m_bench->forget();
+    m_bench->network.clickBox(INFRASTRUCTURE);
+    m_bench->network.clickBox(INFRASTRUCTURE);
+    TRY_COMPARE(m_bench->written(),
+                (QList<QByteArray>{plain("4758", "01000000"), plain("4758", "02000000"),
+                                   plain("0358", "01000000")}));
+    TRY_COMPARE(m_bench->camera->codes().count(0x5047), 2);
+    QVERIFY(m_bench->network.box(INFRASTRUCTURE).isChecked());
+    QCOMPARE(m_bench->camera->state().settings.wifiOn, ON);
 }
 
 void NetworkOnBusTest::theAddressInTheAdhocNetworkIsSet() {

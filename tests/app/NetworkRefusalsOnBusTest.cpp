@@ -33,6 +33,7 @@ private Q_SLOTS:
     void aRefusedSsidStaysOnTheList();
     void aRefusedKeyIsToldOnTheTopPage();
     void aRefusedSwitchIsToldAndPutRight();
+    void aRefusedModeIsReadAnew();
     void twoRefusalsAreToldOnce();
 
 private:
@@ -111,6 +112,29 @@ void NetworkRefusalsOnBusTest::aRefusedSwitchIsToldAndPutRight() {
     m_bench->camera->set("wifi", "on");
     m_bench->show();
     TRY_VERIFY(m_bench->network.box(INFRASTRUCTURE).isChecked());
+    QCOMPARE(m_bench->user.boxes().size(), 1);
+}
+
+void NetworkRefusalsOnBusTest::aRefusedModeIsReadAnew() {
+    m_bench->network.clickTab(ADHOC);
+    TRY_COMPARE(m_bench->network.edit(u"Subnetmask"_s).text(), u"255.255.255.0"_s);
+    m_bench->forget();
+    refuse(0xFFFB);
+    m_bench->network.clickBox(ADHOC);
+    TRY_COMPARE(m_bench->user.boxes().size(), 1);
+    QCOMPARE(m_bench->user.texts().last(), u"Parameter setting failed"_s);
+    QCOMPARE(m_bench->written(), QList<QByteArray>{plain("0358", "02000000")});
+    QVERIFY(m_bench->network.box(ADHOC).isChecked());
+    // The fault has turned the answer only: a camera that refuses stays as it is.
+    CameraState state = m_bench->camera->state();
+    state.settings.wifiMode = WIFI_MODE_INFRASTRUCTURE;
+    m_bench->camera->setState(state);
+    m_bench->forget();
+    m_bench->show();
+    TRY_VERIFY(m_bench->network.box(INFRASTRUCTURE).isChecked());
+    QVERIFY(!m_bench->network.box(ADHOC).isChecked());
+    QVERIFY(m_bench->camera->codes().contains(0x5003));
+    QVERIFY(m_bench->written().isEmpty());
     QCOMPARE(m_bench->user.boxes().size(), 1);
 }
 

@@ -13,16 +13,23 @@ inline const QList<int> HELP_CHAIN{0x503A, 0x4001, 0x4002, 0x4006, 0x4007};
 inline constexpr int STREAM_MODE = 4;
 inline constexpr int HELP_MODE = 5;
 
-/// A bench that serves many rows of a test, for a camera takes seconds to be announced.
+/// A bench that serves many rows of a test, without a new window and a camera plugged in for each.
 class SettledBench : public BusBench {
 public:
     using BusBench::BusBench;
 
-    /// Starts a row: all is forgotten that the rows before have left.
-    [[nodiscard]] bool startRow(int mode) {
+    /// Starts a row on the camera state page with all its values: all is forgotten that the rows
+    /// before have left.
+    [[nodiscard]] bool startRow() {
         user.setAction(acceptBox);
         const bool isSettled = settle();
         m_boxesBefore = user.boxes().size();
+        camera->forgetCodes();
+        return isSettled;
+    }
+    /// Starts a row by a click on @p mode.
+    [[nodiscard]] bool startRow(int mode) {
+        const bool isSettled = startRow();
         clickMode(mode);
         camera->forgetCodes();
         return isSettled;

@@ -109,7 +109,7 @@ void TextFitTest::everyTextHasItsPlace() {
 
     QStringList complaints;
     {
-        ClMainWidget window;
+        ClMainWidget window(SHORT_USB_TIMES);
         window.show();
         ClTour tour(window, [&complaints](const QWidget& shown, const QString& name) {
             for (const QString& complaint : misplacedTexts(shown)) {

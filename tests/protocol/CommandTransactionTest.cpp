@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "protocol/ClNuboCommandString.h"
 #include "protocol/ClNuboTransactions.h"
 #include "protocol/NuboCommands.h"
+#include "protocol/TextPackets.h"
 #include "tests/protocol/WirePackets.h"
 #include "tests/support/ScriptedPort.h"
 #include "tests/support/TestSubject.h"
 
-#include <QElapsedTimer>
 #include <QTest>
 
 namespace {
@@ -20,6 +19,11 @@ class ClCommandWithoutBytes : public ClNuboCommand {
 public:
     [[nodiscard]] QByteArray getData() const override { return {}; }
 };
+
+/// By the clock of the port.
+unsigned short transact(ScriptedPort& port, ClNuboCommand& command) {
+    return ClNuboTransactions(port, port.stop(), port.clock()).command(command, TIMEOUT_MS);
+}
 
 }  // namespace
 
@@ -43,8 +47,10 @@ private Q_SLOTS:
 
     void aForeignPacketStartsTheWaitAnew_data();
     void aForeignPacketStartsTheWaitAnew();
+    void anAnswerSoonAfterALateForeignPacketIsRead_data();
+    void anAnswerSoonAfterALateForeignPacketIsRead();
     void foreignPacketsCannotHoldTheThreadForEver();
-    void silenceAfterAForeignPacketFitsIntoTheSamePatience();
+    void aForeignPacketNowAndThenHoldsTheThreadForNineTimeoutsAtMost();
 
     void theStopFlagEndsTheWait_data();
     void theStopFlagEndsTheWait();
@@ -159,14 +165,12 @@ void CommandTransactionTest::threeReadsWaitForTheAnswer() {
 }
 
 void CommandTransactionTest::slowSilenceKeepsTheFullTimeout() {
-    constexpr int SHORT_TIMEOUT_MS = 20;
-    constexpr int OVERDUE_MS = 2 * SHORT_TIMEOUT_MS;
-    const stScriptRow silent = fails(0xEF03).after(OVERDUE_MS);
+    const stScriptRow silent = fails(0xEF03).after(2 * TIMEOUT_MS);
     ScriptedPort port({writes(GET_BATTERY), silent, silent, silent});
     ClNuboCommandGetBatteryState command;
-    QCOMPARE(ClNuboTransactions(port, port.stop()).command(command, SHORT_TIMEOUT_MS), 0xEF03);
+    QCOMPARE(transact(port, command), 0xEF03);
     QCOMPARE(port.complaint(), QString());
-    QCOMPARE(port.readTimeouts(), QList<int>(3, SHORT_TIMEOUT_MS));
+    QCOMPARE(port.readTimeouts(), QList<int>(3, TIMEOUT_MS));
 }
 
 void CommandTransactionTest::everyErrorOfTheCameraIsTheResult_data() {
@@ -224,35 +228,46 @@ void CommandTransactionTest::aForeignPacketStartsTheWaitAnew() {
     QVERIFY(command.param(1) != 0x99999999U);
 }
 
-void CommandTransactionTest::foreignPacketsCannotHoldTheThreadForEver() {
-    constexpr int SHORT_TIMEOUT_MS = 30;
-    ScriptedPort port({writes(GET_BATTERY), reads(FOREIGN).forEver(1)});
+void CommandTransactionTest::anAnswerSoonAfterALateForeignPacketIsRead_data() {
+    QTest::addColumn<Script>("beforehand");
+    const stScriptRow silent = fails(0xEF03);
+    const stScriptRow late = reads(FOREIGN).after(TIMEOUT_MS - 1);
+    QTest::newRow("a late one") << Script{silent, silent, late};
+    QTest::newRow("and another") << Script{silent, silent, late, silent, silent, late};
+    QTest::newRow("and silence") << Script{silent, silent, late, silent, silent};
+    QTest::newRow("many") << Script{silent, late, silent, late, silent, silent};
+}
+
+void CommandTransactionTest::anAnswerSoonAfterALateForeignPacketIsRead() {
+    QFETCH(const Script, beforehand);
+    ScriptedPort port(Script{writes(GET_BATTERY)} + beforehand + Script{reads(ANSWER).after(150)});
     ClNuboCommandGetBatteryState command;
-    QElapsedTimer clock;
-    clock.start();
-    QCOMPARE(ClNuboTransactions(port, port.stop()).command(command, SHORT_TIMEOUT_MS), 0xEF03);
-    QVERIFY2(clock.elapsed() >= 3 * SHORT_TIMEOUT_MS, "gave up before the time was over");
+    QCOMPARE(transact(port, command), 0);
+    QCOMPARE(port.complaint(), QString());
+    QCOMPARE(command.param(2), 75U);
+    QCOMPARE(port.readTimeouts(), QList<int>(beforehand.size() + 1, TIMEOUT_MS));
+}
+
+void CommandTransactionTest::foreignPacketsCannotHoldTheThreadForEver() {
+    constexpr int PACE_MS = 50;
+    ScriptedPort port({writes(GET_BATTERY), reads(FOREIGN).forEver(PACE_MS)});
+    ClNuboCommandGetBatteryState command;
+    QCOMPARE(transact(port, command), 0xEF03);
+    QCOMPARE_GT(port.elapsed().count(), 3 * TIMEOUT_MS);
+    QCOMPARE_LE(port.elapsed().count(), 3 * TIMEOUT_MS + 2 * PACE_MS);
     QCOMPARE(port.complaint(), QString());
     QCOMPARE(command.param(1), 0U);
 }
 
-void CommandTransactionTest::silenceAfterAForeignPacketFitsIntoTheSamePatience() {
-    constexpr int SHORT_TIMEOUT_MS = 600;
-    constexpr int PATIENCE_MS = 3 * SHORT_TIMEOUT_MS;
-    constexpr int FOREIGN_AFTER_MS = PATIENCE_MS - 500;
+void CommandTransactionTest::aForeignPacketNowAndThenHoldsTheThreadForNineTimeoutsAtMost() {
+    const stScriptRow silent = fails(0xEF03);
+    const stScriptRow late = reads(FOREIGN).after(TIMEOUT_MS - 1);
     ScriptedPort port(
-        {writes(GET_BATTERY), reads(FOREIGN).after(FOREIGN_AFTER_MS), fails(0xEF03).forEver(0)});
+        {writes(GET_BATTERY), silent, silent, late, silent, silent, late, silent, silent, late});
     ClNuboCommandGetBatteryState command;
-    QCOMPARE(ClNuboTransactions(port, port.stop()).command(command, SHORT_TIMEOUT_MS), 0xEF03);
+    QCOMPARE(transact(port, command), 0xEF03);
     QCOMPARE(port.complaint(), QString());
-    const QList<int> timeouts = port.readTimeouts();
-    QCOMPARE(timeouts.first(), SHORT_TIMEOUT_MS);
-    // Fewer when the machine was busy until the patience was over.
-    QCOMPARE_LE(timeouts.size(), 4);
-    for (const int timeout : timeouts.mid(1)) {
-        QVERIFY(timeout >= 1);
-        QVERIFY(timeout <= PATIENCE_MS - FOREIGN_AFTER_MS);
-    }
+    QCOMPARE_LE(port.elapsed().count(), 9 * TIMEOUT_MS);
 }
 
 void CommandTransactionTest::theStopFlagEndsTheWait_data() {

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "protocol/ClNuboCommandDataReceive.h"
-#include "protocol/ClNuboCommandDataSend.h"
+#include "protocol/DataPackets.h"
 #include "tests/support/TestSubject.h"
 #include "tests/support/WireText.h"
 

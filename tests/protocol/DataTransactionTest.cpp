@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "protocol/ClNuboCommandDataReceive.h"
-#include "protocol/ClNuboCommandDataSend.h"
 #include "protocol/ClNuboTransactions.h"
+#include "protocol/DataPackets.h"
 #include "tests/protocol/WirePackets.h"
 #include "tests/support/ScriptedPort.h"
 #include "tests/support/TestSubject.h"

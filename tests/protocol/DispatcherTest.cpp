@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "protocol/Answers.h"
 #include "protocol/CommandIdentifiers.h"
 #include "protocol/RequestDispatcher.h"
 #include "tests/protocol/WirePackets.h"
@@ -61,6 +62,7 @@ class DispatcherTest : public QObject {
 private Q_SLOTS:
     void aGetAnswersWithTheRequestAndItsValues_data();
     void aGetAnswersWithTheRequestAndItsValues();
+    void answersAreReadAsWhatTheyAre();
     void anActionAnswersWithAPlainResult_data();
     void anActionAnswersWithAPlainResult();
     void aFailureAnswersWithAPlainResult_data();
@@ -150,6 +152,43 @@ void DispatcherTest::aGetAnswersWithTheRequestAndItsValues() {
     QCOMPARE(message[PARAM1].metaType(), QMetaType::fromType<void*>());
     QCOMPARE(message[PARAM1].value<void*>(), access.camera());
     QCOMPARE(message[LEFTOVER], QVariant(7));
+}
+
+void DispatcherTest::answersAreReadAsWhatTheyAre() {
+    const auto answerTo = [this](const QUuid& command, const Script& script) {
+        FakeCameraAccess access(script);
+        dispatchRequest(request(command, access.camera()), access);
+        return access.messages().first();
+    };
+    const stBattery charge =
+        battery(answerTo(USB_REQ_NUBO_CMD_GET_BATTERY, {writes(GET_BATTERY), reads(BATTERY)}));
+    QCOMPARE(charge.state, 2U);
+    QCOMPARE(charge.charge, 75);
+
+    const stSdInfo card =
+        sdInfo(answerTo(USB_REQ_NUBO_CMD_GET_SDINFO, {writes(GET_SD_INFO), reads(SD_INFO)}));
+    QCOMPARE(card.size, Q_UINT64_C(0x0000000100000002));
+    QCOMPARE(card.usedSize, Q_UINT64_C(0x0000000300000004));
+    QCOMPARE(card.fileSystem, -1);
+
+    const stWifiInfo link =
+        wifiInfo(answerTo(USB_REQ_NUBO_CMD_GET_WIFI_INFO, {writes(GET_WIFI_INFO), reads(WIFI_LINK),
+                                                           reads(WIFI_TEXTS), reads(WIFI_VALUES)}));
+    QCOMPARE(link.status, 2U);
+    QCOMPARE(link.linkedSsid, QStringLiteral("net"));
+    QCOMPARE(link.searchSsid, QStringLiteral("\u00e9\u00ff"));
+    QCOMPARE(link.channel, 6U);
+    QCOMPARE(link.encryption, 4U);
+    QCOMPARE(link.reserved, -3);
+    QCOMPARE(link.signal, -60);
+    VX_CMD again;
+    setWifiInfo(again, link);
+    QVERIFY(wifiInfo(again) == link);
+    QVERIFY(wifiInfo({}) == stWifiInfo());
+
+    const AccesspointList points{{QStringLiteral("net"), QString(), 1, 2, 3, 4}};
+    QCOMPARE(accesspointList({{PARAM2, QVariant::fromValue(points)}}), points);
+    QVERIFY(accesspointList({}).isEmpty());
 }
 
 void DispatcherTest::anActionAnswersWithAPlainResult_data() {

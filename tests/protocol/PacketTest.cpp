@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "protocol/ClNuboCommand.h"
-#include "protocol/ClNuboCommandIpv4.h"
 #include "protocol/NuboCommands.h"
+#include "protocol/TextPackets.h"
 #include "tests/support/TestSubject.h"
 #include "tests/support/WireText.h"
 

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "protocol/ClNuboCommandDataReceive.h"
-#include "protocol/ClNuboCommandIpv4.h"
-#include "protocol/ClNuboCommandRecord.h"
-#include "protocol/ClNuboCommandString.h"
+#include "protocol/DataPackets.h"
+#include "protocol/TextPackets.h"
 #include "tests/support/TestSubject.h"
 #include "tests/support/WireText.h"
 

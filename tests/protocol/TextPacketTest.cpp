@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "protocol/ClNuboCommandConnectWifi.h"
-#include "protocol/ClNuboCommandRecord.h"
-#include "protocol/ClNuboCommandString.h"
+#include "protocol/TextPackets.h"
 #include "tests/support/TestSubject.h"
 #include "tests/support/WireText.h"
 

@@ -4,10 +4,11 @@
 #include "tests/support/ScriptedPort.h"
 #include "tests/support/TestSubject.h"
 
-#include <QElapsedTimer>
 #include <QTest>
 
 namespace {
+
+using namespace std::chrono_literals;
 
 const QByteArray LINKED =
     "0000 <id> 20000000 0000 0000 02000000 00000000 00000000 00000000 00000000";
@@ -45,12 +46,12 @@ void WifiInfoTransactionTest::sevenFieldsComeFromThreePackets() {
     QCOMPARE(ClNuboTransactions(port, port.stop()).wifiInfo(info), 0);
     QCOMPARE(port.complaint(), QString());
     QCOMPARE(info.status, 2U);
-    QCOMPARE(info.firstText, QStringLiteral("net"));
-    QCOMPARE(info.secondText, QStringLiteral("ab"));
+    QCOMPARE(info.linkedSsid, QStringLiteral("net"));
+    QCOMPARE(info.searchSsid, QStringLiteral("ab"));
     QCOMPARE(info.channel, 6U);
     QCOMPARE(info.encryption, 4U);
-    QCOMPARE(info.reserved, 9U);
-    QCOMPARE(info.signal, 0xFFFFFFC4U);
+    QCOMPARE(info.reserved, 9);
+    QCOMPARE(info.signal, -60);
     QCOMPARE(port.writeTimeouts(), QList<int>{1000});
     QCOMPARE(port.readTimeouts(), (QList<int>{3000, 1000, 1000}));
     for (const ScriptedPort::stTransfer& transfer : port.transfers()) {
@@ -80,8 +81,8 @@ void WifiInfoTransactionTest::onlyTwoPacketsOfTheTransactionCount() {
     stWifiInfo info;
     QCOMPARE(ClNuboTransactions(port, port.stop()).wifiInfo(info), 0);
     QCOMPARE(port.complaint(), QString());
-    QCOMPARE(info.firstText, QStringLiteral("net"));
-    QCOMPARE(info.signal, 0xFFFFFFC4U);
+    QCOMPARE(info.linkedSsid, QStringLiteral("net"));
+    QCOMPARE(info.signal, -60);
 }
 
 void WifiInfoTransactionTest::onlyTheStatusComesBeforeTheRest_data() {
@@ -127,26 +128,25 @@ void WifiInfoTransactionTest::onlyTheStatusComesBeforeTheRest() {
     QCOMPARE(ClNuboTransactions(port, port.stop()).wifiInfo(info), result);
     QCOMPARE(port.complaint(), QString());
     QTEST(info.status, "status");
-    QCOMPARE(info.firstText, QStringLiteral("before"));
-    QCOMPARE(info.secondText, QStringLiteral("too"));
+    QCOMPARE(info.linkedSsid, QStringLiteral("before"));
+    QCOMPARE(info.searchSsid, QStringLiteral("too"));
     QCOMPARE(info.channel, 71U);
     QCOMPARE(info.encryption, 72U);
-    QCOMPARE(info.reserved, 73U);
-    QCOMPARE(info.signal, 74U);
+    QCOMPARE(info.reserved, 73);
+    QCOMPARE(info.signal, 74);
 }
 
 void WifiInfoTransactionTest::packetsThatAreSkippedCannotHoldTheThreadForEver() {
-    constexpr int PATIENCE_MS = 3000;
+    constexpr std::chrono::milliseconds PATIENCE = 3000ms;
     constexpr int PACE_MS = 100;
     ScriptedPort port({writes(GET_WIFI_INFO), reads(LINKED), reads(BUSY).forEver(PACE_MS)});
     stWifiInfo info;
-    QElapsedTimer clock;
-    clock.start();
-    QCOMPARE(ClNuboTransactions(port, port.stop()).wifiInfo(info), 0xEF03);
-    QVERIFY(clock.elapsed() >= PATIENCE_MS);
+    QCOMPARE(ClNuboTransactions(port, port.stop(), port.clock()).wifiInfo(info), 0xEF03);
+    QVERIFY(port.elapsed() > PATIENCE);
+    QVERIFY(port.elapsed() <= PATIENCE + std::chrono::milliseconds(2 * PACE_MS));
     QCOMPARE(port.complaint(), QString());
     QCOMPARE(info.status, 2U);
-    QCOMPARE(info.signal, 0U);
+    QCOMPARE(info.signal, 0);
 }
 
 const TestSubject registered = subjectWithoutScreen<WifiInfoTransactionTest>();

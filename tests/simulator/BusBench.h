@@ -1,15 +1,16 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "simulator/VirtualUsbBus.h"
+#include "tests/simulator/ScriptedDevice.h"
+#include "tests/simulator/UsbHost.h"
+
 #include <QElapsedTimer>
+
 #include <algorithm>
 #include <chrono>
 #include <memory>
 #include <utility>
-
-#include "simulator/VirtualUsbBus.h"
-#include "tests/simulator/ScriptedDevice.h"
-#include "tests/simulator/UsbHost.h"
 
 namespace nubo::simulator {
 

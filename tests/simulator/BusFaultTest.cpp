@@ -1,17 +1,18 @@
 // SPDX-License-Identifier: MIT
-#include <libusb.h>
-
-#include <QElapsedTimer>
-#include <QTest>
-#include <cerrno>
-#include <chrono>
-#include <set>
-
 #include "simulator/Fault.h"
 #include "simulator/VirtualUsbBus.h"
 #include "tests/simulator/ScriptedDevice.h"
 #include "tests/simulator/UsbHost.h"
 #include "tests/support/TestSubject.h"
+
+#include <QElapsedTimer>
+#include <QTest>
+
+#include <libusb.h>
+
+#include <cerrno>
+#include <chrono>
+#include <set>
 
 namespace nubo::simulator {
 

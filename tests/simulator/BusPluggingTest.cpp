@@ -1,17 +1,17 @@
 // SPDX-License-Identifier: MIT
-#include "simulator/VirtualUsbBus.h"
-
-#include <libusb.h>
-
-#include <QElapsedTimer>
-#include <QTest>
-#include <chrono>
-#include <future>
-
 #include "simulator/VirtualCamera.h"
+#include "simulator/VirtualUsbBus.h"
 #include "tests/simulator/BusBench.h"
 #include "tests/simulator/CameraTalk.h"
 #include "tests/support/TestSubject.h"
+
+#include <QElapsedTimer>
+#include <QTest>
+
+#include <libusb.h>
+
+#include <chrono>
+#include <future>
 
 namespace nubo::simulator {
 

@@ -2,6 +2,7 @@
 #include "tests/simulator/CameraTalk.h"
 #include "tests/support/TestSubject.h"
 
+#include <QImage>
 #include <QTest>
 
 using namespace nubo::simulator;
@@ -25,6 +26,7 @@ class CameraDataTest : public QObject {
 private Q_SLOTS:
     void aSmallPictureComesInOnePacket();
     void audioComesLikeAPicture();
+    void theDefaultPictureIsAPictureThatDecodes();
     void noPictureHasOneEmptyDataPacket();
     void aLargePictureIsCutIntoPackets_data();
     void aLargePictureIsCutIntoPackets();
@@ -36,6 +38,9 @@ private Q_SLOTS:
     void aCommandInPlaceOfTheImageIsAnswered();
     void pluggingInForgetsTheAnnouncement();
     void anImageOfNothingIsRefused();
+    void appliedFirmwareKeepsTheVersion();
+    void appliedFirmwareBringsTheNextVersionWhenTheCameraComesBack();
+    void appliedFirmwareOutlivesAPulledCable();
 };
 
 void CameraDataTest::aSmallPictureComesInOnePacket() {
@@ -54,8 +59,17 @@ void CameraDataTest::audioComesLikeAPicture() {
     QCOMPARE(ask(camera, command("0230")), expected);
 }
 
+void CameraDataTest::theDefaultPictureIsAPictureThatDecodes() {
+    VirtualCamera camera;
+    const QByteArrayList packets = ask(camera, command("0130"));
+    constexpr qsizetype HEAD_DIGITS = 24;
+    const QByteArray bytes = QByteArray::fromHex(packets.mid(1).join().mid(HEAD_DIGITS));
+    QCOMPARE(QImage::fromData(bytes, "jpg").size(), QSize(640, 480));
+}
+
 void CameraDataTest::noPictureHasOneEmptyDataPacket() {
     VirtualCamera camera;
+    camera.setPicture({});
     const QByteArrayList expected = {reply(SUCCESS, "00000000"),
                                      plainHex("0200 3412 00000000 00000000")};
     QCOMPARE(ask(camera, command("0130")), expected);
@@ -182,6 +196,48 @@ void CameraDataTest::pluggingInForgetsTheAnnouncement() {
 void CameraDataTest::anImageOfNothingIsRefused() {
     VirtualCamera camera;
     QCOMPARE(ask(camera, command("0120")), QByteArrayList{reply("fbff")});
+}
+
+void CameraDataTest::appliedFirmwareKeepsTheVersion() {
+    VirtualCamera camera;
+    tell(camera, command("0120", "03000000"));
+    QCOMPARE(ask(camera, "0200 3412 03000000 010203"), QByteArrayList{reply(SUCCESS)});
+    QCOMPARE(ask(camera, command("0220", "02000000")), QByteArrayList{reply(SUCCESS)});
+    QVERIFY(!camera.wantsRestart());
+    camera.plugged();
+    QCOMPARE(camera.get("firmware-version"), "1.00");
+}
+
+void CameraDataTest::appliedFirmwareBringsTheNextVersionWhenTheCameraComesBack() {
+    VirtualCamera camera;
+    QVERIFY(camera.set("firmware-next", "2.10"));
+    QCOMPARE(ask(camera, command("0220", "02000000")), QByteArrayList{reply("faff")});
+    camera.plugged();
+    QCOMPARE(camera.get("firmware-version"), "1.00");
+
+    tell(camera, command("0120", "03000000"));
+    QCOMPARE(ask(camera, "0200 3412 03000000 010203"), QByteArrayList{reply(SUCCESS)});
+    QCOMPARE(ask(camera, command("0220", "02000000")), QByteArrayList{reply(SUCCESS)});
+    QCOMPARE(camera.get("firmware-version"), "1.00");
+    QVERIFY(camera.wantsRestart());
+    camera.plugged();
+    QCOMPARE(camera.get("firmware-version"), "2.10");
+    QCOMPARE(camera.get("firmware-next"), "");
+    QCOMPARE(*camera.firmware(), vectorOf("010203"));
+    QCOMPARE(ask(camera, command("3a50")),
+             QByteArrayList{plainHex("0100 3412 20000000 0000 0000 04000000 322e3130"
+                                     "00000000 00000000 00000000")});
+}
+
+void CameraDataTest::appliedFirmwareOutlivesAPulledCable() {
+    VirtualCamera camera;
+    QVERIFY(camera.set("firmware-next", "2.10"));
+    tell(camera, command("0120", "03000000"));
+    tell(camera, "0200 3412 03000000 010203");
+    tell(camera, command("0220", "02000000"));
+    camera.plugged();
+    QVERIFY(!camera.wantsRestart());
+    QCOMPARE(camera.get("firmware-version"), "2.10");
 }
 
 const TestSubject registered = subjectWithoutApplication<CameraDataTest>();

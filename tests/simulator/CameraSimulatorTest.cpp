@@ -1,15 +1,17 @@
 // SPDX-License-Identifier: MIT
-#include <signal.h>
-#include <sys/socket.h>
+#include "tests/simulator/SimulatorRun.h"
+#include "tests/support/TestSubject.h"
 
 #include <QElapsedTimer>
 #include <QLocalSocket>
 #include <QProcess>
+#include <QSet>
 #include <QTemporaryDir>
 #include <QTest>
 
-#include "tests/simulator/SimulatorRun.h"
-#include "tests/support/TestSubject.h"
+#include <signal.h>
+#include <sys/socket.h>
+#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
@@ -24,8 +26,18 @@ private Q_SLOTS:
 
     void commandSeesTheCameras_data();
     void commandSeesTheCameras();
+    void everyCameraHasAnIdentityOfItsOwn();
     void linesAreAnswered_data();
     void linesAreAnswered();
+    void helpListsLinesItemsAndFaults();
+    void pictureOfAFileIsSent();
+    void firmwareIsKeptAndTheNextVersionComesBack();
+    void commandsAreListedOnce();
+    void busyInterfaceCannotBeClaimed();
+    void deniedAndMissingNodesCannotBeOpened();
+    void rootCannotBeDeniedUnlessAskedFor();
+    void answersOfSixteenCamerasAreDelayedSideBySide();
+    void quitEndsTheCommand();
     void commandReadsWhatIsSet();
     void cameraIsPluggedAndUnplugged();
     void cameraRestarts();
@@ -108,6 +120,27 @@ void CameraSimulatorTest::commandSeesTheCameras() {
     QCOMPARE(probe("count"), count);
 }
 
+void CameraSimulatorTest::everyCameraHasAnIdentityOfItsOwn() {
+    start({u"--cameras"_s, u"16"_s});
+    for (const char* const item : {"serial-number", "machine-name", "mac-address", "ssid"}) {
+        QSet<QByteArray> values;
+        for (int number = 1; number <= 16; ++number) {
+            values.insert(control('@' + QByteArray::number(number) + " get " + item));
+        }
+        QCOMPARE(values.size(), 16);
+    }
+    QCOMPARE(control("@1 get serial-number"), QByteArray("ok SIM0001"));
+    QCOMPARE(control("@16 get mac-address"), QByteArray("ok 02:00:5E:10:00:10"));
+    QCOMPARE(control("@2 set serial-number Tern 7"), QByteArray("ok"));
+    QCOMPARE(control("unplug 2"), QByteArray("ok"));
+    QCOMPARE(control("plug 2"), QByteArray("ok"));
+    const auto told = [&] { return probe("serials").split(','); };
+    TRY_VERIFY(told().contains("Tern 7"));
+    QVERIFY(told().contains("SIM0001"));
+    QVERIFY(told().contains("SIM0016"));
+    QVERIFY(!told().contains("SIM0002"));
+}
+
 void CameraSimulatorTest::linesAreAnswered_data() {
     QTest::addColumn<QByteArray>("line");
     QTest::addColumn<QByteArray>("answer");
@@ -125,11 +158,30 @@ void CameraSimulatorTest::linesAreAnswered_data() {
     row("plug 1 2", "error: too many words");
     row("unplug 1", "ok");
     row("set battery 12", "ok");
-    row("set battery", "error: no value for battery: \"\"");
-    row("set battery full", "error: no value for battery: \"full\"");
-    row("set charge 12", "error: no item \"charge\"");
+    row("set battery", "error: battery is a number from 0 to 100, not \"\" (charge in percent)");
+    row("set battery 200",
+        "error: battery is a number from 0 to 100, not \"200\" (charge in percent)");
+    row("set wifi-mode 3",
+        "error: wifi-mode is a number from 1 to 2, not \"3\" (1 infrastructure, 2 ad hoc)");
+    row("set wifi-encryption 3",
+        "error: wifi-encryption is one of 0 1 2 4, not \"3\" (0 none, 1 WEP, 2 TKIP, 4 AES)");
+    row("set led blue", "error: led is on or off, not \"blue\" (LED)");
+    row("set infra-ssid 123456789012345678901234567890123",
+        "error: infra-ssid is text of 0 to 32 bytes, not \"123456789012345678901234567890123\" "
+        "(network to link to)");
+    row("set firmware 1",
+        "error: firmware is only told (size and checksum of the image that came last)");
+    row("set charge 12", "error: no item \"charge\", try \"help\"");
     row("set wifi-ssid two words", "ok");
-    row("get", "error: no item \"\"");
+    row("get", "error: no item \"\", try \"help\"");
+    row("picture /nowhere/at/all", "error: /nowhere/at/all: No such file or directory");
+    row("picture /", "error: /: Is a directory");
+    row("picture /dev/null", "error: /dev/null is empty");
+    row("save-firmware /nowhere/at/all", "error: no image has come");
+    row("commands", "ok");
+    row("busy", "error: busy is on or off, not \"\"");
+    row("access free", "error: access is allowed, denied or missing, not \"free\"");
+    row("quit now", "error: too many words");
     row("get wifi-ssid", "ok Harbour");
     row("get battery now", "error: too many words");
     row("fault", "error: no fault \"\"");
@@ -150,9 +202,13 @@ void CameraSimulatorTest::linesAreAnswered_data() {
     row("clear-faults all", "error: too many words");
     row("status", "ok camera 1: device 2, open 0, transfers 0, commands 0");
     row("status please", "error: too many words");
-    row("help",
-        "ok plug [K]; unplug [K]; set ITEM VALUE; get ITEM; fault KIND [ARG] [transfer|command] N "
-        "[once|forever|xCOUNT]; clear-faults; status; help");
+    row("help battery", "ok battery: a number from 0 to 100 (charge in percent)");
+    row("help sd-free", "ok sd-free: only told (KiB; what is left of sd-total)");
+    row("help busy",
+        "ok busy on|off: claiming the interface is refused, as if another program "
+        "held it");
+    row("help camera-error", "ok camera-error ARG: the answer carries this result code, as 0xFFF9");
+    row("help charge", "error: no line, item or fault \"charge\"");
     row("@1 get battery", "ok 85");
     row("@2 get battery", "error: no camera \"2\"");
 }
@@ -162,6 +218,95 @@ void CameraSimulatorTest::linesAreAnswered() {
     QFETCH(QByteArray, answer);
     start();
     QCOMPARE(control(line), answer);
+}
+
+void CameraSimulatorTest::helpListsLinesItemsAndFaults() {
+    start();
+    const QByteArray help = control("help");
+    QVERIFY(help.startsWith("ok plug [K]; unplug [K]; set ITEM VALUE; get ITEM; picture FILE; "));
+    QVERIFY(help.contains("; items: battery battery-state wifi-state "));
+    QVERIFY(help.contains(" firmware-version adjust-flag; faults: timeout device-gone "));
+    QVERIFY(help.endsWith(" unplug-before"));
+}
+
+void CameraSimulatorTest::pictureOfAFileIsSent() {
+    QFile file(path(u"a picture"_s));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("\xFF\xD8 12345");
+    file.close();
+    start();
+    QCOMPARE(control("picture " + file.fileName().toLatin1()), QByteArray("ok 8 bytes"));
+    QCOMPARE(control("get picture-size"), QByteArray("ok 8"));
+    QCOMPARE(probe("picture"), QByteArray("ffd8203132333435"));
+}
+
+void CameraSimulatorTest::firmwareIsKeptAndTheNextVersionComesBack() {
+    start({u"--restart-delay"_s, u"50"_s});
+    QCOMPARE(control("set firmware-next 2.10"), QByteArray("ok"));
+    QCOMPARE(probe("update"), QByteArray("0"));
+    QFile file(path(u"image"_s));
+    QCOMPARE(control("save-firmware " + file.fileName().toLatin1()), QByteArray("ok 3 bytes"));
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QCOMPARE(file.readAll(), QByteArray("ABC"));
+    QVERIFY(control("get firmware").startsWith("ok 3 "));
+    const auto isBack = [&] { return control("status").contains("device 3"); };
+    TRY_VERIFY(isBack());
+    QCOMPARE(control("get firmware-version"), QByteArray("ok 2.10"));
+    QVERIFY(control("save-firmware /nowhere/at/all").startsWith("error: /nowhere/at/all: No such"));
+}
+
+void CameraSimulatorTest::commandsAreListedOnce() {
+    start();
+    QCOMPARE(probe("battery"), QByteArray("85"));
+    QCOMPARE(probe("restart"), QByteArray("0"));
+    QCOMPARE(control("commands"), QByteArray("ok 0x5037 0x6802"));
+    QCOMPARE(control("commands"), QByteArray("ok"));
+}
+
+void CameraSimulatorTest::busyInterfaceCannotBeClaimed() {
+    start();
+    QCOMPARE(control("busy on"), QByteArray("ok"));
+    QCOMPARE(probe("battery"), QByteArray("-6"));
+    QCOMPARE(control("busy off"), QByteArray("ok"));
+    QCOMPARE(probe("battery"), QByteArray("85"));
+}
+
+void CameraSimulatorTest::deniedAndMissingNodesCannotBeOpened() {
+    start({u"--as-user"_s});
+    QCOMPARE(probe("open"), QByteArray("0"));
+    QCOMPARE(control("access denied"), QByteArray("ok"));
+    QCOMPARE(probe("open"), QByteArray("-3"));
+    QCOMPARE(control("access allowed"), QByteArray("ok"));
+    QCOMPARE(probe("open"), QByteArray("0"));
+    QCOMPARE(control("access missing"), QByteArray("ok"));
+    QCOMPARE(probe("open"), QByteArray("-4"));
+}
+
+void CameraSimulatorTest::rootCannotBeDeniedUnlessAskedFor() {
+    start();
+    const QByteArray expected =
+        ::geteuid() == 0
+            ? QByteArray("error: root may open every node: start the simulator with --as-user")
+            : QByteArray("ok");
+    QCOMPARE(control("access denied"), expected);
+}
+
+void CameraSimulatorTest::answersOfSixteenCamerasAreDelayedSideBySide() {
+    // One after the other they would take 16 times as long.
+    constexpr int DELAY_MS = 2000;
+    start({u"--cameras"_s, u"16"_s, u"--answer-delay"_s, QString::number(DELAY_MS)});
+    QElapsedTimer timer;
+    timer.start();
+    QCOMPARE(probe("all"), QByteArray("16"));
+    QVERIFY(timer.elapsed() >= DELAY_MS);
+    QVERIFY(timer.elapsed() < 16 * DELAY_MS);
+}
+
+void CameraSimulatorTest::quitEndsTheCommand() {
+    start();
+    QCOMPARE(control("quit"), QByteArray("ok"));
+    QVERIFY(m_process->waitForFinished(PATIENCE_MS));
+    QCOMPARE(m_process->exitCode(), 128 + SIGTERM);
 }
 
 void CameraSimulatorTest::commandReadsWhatIsSet() {

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "simulator/VirtualDevice.h"
+
 #include <deque>
 #include <mutex>
 #include <utility>
-
-#include "simulator/VirtualDevice.h"
 
 namespace nubo::simulator {
 
@@ -28,6 +28,10 @@ public:
         m_answers.pop_front();
         return answer;
     }
+
+    std::string serialNumber() const override { return m_serialNumber; }
+    /// Before the device is plugged in.
+    void setSerialNumber(const std::string& text) { m_serialNumber = text; }
 
     bool wantsRestart() override {
         const std::lock_guard lock(m_mutex);
@@ -54,6 +58,7 @@ private:
     std::vector<Bytes> m_received;
     std::deque<Bytes> m_answers;
     bool m_restart = false;
+    std::string m_serialNumber;
 };
 
 }  // namespace nubo::simulator

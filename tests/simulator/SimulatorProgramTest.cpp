@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include <signal.h>
-
-#include <QProcess>
-#include <QTest>
-
 #include "tests/simulator/SimulatorRun.h"
 #include "tests/support/TestSubject.h"
+
+#include <QProcess>
+#include <QProcessEnvironment>
+#include <QTest>
+
+#include <signal.h>
 
 using namespace Qt::StringLiterals;
 
@@ -15,6 +16,8 @@ class SimulatorProgramTest : public QObject {
 
 private Q_SLOTS:
     void helpNamesEveryOptionLineItemAndFault();
+    void versionIsShown();
+    void missingLibraryNamesItsPackage();
     void wrongArgumentIsAOneLineError_data();
     void wrongArgumentIsAOneLineError();
     void exitCodeIsThatOfTheCommand_data();
@@ -33,6 +36,16 @@ void SimulatorProgramTest::helpNamesEveryOptionLineItemAndFault() {
                                    "--control PATH",
                                    "--script FILE",
                                    "--restart-delay MS",
+                                   "--answer-delay MS",
+                                   "--as-user",
+                                   "--version",
+                                   "picture FILE",
+                                   "save-firmware FILE",
+                                   "busy on|off",
+                                   "access allowed|denied|missing",
+                                   "commands",
+                                   "quit",
+                                   "a number from 0 to 100: charge in percent",
                                    "plug [K]",
                                    "unplug [K]",
                                    "set ITEM VALUE",
@@ -50,6 +63,26 @@ void SimulatorProgramTest::helpNamesEveryOptionLineItemAndFault() {
                                    "unplug-before"}) {
         QVERIFY2(run.output.contains(word), word);
     }
+}
+
+void SimulatorProgramTest::versionIsShown() {
+    const Run run = runSimulator({u"--version"_s});
+    QCOMPARE(run.exitCode, 0);
+    QCOMPARE(run.output, QByteArray("nubo-camera-simulator " SIMULATOR_VERSION "\n"));
+    QCOMPARE(run.errors, QByteArray());
+}
+
+void SimulatorProgramTest::missingLibraryNamesItsPackage() {
+    QProcess process;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(u"LD_PRELOAD"_s, u"/nowhere/libumockdev-preload.so.0"_s);
+    process.setProcessEnvironment(environment);
+    process.start(program(), {u"--"_s, u"true"_s});
+    QVERIFY(process.waitForFinished(PATIENCE_MS));
+    QCOMPARE(process.exitCode(), 127);
+    QVERIFY(process.readAllStandardError().endsWith(
+        "nubo-camera-simulator: libumockdev-preload.so.0 cannot be loaded: install the Debian "
+        "package umockdev\n"));
 }
 
 void SimulatorProgramTest::wrongArgumentIsAOneLineError_data() {

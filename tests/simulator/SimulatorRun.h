@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "tests/support/Patience.h"
+
 #include <QProcess>
 #include <QStringList>
-
-#include "tests/support/Patience.h"
 
 inline QString program() {
     return QStringLiteral(SIMULATOR_PROGRAM);

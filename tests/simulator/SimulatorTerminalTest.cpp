@@ -1,16 +1,20 @@
 // SPDX-License-Identifier: MIT
-#include <fcntl.h>
-#include <unistd.h>
+#include "tests/simulator/SimulatorRun.h"
+#include "tests/support/TestSubject.h"
 
 #include <QFile>
 #include <QLocalSocket>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
-#include <cstdlib>
 
-#include "tests/simulator/SimulatorRun.h"
-#include "tests/support/TestSubject.h"
+#include <fcntl.h>
+#include <poll.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
 
 using namespace Qt::StringLiterals;
 
@@ -33,12 +37,29 @@ public:
                keys.size();
     }
 
-    /// From its start on, @p process has the terminal as its input, alone.
-    void lendTo(QProcess& process) const {
-        process.setChildProcessModifier([name = m_name] {
+    /// From its start on, @p process has the terminal as its input, alone, and with @p shows as its
+    /// output too.
+    void lendTo(QProcess& process, bool shows = false) const {
+        process.setChildProcessModifier([name = m_name, shows] {
             ::setsid();
-            ::dup2(::open(name.constData(), O_RDWR), STDIN_FILENO);
+            const int terminal = ::open(name.constData(), O_RDWR);
+            ::dup2(terminal, STDIN_FILENO);
+            if (shows) {
+                ::dup2(terminal, STDOUT_FILENO);
+            }
         });
+    }
+
+    /// What has been shown since the last call.
+    QByteArray shown() const {
+        QByteArray bytes;
+        pollfd waiting{m_file, POLLIN, 0};
+        while (::poll(&waiting, 1, 0) > 0 && (waiting.revents & POLLIN) != 0) {
+            std::array<char, 4096> room{};
+            bytes.append(room.data(),
+                         std::max<ssize_t>(::read(m_file, room.data(), room.size()), 0));
+        }
+        return bytes;
     }
 
 private:
@@ -53,8 +74,25 @@ class SimulatorTerminalTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
+    void somebodyAtATerminalIsGreeted();
     void aJobInTheBackgroundGoesOnAndReadsInTheForeground();
 };
+
+void SimulatorTerminalTest::somebodyAtATerminalIsGreeted() {
+    const Terminal terminal;
+    QProcess process;
+    terminal.lendTo(process, true);
+    process.start(program(), {u"--interactive"_s, u"--"_s, u"sleep"_s, u"60"_s});
+    QByteArray shown;
+    const auto shows = [&](const char* text) {
+        shown += terminal.shown();
+        return shown.contains(text);
+    };
+    TRY_VERIFY(shows("\"help\" lists all, \"quit\" ends."));
+    QVERIFY(terminal.type("quit\n"));
+    QVERIFY(process.waitForFinished(PATIENCE_MS));
+    TRY_VERIFY(shows("ok\r\n"));
+}
 
 void SimulatorTerminalTest::aJobInTheBackgroundGoesOnAndReadsInTheForeground() {
     const QTemporaryDir folder;

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "tests/support/Patience.h"
+#include "usb/LibusbOwners.h"
+
 #include <cstdint>
 #include <utility>
 #include <vector>
-
-#include "tests/support/Patience.h"
-#include "usb/LibusbOwners.h"
 
 namespace nubo::simulator {
 

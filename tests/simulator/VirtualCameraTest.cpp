@@ -1,15 +1,17 @@
 // SPDX-License-Identifier: MIT
 #include "simulator/VirtualCamera.h"
 
+#include "simulator/CameraCommands.h"
+#include "simulator/CameraItems.h"
+#include "tests/support/Patience.h"
+#include "tests/support/TestSubject.h"
+
+#include <QElapsedTimer>
 #include <QSet>
 #include <QTest>
 
 #include <algorithm>
 #include <array>
-
-#include "simulator/CameraCommands.h"
-#include "simulator/CameraItems.h"
-#include "tests/support/TestSubject.h"
 
 namespace nubo::simulator {
 
@@ -21,8 +23,8 @@ const QByteArray PLAIN = "0100 3412 20000000 0000 0000 ";
 const QByteArray SUCCESS = PLAIN + NO_PARAMETERS;
 
 // Each item takes one of them that it does not have yet.
-constexpr std::array<std::string_view, 6> SAMPLE_VALUES = {
-    "2", "3", "on", "off", "10.1.2.3", "2014/03/09 07:05:01"};
+constexpr std::array<std::string_view, 7> SAMPLE_VALUES = {
+    "2", "3", "on", "off", "10.1.2.3", "2014/03/09 07:05:01", "DE"};
 
 QByteArray command(const QByteArray& code) {
     return "0000 3412 20000000 " + code + " 0000 " + NO_PARAMETERS;
@@ -63,6 +65,9 @@ private Q_SLOTS:
     void resettingPutsSettingsBackButNotCardAndBattery();
     void restartIsWantedOnceAfterTheAnswerIsFetched();
     void pluggingInForgetsAnswersAndRestart();
+    void resetRestartsWhenSoSet();
+    void answersComeAfterTheDelay();
+    void commandCodesAreKeptUntilTaken();
     void everyItemTakesItsOwnValue();
     void itemsRefuseWhatIsNoValue_data();
     void itemsRefuseWhatIsNoValue();
@@ -215,9 +220,43 @@ void VirtualCameraTest::pluggingInForgetsAnswersAndRestart() {
     QVERIFY(!camera.wantsRestart());
 }
 
+void VirtualCameraTest::resetRestartsWhenSoSet() {
+    VirtualCamera camera;
+    camera.receive(bytes(command("0468")));
+    QCOMPARE(answers(camera).size(), 1);
+    QVERIFY(!camera.wantsRestart());
+    QVERIFY(camera.set("restart-after-reset", "on"));
+    camera.receive(bytes(command("0468")));
+    QCOMPARE(answers(camera).size(), 1);
+    QVERIFY(camera.wantsRestart());
+}
+
+void VirtualCameraTest::answersComeAfterTheDelay() {
+    VirtualCamera camera;
+    QVERIFY(camera.set("answer-delay", "60"));
+    QElapsedTimer timer;
+    timer.start();
+    camera.receive(bytes(command("3750")));
+    const auto comes = [&] { return answers(camera).size() == 1; };
+    TRY_VERIFY(comes());
+    QVERIFY(timer.elapsed() >= 60);
+}
+
+void VirtualCameraTest::commandCodesAreKeptUntilTaken() {
+    VirtualCamera camera;
+    camera.receive(bytes(command("3750")));
+    camera.receive(bytes(command("ff7f")));
+    QCOMPARE(camera.takeCommandCodes(), (std::vector<std::uint16_t>{0x5037, 0x7FFF}));
+    QVERIFY(camera.takeCommandCodes().empty());
+    for (std::size_t i = 0; i <= VirtualCamera::CODES_KEPT; ++i) {
+        camera.receive(bytes(command("3750")));
+    }
+    QCOMPARE(camera.takeCommandCodes().size(), VirtualCamera::CODES_KEPT);
+}
+
 void VirtualCameraTest::everyItemTakesItsOwnValue() {
-    const QSet<std::string_view> moving = {"time"};
-    const QSet<std::string_view> onlyTold = {"firmware"};
+    const QSet<std::string_view> moving = {"time", "sd-free"};
+    const QSet<std::string_view> onlyTold = {"firmware", "sd-free"};
     for (const CameraItem& changed : cameraItems()) {
         VirtualCamera camera;
         const CameraState before = camera.state();
@@ -226,6 +265,7 @@ void VirtualCameraTest::everyItemTakesItsOwnValue() {
                    (moving.contains(changed.name) || camera.get(changed.name) == value);
         });
         QVERIFY2(taken != onlyTold.contains(changed.name), changed.name.data());
+        QCOMPARE(changed.allowed.empty(), onlyTold.contains(changed.name));
         for (const CameraItem& other : cameraItems()) {
             if (other.name != changed.name && !moving.contains(other.name)) {
                 QCOMPARE(camera.get(other.name), std::optional(other.get(before)));
@@ -243,14 +283,29 @@ void VirtualCameraTest::itemsRefuseWhatIsNoValue_data() {
     QTest::newRow("number and more") << std::string("battery") << std::string("85%");
     QTest::newRow("negative") << std::string("battery") << std::string("-1");
     QTest::newRow("too large") << std::string("battery") << std::string("4294967296");
+    QTest::newRow("over 100 percent") << std::string("battery") << std::string("101");
+    QTest::newRow("no link state") << std::string("wifi-state") << std::string("0");
+    QTest::newRow("no encryption") << std::string("wifi-encryption") << std::string("3");
+    QTest::newRow("no signal") << std::string("wifi-rssi") << std::string("-101");
+    QTest::newRow("long name") << std::string("wifi-ssid") << std::string(33, 's');
+    QTest::newRow("no file system") << std::string("sd-filesystem") << std::string("4");
+    QTest::newRow("no log format") << std::string("gps-log-format") << std::string("0");
+    QTest::newRow("no period") << std::string("interval-period") << std::string("0");
+    QTest::newRow("no switch") << std::string("interval") << std::string("yes");
+    QTest::newRow("no country") << std::string("country") << std::string("de");
+    QTest::newRow("no mode") << std::string("wifi-mode") << std::string("3");
+    QTest::newRow("no address") << std::string("infra-address") << std::string("1.2.3.256");
+    QTest::newRow("only told") << std::string("firmware") << std::string("1");
+    QTest::newRow("long delay") << std::string("answer-delay") << std::string("60001");
 }
 
 void VirtualCameraTest::itemsRefuseWhatIsNoValue() {
     QFETCH(std::string, item);
     QFETCH(std::string, value);
     VirtualCamera camera;
+    const auto before = camera.get(item);
     QVERIFY(!camera.set(item, value));
-    QCOMPARE(camera.state().battery.charge, 85U);
+    QCOMPARE(camera.get(item), before);
 }
 
 void VirtualCameraTest::commandsAreFoundByTheirCode() {

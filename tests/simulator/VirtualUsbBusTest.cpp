@@ -1,17 +1,19 @@
 // SPDX-License-Identifier: MIT
 #include "simulator/VirtualUsbBus.h"
 
+#include "tests/simulator/BusBench.h"
+#include "tests/support/TestSubject.h"
+#include "tests/support/WithoutFileOverride.h"
+
+#include <QFile>
+#include <QTest>
+
 #include <libusb.h>
 
-#include <QTest>
 #include <array>
 #include <cerrno>
 #include <chrono>
 #include <future>
-
-#include "tests/simulator/BusBench.h"
-#include "tests/support/TestSubject.h"
-#include "tests/support/WithoutFileOverride.h"
 
 namespace nubo::simulator {
 
@@ -21,6 +23,7 @@ using namespace std::chrono_literals;
 using Bytes = ScriptedDevice::Bytes;
 
 constexpr auto PATIENCE = BusBench::PATIENCE;
+constexpr int MIB = 1024 * 1024;
 
 }  // namespace
 
@@ -34,6 +37,11 @@ private Q_SLOTS:
 
     void pluggedDeviceShowsItsDescriptors();
     void describedInterfacesAreShown();
+    void serialNumberIsReadWithAndWithoutOpening();
+    void deviceWithoutSerialNumberHasNone();
+    void otherControlRequestsStall();
+    void transferBeyondTheKernelsMemoryIsRefused();
+    void memoryIsSharedByAllTransfersAndGivenBack();
     void bytesGoOut_data();
     void bytesGoOut();
     void bytesComeIn_data();
@@ -105,6 +113,85 @@ void VirtualUsbBusTest::describedInterfacesAreShown() {
         QCOMPARE(setting.endpoint[0].wMaxPacketSize, 64);
         QCOMPARE(setting.endpoint[0].extra_length, 2);
     }
+}
+
+void VirtualUsbBusTest::serialNumberIsReadWithAndWithoutOpening() {
+    m_bench->device->setSerialNumber("A\xE9\\7");
+    const LibusbHandle handle = m_bench->open(m_bench->plug());
+    QVERIFY(handle);
+    libusb_device_descriptor device{};
+    QCOMPARE(libusb_get_device_descriptor(libusb_get_device(handle.get()), &device), 0);
+    std::array<unsigned char, 255> room{};
+    const int size = libusb_get_string_descriptor(handle.get(), device.iSerialNumber, 0x0409,
+                                                  room.data(), static_cast<int>(room.size()));
+    QCOMPARE(QByteArray(reinterpret_cast<const char*>(room.data()), size).toHex(),
+             QByteArray("0a03"
+                        "4100"
+                        "e900"
+                        "5c00"
+                        "3700"));
+    QFile attribute(QStringLiteral("/sys/devices/usb1/1-1/serial"));
+    QVERIFY(attribute.open(QIODevice::ReadOnly));
+    QCOMPARE(attribute.readAll(), QByteArray("A\xC3\xA9\\7\n"));
+}
+
+void VirtualUsbBusTest::deviceWithoutSerialNumberHasNone() {
+    const LibusbHandle handle = m_bench->open(m_bench->plug());
+    QVERIFY(handle);
+    libusb_device_descriptor device{};
+    QCOMPARE(libusb_get_device_descriptor(libusb_get_device(handle.get()), &device), 0);
+    QCOMPARE(device.iSerialNumber, 0);
+    std::array<unsigned char, 255> room{};
+    QCOMPARE(libusb_get_string_descriptor_ascii(handle.get(), 1, room.data(), 255),
+             LIBUSB_ERROR_PIPE);
+    QVERIFY(!QFile::exists(QStringLiteral("/sys/devices/usb1/1-1/serial")));
+}
+
+void VirtualUsbBusTest::otherControlRequestsStall() {
+    m_bench->device->setSerialNumber("7");
+    const LibusbHandle handle = m_bench->open(m_bench->plug());
+    QVERIFY(handle);
+    std::array<unsigned char, 64> room{};
+    QCOMPARE(libusb_get_string_descriptor_ascii(handle.get(), 2, room.data(), 64),
+             LIBUSB_ERROR_PIPE);
+    QCOMPARE(libusb_get_descriptor(handle.get(), LIBUSB_DT_BOS, 0, room.data(), 64),
+             LIBUSB_ERROR_PIPE);
+    QCOMPARE(libusb_control_transfer(handle.get(), 0x40, 6, 0x0301, 0, nullptr, 0, PATIENCE_MS),
+             LIBUSB_ERROR_PIPE);
+}
+
+void VirtualUsbBusTest::transferBeyondTheKernelsMemoryIsRefused() {
+    const DeviceId id = m_bench->plug();
+    const LibusbHandle handle = m_bench->openClaimed(id);
+    QVERIFY(handle);
+    Bytes tooMuch = pattern(16 * MIB);
+    int moved = 0;
+    QCOMPARE(
+        libusb_bulk_transfer(handle.get(), 0x02, tooMuch.data(), 16 * MIB, &moved, PATIENCE_MS),
+        LIBUSB_ERROR_NO_MEM);
+    QCOMPARE(moved, 0);
+    QVERIFY(m_bench->device->received().empty());
+    QCOMPARE(m_bench->bus.log(id).transferCount, 0U);
+    const Bytes fitting = pattern(15 * MIB);
+    for (int i = 0; i < 2; ++i) {
+        QCOMPARE(bulkOut(handle, fitting), 0);
+        QVERIFY(m_bench->device->received().back() == fitting);
+    }
+}
+
+void VirtualUsbBusTest::memoryIsSharedByAllTransfersAndGivenBack() {
+    const DeviceId readId = m_bench->plug();
+    const LibusbHandle reader = m_bench->openClaimed(readId);
+    const auto other = std::make_shared<ScriptedDevice>();
+    const LibusbHandle writer = m_bench->openClaimed(m_bench->bus.plug(other));
+    QVERIFY(reader);
+    QVERIFY(writer);
+    auto reading = std::async(std::launch::async, [&] { return bulkIn(reader, 9 * MIB); });
+    QVERIFY(m_bench->bus.waitForLog(readId, isWaiting, PATIENCE));
+    QCOMPARE(bulkOut(writer, pattern(8 * MIB)), LIBUSB_ERROR_NO_MEM);
+    m_bench->device->answerWith(pattern(32));
+    QCOMPARE(reading.get().bytes, pattern(32));
+    QCOMPARE(bulkOut(writer, pattern(8 * MIB)), 0);
 }
 
 void VirtualUsbBusTest::bytesGoOut_data() {

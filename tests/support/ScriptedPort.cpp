@@ -3,12 +3,12 @@
 
 #include "tests/support/WireText.h"
 
-#include <QThread>
 #include <QtEndian>
 
 namespace {
 
 constexpr int DEVICE_GONE = 0xEF00;
+constexpr int TIMED_OUT = 0xEF03;
 constexpr int ID_OFFSET = 2;
 constexpr int ID_END = 4;
 
@@ -81,6 +81,9 @@ QByteArray ScriptedPort::read(int timeoutMs, unsigned char endpoint, int* status
     if (code != 0) {
         *status = code;
     }
+    if (code == TIMED_OUT && row->delayMs == 0) {
+        m_now += std::chrono::milliseconds(timeoutMs);
+    }
     m_transfers.append({stScriptRow::Kind::Read, bytes, timeoutMs, endpoint});
     return bytes;
 }
@@ -101,9 +104,7 @@ std::optional<stScriptRow> ScriptedPort::nextRow(stScriptRow::Kind kind, const Q
     if (row.setsStop) {
         m_stop = true;
     }
-    if (row.delayMs != 0) {
-        QThread::msleep(static_cast<unsigned long>(row.delayMs));
-    }
+    m_now += std::chrono::milliseconds(row.delayMs);
     if (!row.isEndless) {
         ++m_next;
     }

@@ -8,6 +8,7 @@
 #include <QStringList>
 
 #include <atomic>
+#include <chrono>
 #include <optional>
 
 /// One line of a conversation with a camera that exists on paper only: a packet that the tool is
@@ -25,7 +26,7 @@ struct stScriptRow {
 
     /// The same row, setting the stop flag while it runs.
     [[nodiscard]] stScriptRow thenStop() const;
-    /// The same row, taking its time.
+    /// The same row, taking its time by the port's clock.
     [[nodiscard]] stScriptRow after(int waitMs) const;
     /// The same row, again and again: a camera that never runs dry.
     [[nodiscard]] stScriptRow forEver(int paceMs) const;
@@ -69,6 +70,14 @@ public:
     [[nodiscard]] const QList<stTransfer>& transfers() const { return m_transfers; }
     [[nodiscard]] QList<int> writeTimeouts() const { return timeouts(stScriptRow::Kind::Write); }
     [[nodiscard]] QList<int> readTimeouts() const { return timeouts(stScriptRow::Kind::Read); }
+    /// What the rows have taken; for the transactions under test. A read that times out takes its
+    /// time-out, any other row no time, unless it says so.
+    [[nodiscard]] auto clock() const {
+        return [this] { return m_now; };
+    }
+    [[nodiscard]] std::chrono::milliseconds elapsed() const {
+        return std::chrono::duration_cast<std::chrono::milliseconds>(m_now.time_since_epoch());
+    }
     /// The stop flag that rows set; for the transactions under test.
     [[nodiscard]] std::atomic<bool>& stop() { return m_stop; }
 
@@ -83,4 +92,5 @@ private:
     QList<stTransfer> m_transfers;
     QStringList m_complaints;
     std::atomic<bool> m_stop = false;
+    std::chrono::steady_clock::time_point m_now;
 };

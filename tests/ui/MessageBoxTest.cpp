@@ -5,7 +5,9 @@
 #include "ui/ClDialogBase.h"
 #include "ui/ClMessageBox.h"
 
+#include <QApplication>
 #include <QLabel>
+#include <QProxyStyle>
 #include <QPushButton>
 #include <QScreen>
 #include <QTest>
@@ -28,6 +30,22 @@ QStringList buttonTexts(const ClMessageBox& box) {
     return texts;
 }
 
+/// The order of a desktop's buttons.
+class DesktopStyle : public QProxyStyle {
+public:
+    explicit DesktopStyle(int layout) : m_layout(layout) {}
+
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* returned) const override {
+        return hint == SH_DialogButtonLayout
+                   ? m_layout
+                   : QProxyStyle::styleHint(hint, option, widget, returned);
+    }
+
+private:
+    int m_layout;
+};
+
 QPushButton* button(const QDialog& box, const QString& text) {
     const auto buttons = box.findChildren<QPushButton*>();
     const auto found = std::ranges::find(buttons, text, &QPushButton::text);
@@ -49,6 +67,9 @@ private Q_SLOTS:
     void isAnsweredByItsButtons_data();
     void isAnsweredByItsButtons();
     void isRejectedWithoutAnAnswer();
+    void returnAcceptsUnlessRejectingIsPreferred_data();
+    void returnAcceptsUnlessRejectingIsPreferred();
+    void whatCannotBeRejectedIsAccepted();
     void centresTextAndButtons();
     void isAsLargeAsItsTextNeeds();
     void isNeverNarrowerThanADialog();
@@ -133,6 +154,54 @@ void MessageBoxTest::isRejectedWithoutAnAnswer() {
     ClMessageBox box(nullptr, u"text"_s, u"title"_s, QDialogButtonBox::Ok);
     const ModalAnswer answer([](QDialog& shown) { shown.close(); });
     QCOMPARE(box.exec(), int(QDialog::Rejected));
+    QVERIFY(answer.closed());
+}
+
+void MessageBoxTest::returnAcceptsUnlessRejectingIsPreferred_data() {
+    QTest::addColumn<int>("layout");
+    QTest::addColumn<Buttons>("asked");
+    QTest::addColumn<bool>("prefersRejecting");
+    for (const int layout : {QDialogButtonBox::WinLayout, QDialogButtonBox::MacLayout,
+                             QDialogButtonBox::KdeLayout, QDialogButtonBox::GnomeLayout}) {
+        for (const bool prefersRejecting : {false, true}) {
+            const char* preferred = prefersRejecting ? "rejecting" : "accepting";
+            QTest::addRow("OK and Cancel, layout %d, %s", layout, preferred)
+                << layout << Buttons(QDialogButtonBox::Ok | QDialogButtonBox::Cancel)
+                << prefersRejecting;
+            QTest::addRow("Yes and No, layout %d, %s", layout, preferred)
+                << layout << Buttons(QDialogButtonBox::Yes | QDialogButtonBox::No)
+                << prefersRejecting;
+        }
+    }
+}
+
+void MessageBoxTest::returnAcceptsUnlessRejectingIsPreferred() {
+    QFETCH(int, layout);
+    QFETCH(Buttons, asked);
+    QFETCH(bool, prefersRejecting);
+    QApplication::setStyle(new DesktopStyle(layout));
+    for (const bool isFocusAsked : {false, true}) {
+        ClMessageBox box(nullptr, u"text"_s, u"title"_s, asked);
+        if (prefersRejecting) {
+            box.preferRejecting();
+        }
+        const ModalAnswer answer([&](QDialog& shown) {
+            QVERIFY(QTest::qWaitForWindowActive(&shown));
+            // The button with the focus is the default one, too, also for who looks for it.
+            const auto* focused = qobject_cast<QPushButton*>(shown.focusWidget());
+            QVERIFY(focused != nullptr && focused->isDefault());
+            QTest::keyClick(isFocusAsked ? shown.focusWidget() : &shown, Qt::Key_Return);
+        });
+        QCOMPARE(box.exec(), int(prefersRejecting ? QDialog::Rejected : QDialog::Accepted));
+        QVERIFY(answer.closed());
+    }
+}
+
+void MessageBoxTest::whatCannotBeRejectedIsAccepted() {
+    ClMessageBox box(nullptr, u"text"_s, u"title"_s, QDialogButtonBox::Ok);
+    box.preferRejecting();
+    const ModalAnswer answer([](QDialog& shown) { QTest::keyClick(&shown, Qt::Key_Return); });
+    QCOMPARE(box.exec(), int(QDialog::Accepted));
     QVERIFY(answer.closed());
 }
 

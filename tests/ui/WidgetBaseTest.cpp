@@ -12,6 +12,7 @@
 #include <QHideEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPushButton>
 #include <QShowEvent>
 #include <QSignalSpy>
@@ -64,8 +65,10 @@ private Q_SLOTS:
 
     void asksTheUser_data();
     void asksTheUser();
-    void anAnswerDoesNotCountAfterThePageWasLeft();
-    void theNextShowCancelsAQuestionAndWhatItHasOpened();
+    void leavingThePageClosesAQuestion();
+    void anAnswerOfTheMomentThePageIsLeftDoesNotCount();
+    void leavingThePageClosesWhatAQuestionHasOpened();
+    void leavingThePageClosesAMenuOfAQuestion();
     void aMinimisedWindowLeavesAQuestionAlone();
 
     void enterPressesTheButtonThatHasTheKeyboard_data();
@@ -346,21 +349,37 @@ void WidgetBaseTest::asksTheUser() {
     QVERIFY(answer.closed());
 }
 
-void WidgetBaseTest::anAnswerDoesNotCountAfterThePageWasLeft() {
+void WidgetBaseTest::leavingThePageClosesAQuestion() {
     ClWidgetBase page;
     page.show();
     ClMessageBox question = createQuestion(&page);
     const ModalAnswer answer([&page](QDialog& box) {
         page.hide();
-        QVERIFY(box.isVisible());
-        QTest::keyClick(&box, Qt::Key_Return);
+        QVERIFY(!box.isVisible());
     });
     QVERIFY(!page.ask(question));
     QVERIFY(answer.closed());
-    QCOMPARE(question.result(), int(QDialog::Accepted));
+    QCOMPARE(question.result(), int(QDialog::Rejected));
+    // The next one is asked as if nothing had been.
+    page.show();
+    ClMessageBox second = createQuestion(&page);
+    const ModalAnswer next([](QDialog& box) { QTest::keyClick(&box, Qt::Key_Return); });
+    QVERIFY(page.ask(second));
 }
 
-void WidgetBaseTest::theNextShowCancelsAQuestionAndWhatItHasOpened() {
+void WidgetBaseTest::anAnswerOfTheMomentThePageIsLeftDoesNotCount() {
+    ClWidgetBase page;
+    page.show();
+    ClMessageBox question = createQuestion(&page);
+    const ModalAnswer answer([&page](QDialog& box) {
+        QTest::keyClick(&box, Qt::Key_Return);
+        page.hide();
+    });
+    QVERIFY(!page.ask(question));
+    QVERIFY(answer.closed());
+}
+
+void WidgetBaseTest::leavingThePageClosesWhatAQuestionHasOpened() {
     ClWidgetBase page;
     page.show();
     ClMessageBox question = createQuestion(&page);
@@ -370,8 +389,8 @@ void WidgetBaseTest::theNextShowCancelsAQuestionAndWhatItHasOpened() {
         const ModalAnswer next([&](QDialog& opened) {
             QCOMPARE(&opened, &inner);
             page.hide();
-            QVERIFY(opened.isVisible());
-            page.show();
+            QVERIFY(!opened.isVisible());
+            QVERIFY(!box.isVisible());
         });
         QCOMPARE(inner.exec(), int(QDialog::Rejected));
         isInnerClosed = next.closed();
@@ -379,6 +398,29 @@ void WidgetBaseTest::theNextShowCancelsAQuestionAndWhatItHasOpened() {
     QVERIFY(!page.ask(question));
     QVERIFY(isInnerClosed);
     QVERIFY(answer.closed());
+}
+
+void WidgetBaseTest::leavingThePageClosesAMenuOfAQuestion() {
+    ClWidgetBase page;
+    page.show();
+    ClMessageBox question = createQuestion(&page);
+    bool wasDown = false;
+    bool isDown = true;
+    const ModalAnswer answer([&](QDialog& box) {
+        QMenu menu(&box);
+        menu.addAction(u"Copy"_s);
+        QTimer::singleShot(0, &menu, [&] {
+            wasDown = menu.isVisible();
+            page.hide();
+            isDown = menu.isVisible();
+            menu.close();
+        });
+        menu.exec();
+    });
+    QVERIFY(!page.ask(question));
+    QVERIFY(answer.closed());
+    QVERIFY(wasDown);
+    QVERIFY(!isDown);
 }
 
 void WidgetBaseTest::aMinimisedWindowLeavesAQuestionAlone() {

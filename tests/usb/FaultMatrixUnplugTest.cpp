@@ -69,7 +69,7 @@ QList<stLoss> losses() {
 }  // namespace
 
 /// The camera goes during, and between, all transfers of all kinds of transactions. Every row has
-/// a camera of its own, so that the three seconds until an announcement pass for all together.
+/// a camera of its own.
 class FaultMatrixUnplugTest : public QObject {
     Q_OBJECT
 

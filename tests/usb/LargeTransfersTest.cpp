@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "protocol/ClNuboCommandDataReceive.h"
 #include "protocol/CommandIdentifiers.h"
+#include "protocol/DataPackets.h"
 #include "protocol/NuboCommands.h"
 #include "protocol/ResultCodes.h"
 #include "tests/support/TestSubject.h"
@@ -17,7 +17,7 @@ using namespace nubo::simulator;
 
 namespace {
 
-constexpr qsizetype SIZE = 16 * 1024 * 1024;
+constexpr qsizetype SIZE = 1024 * 1024;
 
 /// Bytes in which nothing repeats, so that a packet that is lost, doubled or swapped shows.
 QByteArray noise(qsizetype size) {
@@ -74,8 +74,8 @@ ByteVector vectorOf(const QByteArray& bytes) {
 
 }  // namespace
 
-/// Blocks of 16 MiB in both directions, from message to message: nothing is lost, doubled or
-/// swapped on the way.
+/// Large blocks in both directions, from message to message: nothing is lost, doubled or swapped on
+/// the way. LargeDataTest moves larger ones, past the emulated bus and its real time.
 class LargeTransfersTest : public QObject {
     Q_OBJECT
 

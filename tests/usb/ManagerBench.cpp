@@ -11,7 +11,9 @@
 
 using namespace nubo::simulator;
 
-ManagerBench::ManagerBench(Hub hub) : manager(std::make_unique<ClUsbManager>()), ui(*manager) {
+ManagerBench::ManagerBench(Hub hub, const stUsbTimes& times)
+    : manager(std::make_unique<ClUsbManager>(nullptr, times)),
+      ui(*manager) {
     if (hub == Hub::PluggedIn) {
         plugRootHub(bus);
     }

@@ -4,6 +4,7 @@
 #include "simulator/VirtualCamera.h"
 #include "simulator/VirtualUsbBus.h"
 #include "tests/support/Patience.h"
+#include "tests/support/ShortUsbTimes.h"
 #include "tests/usb/ThreadTask.h"
 #include "tests/usb/UserInterface.h"
 #include "usb/ClUsbManager.h"
@@ -28,6 +29,10 @@ public:
     bool wantsPowerOff() override { return false; }
 };
 
+/// For tests that make every search pass, but the first one, themselves.
+inline constexpr stUsbTimes NO_SEARCH{.search = std::chrono::hours(1),
+                                      .connectWait = SHORT_USB_TIMES.connectWait};
+
 /// A USB manager on a virtual bus, as the main window has it: its thread runs, and start()
 /// initialises it.
 ///
@@ -35,7 +40,8 @@ public:
 struct ManagerBench {
     enum class Hub { PluggedIn, Missing };
 
-    explicit ManagerBench(Hub hub = Hub::PluggedIn);
+    explicit ManagerBench(Hub hub = Hub::PluggedIn, const stUsbTimes& times = SHORT_USB_TIMES);
+    explicit ManagerBench(const stUsbTimes& times) : ManagerBench(Hub::PluggedIn, times) {}
     ~ManagerBench() { bus.settle(); }
     ManagerBench(const ManagerBench&) = delete;
     ManagerBench& operator=(const ManagerBench&) = delete;

@@ -18,9 +18,11 @@ constexpr unsigned int CHARGE = 61;
 /// A camera that says something else before each answer.
 class ChattyCamera : public SteadyCamera {
 public:
+    explicit ChattyCamera(std::size_t strayCount) : m_strayCount(strayCount) {}
+
     void receive(std::span<const std::uint8_t> packet) override {
         const auto id = static_cast<std::uint16_t>(~readU16(packet, ID_OFFSET));
-        m_strays.assign(STRAYS, plainAnswer(id, CameraResult::Success, {9, 9, 9, 9, 9}));
+        m_strays.assign(m_strayCount, plainAnswer(id, CameraResult::Success, {9, 9, 9, 9, 9}));
         SteadyCamera::receive(packet);
     }
     std::optional<std::vector<std::uint8_t>> send() override {
@@ -33,7 +35,7 @@ public:
     }
 
 private:
-    static constexpr std::size_t STRAYS = 7;
+    std::size_t m_strayCount;
     std::vector<std::vector<std::uint8_t>> m_strays;
 };
 
@@ -56,6 +58,7 @@ private Q_SLOTS:
     void answersComeInTheOrderOfTheRequests();
     void foreignPacketsArePassedOver_data() { everyRequestIsAnsweredOnce_data(); }
     void foreignPacketsArePassedOver();
+    void anAnswerLongAfterItsRequestAndSoonAfterAForeignPacketArrives();
     void aRequestWithoutCommandIsLoggedOnceAndRefusedAtOnce_data();
     void aRequestWithoutCommandIsLoggedOnceAndRefusedAtOnce();
     void rawDataIsReadAndNothingIsWritten();
@@ -76,7 +79,7 @@ private:
 void TransactionsOnBusTest::initTestCase() {
     QVERIFY(m_state->set("battery", std::to_string(CHARGE)));
     m_camera = m_bench.bus.plug(m_state);
-    auto chatty = std::make_shared<ChattyCamera>();
+    auto chatty = std::make_shared<ChattyCamera>(7);
     QVERIFY(chatty->set("battery", "62"));
     m_bench.bus.plug(chatty);
     QVERIFY(m_restartingState->set("battery", "63"));
@@ -190,6 +193,24 @@ void TransactionsOnBusTest::foreignPacketsArePassedOver() {
     QFETCH(const QUuid, request);
     QTEST(outcomeOf(m_bench.ui.ask(request, m_chatty)), "outcome");
     QCOMPARE(m_bench.ui.ask(USB_REQ_NUBO_CMD_GET_BATTERY, m_chatty).value(Key::PARAM3), 62U);
+}
+
+void TransactionsOnBusTest::anAnswerLongAfterItsRequestAndSoonAfterAForeignPacketArrives() {
+    const auto camera = std::make_shared<ChattyCamera>(2);
+    QVERIFY(camera->set("battery", "64"));
+    const DeviceId id = m_bench.bus.plug(camera);
+    QVERIFY(m_bench.ui.waitForOpened(1));
+    // One second of silence each, which makes three; the packets are read between them.
+    for (const unsigned transfer : {3U, 4U, 6U}) {
+        m_bench.bus.addFault(id, {.kind = FaultKind::Timeout, .nth = transfer});
+    }
+    m_bench.bus.addFault(id, {.kind = FaultKind::Delay, .argument = 150, .nth = 7});
+    const qint64 before = m_bench.ui.now();
+    const VX_CMD answer = m_bench.ui.ask(USB_REQ_NUBO_CMD_GET_BATTERY, m_bench.ui.opened().first());
+    QCOMPARE(answer.value(Key::PARAM3), 64U);
+    QCOMPARE_GE(m_bench.ui.now() - before, 3100);
+    QVERIFY(m_bench.bus.unplug(id));
+    QVERIFY(m_bench.ui.waitForClosed(1));
 }
 
 void TransactionsOnBusTest::aRequestWithoutCommandIsLoggedOnceAndRefusedAtOnce_data() {

@@ -4,13 +4,17 @@
 // cause. The linker sends its calls to the functions here (see CMakeLists.txt); all else is the
 // real libusb.
 
+#include "protocol/CommandIdentifiers.h"
 #include "tests/support/TestSubject.h"
 #include "tests/usb/ControllerBench.h"
+#include "tests/usb/ManagerBench.h"
 
 #include <QSignalSpy>
 #include <QTest>
 
+#include <functional>
 #include <optional>
+#include <span>
 
 using namespace nubo::simulator;
 
@@ -19,6 +23,7 @@ int __real_libusb_bulk_transfer(libusb_device_handle*, unsigned char, unsigned c
                                 unsigned int);
 int __real_libusb_claim_interface(libusb_device_handle*, int);
 int __real_libusb_release_interface(libusb_device_handle*, int);
+int __real_libusb_get_config_descriptor(libusb_device*, std::uint8_t, libusb_config_descriptor**);
 }
 
 namespace {
@@ -35,6 +40,8 @@ struct stLibusbCalls {
     QList<int> timeouts;
     int claimsUntilRefusal = 100;
     std::optional<stTransferEnd> transferEnd;
+    std::function<void()> duringTransfer = [] {};
+    std::optional<std::uint8_t> interfaceNumber;  ///< of all settings, whatever the device says
 };
 
 stLibusbCalls g_calls;
@@ -46,6 +53,7 @@ int __wrap_libusb_bulk_transfer(libusb_device_handle* handle, unsigned char endp
                                 unsigned char* data, int length, int* transferred,
                                 unsigned int timeout) {
     g_calls.timeouts.append(static_cast<int>(timeout));
+    g_calls.duringTransfer();
     if (g_calls.transferEnd) {
         *transferred = g_calls.transferEnd->transferred;
         return g_calls.transferEnd->result;
@@ -59,6 +67,19 @@ int __wrap_libusb_claim_interface(libusb_device_handle* handle, int number) {
         return LIBUSB_ERROR_BUSY;
     }
     return __real_libusb_claim_interface(handle, number);
+}
+
+int __wrap_libusb_get_config_descriptor(libusb_device* device, std::uint8_t index,
+                                        libusb_config_descriptor** config) {
+    const int result = __real_libusb_get_config_descriptor(device, index, config);
+    if (result == LIBUSB_SUCCESS && g_calls.interfaceNumber) {
+        for (const auto& interface : std::span((*config)->interface, (*config)->bNumInterfaces)) {
+            // Memory of libusb's heap, which its callers only read.
+            const_cast<libusb_interface_descriptor*>(interface.altsetting)->bInterfaceNumber =
+                *g_calls.interfaceNumber;
+        }
+    }
+    return result;
 }
 
 int __wrap_libusb_release_interface(libusb_device_handle* handle, int number) {
@@ -89,11 +110,13 @@ private Q_SLOTS:
 
     void everySettingIsClaimedAndReleased();
     void aRefusedSettingEndsTheInterface();
+    void interfacesAreClaimedByTheirPlace();
     void aReadMapsTheResult_data();
     void aReadMapsTheResult();
     void aWriteReturnsTheCount_data();
     void aWriteReturnsTheCount();
     void theTimeoutIsTheCallersOwn();
+    void aRawReadWaitsOneSecondAndKeepsOthersOut();
 };
 
 void UsbControllerCallsTest::everySettingIsClaimedAndReleased() {
@@ -120,6 +143,17 @@ void UsbControllerCallsTest::aRefusedSettingEndsTheInterface() {
     QCOMPARE(int{bench.controller.getEndPoint(0x83)}, 0x81);
     bench.controller.close();
     QCOMPARE(g_calls.releases, (QList<int>{0}));
+}
+
+void UsbControllerCallsTest::interfacesAreClaimedByTheirPlace() {
+    g_calls.interfaceNumber = 5;
+    DeviceOptions options = deviceWith({interfaceWith({0x81, 0x02}), interfaceWith({0x83, 0x04})});
+    options.busyInterfaces = {0};
+    ControllerBench bench(options);
+    QCOMPARE(bench.controller.open(), 0);
+    QCOMPARE(g_calls.claims, (QList<int>{0, 1}));
+    bench.controller.close();
+    QCOMPARE(g_calls.releases, (QList<int>{1}));
 }
 
 void UsbControllerCallsTest::aReadMapsTheResult_data() {
@@ -196,6 +230,22 @@ void UsbControllerCallsTest::theTimeoutIsTheCallersOwn() {
     QCOMPARE(bench.controller.write(REQUEST, 1000, 255), int(REQUEST.size()));
     QCOMPARE(bench.controller.read(3000, 255, nullptr), "answer");
     QCOMPARE(g_calls.timeouts, (QList<int>{1000, 3000}));
+}
+
+void UsbControllerCallsTest::aRawReadWaitsOneSecondAndKeepsOthersOut() {
+    ManagerBench bench;
+    bench.plugCamera();
+    QCOMPARE(bench.start(), 0);
+    QVERIFY(bench.ui.waitForOpened(1));
+    QVERIFY(bench.manager->canCommunication());
+    QList<bool> canCommunicate;
+    g_calls.transferEnd = {LIBUSB_SUCCESS, 3};
+    g_calls.duringTransfer = [&] { canCommunicate << bench.manager->canCommunication(); };
+    const VX_CMD notice = bench.ui.ask(USB_CMD_SEND_DATA, bench.ui.opened().first());
+    QCOMPARE(notice.value(Key::PARAM2), QVariant(QByteArray(3, '\0')));
+    QCOMPARE(canCommunicate, QList<bool>{false});
+    QCOMPARE(g_calls.timeouts, QList<int>{1000});
+    QVERIFY(bench.manager->canCommunication());
 }
 
 const TestSubject registered = subjectWithoutScreen<UsbControllerCallsTest>();

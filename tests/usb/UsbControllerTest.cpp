@@ -143,6 +143,11 @@ void UsbControllerTest::findsItsEndpointsAnew() {
     QCOMPARE(bench.controller.open(), 0);
     QCOMPARE(bench.controller.findEndpoints(), 0);
     QCOMPARE(int{bench.controller.getEndPoint(0x80)}, 0x81);
+
+    // Nothing is left of those that were found before.
+    bench.bus.setBusyInterfaces(bench.id, {0});
+    QCOMPARE(bench.controller.findEndpoints(), int{LIBUSB_ERROR_NOT_FOUND});
+    QCOMPARE(int{bench.controller.getEndPoint(0x80)}, 0);
 }
 
 void UsbControllerTest::findsNoEndpointsWithoutAnOpenDevice() {

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "protocol/CommandIdentifiers.h"
 #include "tests/support/TestSubject.h"
 #include "tests/support/WithoutFileOverride.h"
 #include "tests/usb/ManagerBench.h"
@@ -27,6 +28,12 @@ public:
         return std::exchange(m_messages, {});
     }
 
+    /// They come again with the next ones.
+    void putBack(const QStringList& messages) {
+        const QMutexLocker lock(&m_mutex);
+        m_messages = messages + m_messages;
+    }
+
 private:
     static void keep(QtMsgType type, const QMessageLogContext& context, const QString& text) {
         if (qstrcmp(context.category, "nubo.usb") != 0) {
@@ -43,6 +50,10 @@ private:
     QStringList m_messages;
 };
 
+/// No message comes in between that a camera is ready.
+constexpr stUsbTimes ENDLESS_WAIT{.search = std::chrono::milliseconds(1000),
+                                  .connectWait = std::chrono::hours(1)};
+
 const QString BUSY = QStringLiteral("Resource busy");
 
 QString opened(int device) {
@@ -58,6 +69,8 @@ QString failed(int device, const QString& reason) {
 
 }  // namespace
 
+Q_DECLARE_METATYPE(nubo::simulator::FaultKind)
+
 /// What a user who starts the tool in a terminal learns about the camera's link: every change once,
 /// however often the search meets it.
 class UsbManagerLogTest : public QObject {
@@ -67,6 +80,10 @@ private Q_SLOTS:
     void init() { m_messages = std::make_unique<UsbMessages>(); }
     void cleanup() { m_messages.reset(); }
 
+    void theStartNamesTheIdentity();
+    void aFailedRequestIsReportedOnce_data();
+    void aFailedRequestIsReportedOnce();
+    void aRequestThatSucceedsIsNotReported();
     void aCameraIsReportedWhenItComesAndGoes();
     void aFailureIsReportedWhenItChanges();
     void aDeniedCameraComesWithAHint();
@@ -76,6 +93,14 @@ private Q_SLOTS:
     void aCameraWithNothingToClaimIsNotCalledBusy();
 
 private:
+    /// Starts the search, and forgets what that says.
+    [[nodiscard]] int start(const ManagerBench& bench) {
+        const int result = bench.start();
+        QStringList messages = m_messages->take();
+        messages.removeFirst();
+        m_messages->putBack(messages);
+        return result;
+    }
     /// The messages of three search passes.
     QStringList messagesOfPasses(const ManagerBench& bench) {
         for (int pass = 0; pass < 3; ++pass) {
@@ -87,24 +112,72 @@ private:
     std::unique_ptr<UsbMessages> m_messages;
 };
 
-void UsbManagerLogTest::aCameraIsReportedWhenItComesAndGoes() {
+void UsbManagerLogTest::theStartNamesTheIdentity() {
     ManagerBench bench;
+    QCOMPARE(bench.manager->initialize({{0x1234, 0x00AB}, {0xFEDC, 0x0001}}), 0);
+    const QString text = QStringLiteral("Looking for a camera with the USB identity ");
+    QCOMPARE(m_messages->take(),
+             (QStringList{text + QStringLiteral("1234:00ab"), text + QStringLiteral("fedc:0001")}));
+    // A second start is none.
     QCOMPARE(bench.start(), 0);
     QCOMPARE(messagesOfPasses(bench), QStringList());
+}
+
+void UsbManagerLogTest::aFailedRequestIsReportedOnce_data() {
+    QTest::addColumn<FaultKind>("kind");
+    QTest::addColumn<std::uint32_t>("code");
+    QTest::addColumn<QString>("result");
+    QTest::newRow("link") << FaultKind::Stall << 0U << QStringLiteral("USB_ERROR_OTHER (0xef05)");
+    QTest::newRow("camera") << FaultKind::CameraError << 0xFFF9U
+                            << QStringLiteral("NUBO_CMD_ERROR_BUSY (0xfff9)");
+    QTest::newRow("unheard of") << FaultKind::CameraError << 0x0001U
+                                << QStringLiteral("Unknown:1 (0x0001)");
+}
+
+void UsbManagerLogTest::aFailedRequestIsReportedOnce() {
+    QFETCH(const FaultKind, kind);
+    QFETCH(const std::uint32_t, code);
+    QFETCH(const QString, result);
+    ManagerBench bench;
     const DeviceId camera = bench.plugCamera();
-    QCOMPARE(messagesOfPasses(bench), QStringList{opened(2)});
+    QCOMPARE(bench.start(), 0);
     QVERIFY(bench.ui.waitForOpened(1));
-    QCOMPARE(messagesOfPasses(bench), QStringList{QStringLiteral("Camera ready")});
+    m_messages->take();
+    bench.bus.addFault(camera, {.kind = kind, .argument = code, .nth = 2, .count = 3});
+    QVERIFY(!bench.ui.ask(USB_REQ_NUBO_CMD_GET_BATTERY, bench.ui.opened().first()).isEmpty());
+    QCOMPARE(m_messages->take(),
+             QStringList{QStringLiteral("!USB_REQ_NUBO_CMD_GET_BATTERY failed: ") + result});
+}
+
+void UsbManagerLogTest::aRequestThatSucceedsIsNotReported() {
+    ManagerBench bench;
+    bench.plugCamera();
+    QCOMPARE(bench.start(), 0);
+    QVERIFY(bench.ui.waitForOpened(1));
+    m_messages->take();
+    for (const QUuid& request : {USB_REQ_NUBO_CMD_GET_BATTERY, USB_NUBO_CMD_FORMAT_SD}) {
+        QVERIFY(!bench.ui.ask(request, bench.ui.opened().first()).isEmpty());
+    }
+    QCOMPARE(m_messages->take(), QStringList());
+}
+
+void UsbManagerLogTest::aCameraIsReportedWhenItComesAndGoes() {
+    ManagerBench bench;
+    QCOMPARE(start(bench), 0);
+    QCOMPARE(messagesOfPasses(bench), QStringList());
+    const DeviceId camera = bench.plugCamera();
+    QVERIFY(bench.ui.waitForOpened(1));
+    QCOMPARE(messagesOfPasses(bench), (QStringList{opened(2), QStringLiteral("Camera ready")}));
     QVERIFY(bench.bus.unplug(camera));
     QCOMPARE(messagesOfPasses(bench), QStringList{QStringLiteral("Camera gone")});
 }
 
 void UsbManagerLogTest::aFailureIsReportedWhenItChanges() {
     const WithoutFileOverride unprivileged;
-    ManagerBench bench;
+    ManagerBench bench(ENDLESS_WAIT);
     const DeviceId camera = bench.plugCamera();
     bench.bus.setBusyInterfaces(camera, {0});
-    QCOMPARE(bench.start(), 0);
+    QCOMPARE(start(bench), 0);
     const QStringList busy{failed(2, BUSY)};
     QCOMPARE(messagesOfPasses(bench), busy);
     bench.bus.setNodeAccess(camera, NodeAccess::Denied);
@@ -119,7 +192,7 @@ void UsbManagerLogTest::aDeniedCameraComesWithAHint() {
     const WithoutFileOverride unprivileged;
     ManagerBench bench;
     bench.plugCamera({.access = NodeAccess::Denied});
-    QCOMPARE(bench.start(), 0);
+    QCOMPARE(start(bench), 0);
     const QStringList messages = messagesOfPasses(bench);
     QCOMPARE(messages.size(), 2);
     QCOMPARE(messages.first(),
@@ -132,9 +205,9 @@ void UsbManagerLogTest::aDeniedCameraComesWithAHint() {
 }
 
 void UsbManagerLogTest::aCameraWithoutNodeCountsAsUnplugged() {
-    ManagerBench bench;
+    ManagerBench bench(ENDLESS_WAIT);
     const DeviceId camera = bench.plugCamera({.access = NodeAccess::Missing});
-    QCOMPARE(bench.start(), 0);
+    QCOMPARE(start(bench), 0);
     QCOMPARE(
         messagesOfPasses(bench),
         QStringList{failed(2, QStringLiteral("No such device (it may have been disconnected)"))});
@@ -148,7 +221,7 @@ void UsbManagerLogTest::aFailureIsReportedAgainAfterAReplug() {
     ManagerBench bench;
     const DeviceId camera = bench.plugCamera();
     bench.bus.setBusyInterfaces(camera, {0});
-    QCOMPARE(bench.start(), 0);
+    QCOMPARE(start(bench), 0);
     const QStringList failure{failed(2, BUSY)};
     QCOMPARE(messagesOfPasses(bench), failure);
     QVERIFY(bench.bus.unplug(camera));
@@ -165,12 +238,12 @@ void UsbManagerLogTest::aFailureIsReportedAgainAfterAReplug() {
 }
 
 void UsbManagerLogTest::everyCameraFailsForItself() {
-    ManagerBench bench;
+    ManagerBench bench(ENDLESS_WAIT);
     const DeviceId first = bench.plugCamera();
     const DeviceId second = bench.plugCamera();
     bench.bus.setBusyInterfaces(first, {0});
     bench.bus.setBusyInterfaces(second, {0});
-    QCOMPARE(bench.start(), 0);
+    QCOMPARE(start(bench), 0);
     QCOMPARE(messagesOfPasses(bench).size(), 2);
     bench.bus.setBusyInterfaces(second, {});
     QCOMPARE(messagesOfPasses(bench), QStringList{opened(3)});
@@ -181,7 +254,7 @@ void UsbManagerLogTest::aCameraWithNothingToClaimIsNotCalledBusy() {
     DeviceOptions options;
     options.description.interfaces = {};
     bench.plugCamera(options);
-    QCOMPARE(bench.start(), 0);
+    QCOMPARE(start(bench), 0);
     QCOMPARE(messagesOfPasses(bench), QStringList{failed(2, QStringLiteral("Entity not found"))});
 }
 

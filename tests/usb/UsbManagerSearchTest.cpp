@@ -30,7 +30,7 @@ private Q_SLOTS:
     void everyIdentityOfTheListIsAccepted();
     void aSecondStartChangesNothing();
     void communicationIsPossibleWhileACameraIsOpenAndIdle();
-    void aBusyCameraIsTriedAgainEverySecond();
+    void aBusyCameraIsTriedUntilItIsFree();
 };
 
 void UsbManagerSearchTest::nothingIsSearchedBeforeTheStart() {
@@ -126,16 +126,13 @@ void UsbManagerSearchTest::communicationIsPossibleWhileACameraIsOpenAndIdle() {
     QVERIFY(!bench.manager->canCommunication());
 }
 
-void UsbManagerSearchTest::aBusyCameraIsTriedAgainEverySecond() {
+void UsbManagerSearchTest::aBusyCameraIsTriedUntilItIsFree() {
     ManagerBench bench;
     DeviceOptions options;
     options.busyInterfaces = {0};
     const DeviceId camera = bench.plugCamera(options);
-    QElapsedTimer sinceStart;
-    sinceStart.start();
     QCOMPARE(bench.start(), 0);
     TRY_VERIFY(bench.bus.log(camera).refusedClaims.size() >= 3);
-    QCOMPARE_GE(sinceStart.elapsed(), 1900);
     QVERIFY(!bench.manager->canCommunication());
 
     bench.bus.setBusyInterfaces(camera, {});

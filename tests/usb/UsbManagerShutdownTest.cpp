@@ -10,6 +10,9 @@ using namespace nubo::simulator;
 
 namespace {
 
+constexpr stUsbTimes ENDLESS_WAIT{.search = SHORT_USB_TIMES.search,
+                                  .connectWait = std::chrono::hours(1)};
+
 /// The transfers that the device has finished, and no more than one that was under way.
 std::uint64_t transfersWithTheOneUnderWay(const ManagerBench& bench, DeviceId camera) {
     return bench.bus.log(camera).transferCount + 1;
@@ -60,7 +63,7 @@ void UsbManagerShutdownTest::anOpenCameraIsGivenBackWithoutAMessage_data() {
 
 void UsbManagerShutdownTest::anOpenCameraIsGivenBackWithoutAMessage() {
     QFETCH(const int, announced);
-    ManagerBench bench;
+    ManagerBench bench(announced == 0 ? ENDLESS_WAIT : SHORT_USB_TIMES);
     const DeviceId camera = bench.plugCamera();
     QCOMPARE(bench.start(), 0);
     QVERIFY(bench.ui.waitForOpened(announced));

@@ -115,7 +115,7 @@ void UsbManagerStressTest::hundredPlugCyclesLeaveNothingBehind() {
 }
 
 void UsbManagerStressTest::hundredRefusalsLeaveNothingBehind() {
-    ManagerBench bench;
+    ManagerBench bench(NO_SEARCH);
     const DeviceId camera = bench.plugCamera({.busyInterfaces = {0}});
     QCOMPARE(bench.start(), 0);
     QVERIFY(bench.waitForHandles(camera, 0));

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "protocol/ClNuboCommandDataReceive.h"
-#include "protocol/ClNuboCommandDataSend.h"
 #include "protocol/CommandIdentifiers.h"
+#include "protocol/DataPackets.h"
 #include "protocol/NuboCommands.h"
 #include "tests/support/TestSubject.h"
 #include "tests/usb/ManagerBench.h"

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "pages/basic/ClDialogCameraName.h"
 #include "pages/basic/ClWidgetBasicSetting.h"
 #include "tests/pages/PageBench.h"
 #include "tests/pages/basic/BasicSettingMessages.h"
@@ -151,6 +152,12 @@ void BasicSettingPageTest::theNewNameIsShownWhenTheCameraConfirmsIt() {
 }
 
 void BasicSettingPageTest::aRefusedNameKeepsTheOldOne() {
+    m_bench->boxes.setAction([](QWidget& box) {
+        if (qobject_cast<ClDialogCameraName*>(&box) != nullptr) {
+            DialogControls(box).fill(0, u"Tern42"_s);
+        }
+        acceptBox(box);
+    });
     m_bench->page.slotReceiveCommand(nameAnswer(u"Gull"_s));
     clickName();
     m_bench->page.slotReceiveCommand(nameAnswer(u"Gull"_s));

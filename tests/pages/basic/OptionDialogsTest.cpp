@@ -6,9 +6,12 @@
 #include "tests/support/DialogControls.h"
 #include "tests/support/TestSubject.h"
 
+#include <QLabel>
 #include <QRadioButton>
 #include <QSlider>
 #include <QTest>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -46,6 +49,7 @@ private Q_SLOTS:
     void contrastLoads_data();
     void contrastLoads();
     void contrastCannotLeaveItsRange();
+    void contrastIsLightAtTheLowEnd();
 };
 
 void OptionDialogsTest::ledLoads_data() {
@@ -239,6 +243,25 @@ void OptionDialogsTest::contrastCannotLeaveItsRange() {
     QCOMPARE(step(Qt::Key_Left), 0);
     QCOMPARE(step(Qt::Key_PageDown), 0);
     QCOMPARE(step(Qt::Key_End), 4);
+}
+
+void OptionDialogsTest::contrastIsLightAtTheLowEnd() {
+    ClDialogImageQuarity dialog;
+    dialog.setParam({2U});
+    QVERIFY(open(dialog));
+    auto* const slider = dialog.findChild<QSlider*>();
+    const auto label = [&dialog](const QString& text) {
+        const auto labels = dialog.findChildren<QLabel*>();
+        return *std::ranges::find(labels, text, &QLabel::text);
+    };
+    QVERIFY(label(u"Light"_s)->geometry().right() < slider->geometry().left());
+    QVERIFY(label(u"Dark"_s)->geometry().left() > slider->geometry().right());
+    // The slider's own low end is the one on the left.
+    QVERIFY(slider->isLeftToRight());
+    QVERIFY(!slider->invertedAppearance());
+    const DialogControls controls(dialog);
+    controls.slide(Qt::Key_Left);
+    QCOMPARE(dialog.getParam().constFirst().toInt(), 1);
 }
 
 const TestSubject registered = subjectWithWidgets<OptionDialogsTest>();

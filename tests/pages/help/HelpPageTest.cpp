@@ -3,6 +3,7 @@
 #include "pages/help/ClWidgetLogo.h"
 #include "tests/pages/PageBench.h"
 #include "tests/support/HelpReader.h"
+#include "tests/support/SummerTime.h"
 #include "tests/support/TestSubject.h"
 #include "tests/ui/TaggingTranslator.h"
 #include "ui/Artwork.h"
@@ -60,6 +61,7 @@ private Q_SLOTS:
     void showingThePageClearsWhatTheLastCameraLeft();
     void aValueIsShown_data();
     void aValueIsShown();
+    void aDayWhoseHourSummerTimeSkipsHereIsShown();
     void aStrangeValueStaysInItsRow_data();
     void aStrangeValueStaysInItsRow();
     void aFailureEndsTheChain_data();
@@ -209,6 +211,13 @@ void HelpPageTest::aValueIsShown() {
     QStringList expected(5, u"--"_s);
     expected[number] = text;
     QCOMPARE(shown().values(), expected);
+}
+
+void HelpPageTest::aDayWhoseHourSummerTimeSkipsHereIsShown() {
+    const SummerTime here;
+    m_bench->page.slotReceiveCommand(
+        valueAnswer(USB_RES_NUBO_CMD_GET_CREATEDAY, SummerTime::skipped()));
+    QVERIFY(m_bench->user.shows(u"2026/03/29"_s));
 }
 
 void HelpPageTest::aStrangeValueStaysInItsRow_data() {

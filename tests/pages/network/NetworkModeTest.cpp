@@ -21,6 +21,15 @@ private Q_SLOTS:
     void theNextPollShowsACameraThatRefused();
     void theWritesNameTheirSender();
     void theNextPollPutsAFailedChangeRight();
+    void aModeThatWasNotWrittenIsAskedForAnew_data();
+    void aModeThatWasNotWrittenIsAskedForAnew();
+    void oneOfTwoWritesFails_data();
+    void oneOfTwoWritesFails();
+    void aSwitchIsReadBackAtOnce();
+    void aWrittenModeIsNotReadBack();
+    void uncheckingAndCheckingAgainSwitchesOnAgain();
+    void checkingAgainBeforeItIsReadSwitchesOnAgain();
+    void aModeWhoseResultWasMissedIsAskedForAnew();
 
     void theBoxesFollowTheCamera_data();
     void theBoxesFollowTheCamera();
@@ -117,15 +126,22 @@ void NetworkModeTest::theNextPollShowsACameraThatRefused() {
     m_bench->network.clickTab(tab);
     start(isOn, mode);
     m_bench->network.box(tab).setChecked(!isChecked);
-    m_bench->network.clickBox(tab);
     m_bench->takeSent();
+    m_bench->network.clickBox(tab);
+    const QStringList sent = m_bench->takeSent();
+    for (const QUuid& command : {USB_NUBO_CMD_SET_WIFI_ONOFF, USB_NUBO_CMD_SET_WIFI_MODE}) {
+        if (!sent.filter(getUsbCommand(command)).isEmpty()) {
+            m_bench->respond(command, 0xFFFF);
+        }
+    }
+    QCOMPARE(boxes(), after);
+    QCOMPARE(m_bench->takeSent(), QStringList());
 
     m_bench->answerOnOff(isOn);
     if (!isOn) {
         QCOMPARE(boxes(), (QList<bool>{false, false}));
         QCOMPARE(m_bench->takeSent(), QStringList());
-    } else if (isChecked) {
-        // What was set last counts as the mode from then on.
+    } else if (sent.isEmpty()) {
         QCOMPARE(boxes(), (QList<bool>{clicked == 1, clicked == 2}));
         QCOMPARE(m_bench->takeSent(), QStringList());
     } else {
@@ -155,6 +171,154 @@ void NetworkModeTest::theNextPollPutsAFailedChangeRight() {
     // Wi-Fi has stayed on; its mode is no longer known.
     m_bench->answerOnOff(true);
     QCOMPARE(boxes(), (QList<bool>{false, false}));
+    QCOMPARE(m_bench->takeSent(), QStringList{GET_MODE});
+    m_bench->answerMode(1);
+    QCOMPARE(boxes(), (QList<bool>{true, false}));
+}
+
+void NetworkModeTest::aModeThatWasNotWrittenIsAskedForAnew_data() {
+    QTest::addColumn<QUuid>("kind");
+    QTest::addColumn<unsigned short>("code");
+    QTest::addColumn<int>("errors");
+    const auto row = [](const char* name, const QUuid& kind, int code, int errors) {
+        QTest::newRow(name) << kind << static_cast<unsigned short>(code) << errors;
+    };
+    row("refused", USB_NUBO_CMD_RESPONSE, 0xFFFB, 1);
+    row("lost", USB_CMD_ERROR, 0xEF03, 1);
+    row("the camera has gone", USB_CMD_ERROR, 0xEF00, 0);
+}
+
+void NetworkModeTest::aModeThatWasNotWrittenIsAskedForAnew() {
+    QFETCH(const QUuid, kind);
+    QFETCH(const unsigned short, code);
+    QFETCH(const int, errors);
+    m_bench->network.clickTab(ADHOC);
+    start(true, 1);
+    m_bench->takeSent();
+    m_bench->network.clickBox(ADHOC);
+    QCOMPARE(m_bench->takeSent(), QStringList{SET_MODE.arg(2)});
+    m_bench->page.slotReceiveCommand(plainResult(kind, USB_NUBO_CMD_SET_WIFI_MODE, code));
+    QCOMPARE(m_bench->boxes.boxes().size(), errors);
+    QCOMPARE(boxes(), (QList<bool>{false, true}));
+    QCOMPARE(m_bench->takeSent(), QStringList());
+
+    m_bench->answerOnOff(true);
+    QCOMPARE(boxes(), (QList<bool>{false, true}));
+    QCOMPARE(m_bench->takeSent(), QStringList{GET_MODE});
+    m_bench->answerMode(1);
+    QCOMPARE(boxes(), (QList<bool>{true, false}));
+    // From here on it is known again.
+    m_bench->answerOnOff(true);
+    QCOMPARE(m_bench->takeSent(), QStringList());
+    m_bench->network.clickBox(ADHOC);
+    QCOMPARE(m_bench->takeSent(), QStringList{SET_MODE.arg(2)});
+}
+
+void NetworkModeTest::oneOfTwoWritesFails_data() {
+    QTest::addColumn<bool>("isSwitched");
+    QTest::addColumn<bool>("isModeSet");
+    QTest::newRow("only the switch") << false << true;
+    QTest::newRow("only the mode") << true << false;
+    QTest::newRow("both") << false << false;
+}
+
+void NetworkModeTest::oneOfTwoWritesFails() {
+    QFETCH(const bool, isSwitched);
+    QFETCH(const bool, isModeSet);
+    m_bench->network.clickTab(ADHOC);
+    start(false, 1);
+    m_bench->takeSent();
+    m_bench->network.clickBox(ADHOC);
+    QCOMPARE(m_bench->takeSent(), (QStringList{SET_ON, SET_MODE.arg(2)}));
+    m_bench->respond(USB_NUBO_CMD_SET_WIFI_ONOFF, isSwitched ? 0 : 0xFFFB);
+    QCOMPARE(m_bench->takeSent(), isSwitched ? QStringList{GET_ONOFF} : QStringList());
+    m_bench->respond(USB_NUBO_CMD_SET_WIFI_MODE, isModeSet ? 0 : 0xFFFB);
+    QCOMPARE(m_bench->takeSent(), QStringList());
+    QCOMPARE(m_bench->boxes.boxes().size(), 1);
+    QCOMPARE(boxes(), (QList<bool>{false, true}));
+
+    m_bench->answerOnOff(isSwitched);
+    if (isSwitched) {
+        QCOMPARE(m_bench->takeSent(), QStringList{GET_MODE});
+        m_bench->answerMode(isModeSet ? 2 : 1);
+        QCOMPARE(boxes(), (QList<bool>{!isModeSet, isModeSet}));
+        return;
+    }
+    QCOMPARE(m_bench->takeSent(), QStringList());
+    QCOMPARE(boxes(), (QList<bool>{false, false}));
+    // Somebody switches it on at the camera.
+    m_bench->answerOnOff(true);
+    QCOMPARE(m_bench->takeSent(), QStringList{GET_MODE});
+    m_bench->answerMode(isModeSet ? 2 : 1);
+    QCOMPARE(boxes(), (QList<bool>{!isModeSet, isModeSet}));
+}
+
+void NetworkModeTest::aSwitchIsReadBackAtOnce() {
+    m_bench->network.clickTab(ADHOC);
+    start(false, 0);
+    m_bench->takeSent();
+    m_bench->network.clickBox(ADHOC);
+    QCOMPARE(m_bench->takeSent(), (QStringList{SET_ON, SET_MODE.arg(2)}));
+    m_bench->succeed(USB_NUBO_CMD_SET_WIFI_ONOFF);
+    QCOMPARE(m_bench->takeSent(), QStringList{GET_ONOFF});
+    m_bench->succeed(USB_NUBO_CMD_SET_WIFI_MODE);
+    m_bench->answerOnOff(true);
+    QCOMPARE(m_bench->takeSent(), QStringList());
+    QVERIFY(g_bIsWifiON);
+    QCOMPARE(boxes(), (QList<bool>{false, true}));
+}
+
+void NetworkModeTest::aWrittenModeIsNotReadBack() {
+    m_bench->network.clickTab(ADHOC);
+    start(true, 1);
+    m_bench->takeSent();
+    m_bench->network.clickBox(ADHOC);
+    m_bench->succeed(USB_NUBO_CMD_SET_WIFI_MODE);
+    m_bench->page.showInit(true);
+    m_bench->answerOnOff(true);
+    QCOMPARE(m_bench->takeSent(), (QStringList{SET_MODE.arg(2), GET_ONOFF}));
+    QCOMPARE(boxes(), (QList<bool>{false, true}));
+}
+
+void NetworkModeTest::uncheckingAndCheckingAgainSwitchesOnAgain() {
+    start(true, 1);
+    m_bench->takeSent();
+    m_bench->network.clickBox(INFRASTRUCTURE);
+    QCOMPARE(m_bench->takeSent(), QStringList{SET_OFF});
+    m_bench->succeed(USB_NUBO_CMD_SET_WIFI_ONOFF);
+    QCOMPARE(m_bench->takeSent(), QStringList{GET_ONOFF});
+    m_bench->answerOnOff(false);
+    m_bench->network.clickBox(INFRASTRUCTURE);
+    QCOMPARE(m_bench->takeSent(), (QStringList{SET_ON, SET_MODE.arg(1)}));
+}
+
+void NetworkModeTest::checkingAgainBeforeItIsReadSwitchesOnAgain() {
+    start(true, 1);
+    m_bench->takeSent();
+    m_bench->network.clickBox(INFRASTRUCTURE);
+    m_bench->network.clickBox(INFRASTRUCTURE);
+    QCOMPARE(m_bench->takeSent(), (QStringList{SET_OFF, SET_ON, SET_MODE.arg(1)}));
+    m_bench->network.clickBox(INFRASTRUCTURE);
+    m_bench->succeed(USB_NUBO_CMD_SET_WIFI_ONOFF);
+    m_bench->network.clickBox(INFRASTRUCTURE);
+    QCOMPARE(m_bench->takeSent(), (QStringList{SET_OFF, GET_ONOFF, SET_ON, SET_MODE.arg(1)}));
+    // Read and found on, it need not be switched on once more.
+    m_bench->network.clickBox(INFRASTRUCTURE);
+    m_bench->answerOnOff(true);
+    m_bench->answerMode(2);
+    m_bench->takeSent();
+    m_bench->network.clickBox(INFRASTRUCTURE);
+    QCOMPARE(m_bench->takeSent(), QStringList{SET_MODE.arg(1)});
+}
+
+void NetworkModeTest::aModeWhoseResultWasMissedIsAskedForAnew() {
+    start(true, 1);
+    m_bench->network.clickTab(ADHOC);
+    m_bench->network.clickBox(ADHOC);
+    // The page is left, and shown again.
+    m_bench->page.showInit(false);
+    m_bench->takeSent();
+    m_bench->answerOnOff(true);
     QCOMPARE(m_bench->takeSent(), QStringList{GET_MODE});
     m_bench->answerMode(1);
     QCOMPARE(boxes(), (QList<bool>{true, false}));

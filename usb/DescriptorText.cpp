@@ -1,10 +1,7 @@
 // SPDX-License-Identifier: MIT
-//
-// The dump of a device's descriptors as text, for diagnostics. The labels are fixed; tools compare
-// them.
+#include "usb/DescriptorText.h"
 
-#include "protocol/CommandIdentifiers.h"
-#include "usb/ClUsbManager.h"
+#include "usb/LibusbOwners.h"
 
 #include <span>
 
@@ -28,36 +25,7 @@ QString extraLine(const unsigned char* bytes, int count) {
 
 }  // namespace
 
-void ClUsbManager::sendDeviceInfo(libusb_device* device) {
-    libusb_device_descriptor descriptor{};
-    if (libusb_get_device_descriptor(device, &descriptor) != LIBUSB_SUCCESS) {
-        return;
-    }
-    QString text = getDeviceDescriptorInfo(&descriptor) + u'\n';
-    for (std::uint8_t index = 0; index < descriptor.bNumConfigurations; ++index) {
-        const LibusbConfig config = readConfig(device, index);
-        if (!config) {
-            continue;
-        }
-        text += getConfigDescriptorInfo(config.get(), index) + u'\n';
-        if (config->bNumInterfaces == 0) {
-            continue;
-        }
-        const libusb_interface& first = config->interface[0];
-        for (int j = 0; j < first.num_altsetting; ++j) {
-            libusb_interface_descriptor setting = first.altsetting[j];
-            text += getInterfaceDescriptorInfo(&setting, j) + u'\n';
-            for (int k = 0; k < setting.bNumEndpoints; ++k) {
-                libusb_endpoint_descriptor endpoint = setting.endpoint[k];
-                text += getEndpointDescriptorInfo(&endpoint, k) + u'\n';
-            }
-        }
-    }
-    Q_EMIT sigSendCommand({{Key::CMD, USB_CMD_DESCRIPTOR_INFO}, {Key::PARAM1, text}});
-}
-
-QString ClUsbManager::getDeviceDescriptorInfo(libusb_device_descriptor* descriptor) {
-    const libusb_device_descriptor& d = *descriptor;
+QString DescriptorText::ofDevice(const libusb_device_descriptor& d) {
     return QStringLiteral("----------Descriptor----------\n") +
            QString::asprintf("UsbVersion:%d.%d\n", d.bcdUSB >> 8 & 0xF, d.bcdUSB & 0xFF) +
            QString::asprintf("DeviceClass:0x%x SubClass:0x%x Protocol:0x%x\n", d.bDeviceClass,
@@ -71,8 +39,7 @@ QString ClUsbManager::getDeviceDescriptorInfo(libusb_device_descriptor* descript
            QString::asprintf("Configurations count:%d\n", d.bNumConfigurations);
 }
 
-QString ClUsbManager::getConfigDescriptorInfo(libusb_config_descriptor* descriptor, int index) {
-    const libusb_config_descriptor& d = *descriptor;
+QString DescriptorText::ofConfig(const libusb_config_descriptor& d, int index) {
     return header("Config", index) + QString::asprintf("TotalLength:%d\n", d.wTotalLength) +
            QString::asprintf("Interface Count:%d\n", d.bNumInterfaces) +
            QString::asprintf("Configuration value:%d, Configuration:%d, Attribute:%d\n",
@@ -80,9 +47,7 @@ QString ClUsbManager::getConfigDescriptorInfo(libusb_config_descriptor* descript
            QString::asprintf("MaxPower:%d\n", d.MaxPower);
 }
 
-QString ClUsbManager::getInterfaceDescriptorInfo(libusb_interface_descriptor* descriptor,
-                                                 int index) {
-    const libusb_interface_descriptor& d = *descriptor;
+QString DescriptorText::ofInterface(const libusb_interface_descriptor& d, int index) {
     return header("Interface", index) + QString::asprintf("Number:%d\n", d.bInterfaceNumber) +
            QString::asprintf("AlternateSetting:%d\n", d.bAlternateSetting) +
            QString::asprintf("Endpoint count:%d\n", d.bNumEndpoints) +
@@ -91,8 +56,7 @@ QString ClUsbManager::getInterfaceDescriptorInfo(libusb_interface_descriptor* de
            QString::asprintf("Interface:%d\n", d.iInterface) + extraLine(d.extra, d.extra_length);
 }
 
-QString ClUsbManager::getEndpointDescriptorInfo(libusb_endpoint_descriptor* descriptor, int index) {
-    const libusb_endpoint_descriptor& d = *descriptor;
+QString DescriptorText::ofEndpoint(const libusb_endpoint_descriptor& d, int index) {
     const bool isIn = (d.bEndpointAddress & LIBUSB_ENDPOINT_IN) != 0;
     return header("Endpoint", index) +
            QString::asprintf("Address:%x number:%d%s\n", d.bEndpointAddress, d.bEndpointAddress & 3,
@@ -104,4 +68,31 @@ QString ClUsbManager::getEndpointDescriptorInfo(libusb_endpoint_descriptor* desc
            QString::asprintf("(Audio only) Refresh:%d Synch address:%d\n", d.bRefresh,
                              d.bSynchAddress) +
            extraLine(d.extra, d.extra_length);
+}
+
+QString DescriptorText::ofAll(libusb_device* device) {
+    libusb_device_descriptor descriptor{};
+    if (libusb_get_device_descriptor(device, &descriptor) != LIBUSB_SUCCESS) {
+        return {};
+    }
+    QString text = ofDevice(descriptor) + u'\n';
+    for (std::uint8_t index = 0; index < descriptor.bNumConfigurations; ++index) {
+        const LibusbConfig config = readConfig(device, index);
+        if (!config) {
+            continue;
+        }
+        text += ofConfig(*config, index) + u'\n';
+        if (config->bNumInterfaces == 0) {
+            continue;
+        }
+        const libusb_interface& first = config->interface[0];
+        for (int j = 0; j < first.num_altsetting; ++j) {
+            const libusb_interface_descriptor& setting = first.altsetting[j];
+            text += ofInterface(setting, j) + u'\n';
+            for (int k = 0; k < setting.bNumEndpoints; ++k) {
+                text += ofEndpoint(setting.endpoint[k], k) + u'\n';
+            }
+        }
+    }
+    return text;
 }
