@@ -27,7 +27,7 @@ namespace {
 constexpr QSize WINDOW_SIZE{600, 620};
 constexpr QPoint MODE_BAR_POSITION{0, 30};
 constexpr QRect PAGE_AREA{0, 115, 600, 505};
-constexpr QColor DISABLED_TEXT_COLOUR{0x88, 0x8C, 0x91};
+constexpr QColor DISABLED_TEXT_COLOUR{0x67, 0x6C, 0x72};
 constexpr QColor PAGE_COLOUR{0xEE, 0xF1, 0xF4};
 constexpr QColor CONTROL_COLOUR{0xEF, 0xEF, 0xEF};
 

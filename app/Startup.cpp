@@ -2,7 +2,9 @@
 #include "app/Startup.h"
 
 #include "app/AccessibleRoles.h"
+#include "app/Arguments.h"
 #include "app/ClAppCheck.h"
+#include "app/ClDisplayGuard.h"
 #include "app/ClMainWidget.h"
 #include "ui/Artwork.h"
 
@@ -15,6 +17,8 @@
 #include <QTranslator>
 
 #include <memory>
+#include <optional>
+#include <span>
 
 namespace {
 
@@ -67,7 +71,13 @@ void installLanguage(QApplication& application) {
 }
 
 int runSettingTool(int argc, char** argv) {
+    const std::span arguments(argv, static_cast<std::size_t>(argc));
+    if (const auto answered = answerArguments(arguments.subspan(argc > 0 ? 1 : 0))) {
+        return *answered;
+    }
+    std::optional<ClDisplayGuard> guard(std::in_place);
     QApplication application(argc, argv);
+    guard.reset();
     installFonts();
     installLanguage(application);
     QCoreApplication::setApplicationName(QObject::tr("NuBo Setting Tool"));

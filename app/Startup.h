@@ -12,5 +12,6 @@ void installFonts();
 void installLanguage(QApplication& application);
 
 /// The program: starts up, refuses to start beside another copy that is starting, and runs until
-/// the window is closed. @return the exit code: the event loop's, or -1 when the start was refused.
+/// the window is closed. @return the exit code: the event loop's, -1 when the start was refused, or
+/// what answerArguments() says. Without a display it does not return but ends the program with 1.
 int runSettingTool(int argc, char** argv);

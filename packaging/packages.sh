@@ -4,7 +4,7 @@
 BUILD_PACKAGES=(
     g++ cmake ninja-build ccache lld pkg-config
     qt6-base-dev qt6-tools-dev qt6-tools-dev-tools qt6-l10n-tools linguist-qt6
-    qt6-translations-l10n libusb-1.0-0-dev libumockdev-dev umockdev librsvg2-bin
+    qt6-translations-l10n libcli11-dev libusb-1.0-0-dev libumockdev-dev umockdev librsvg2-bin
 )
 # A computer without a display has no fonts either.
 HEADLESS_PACKAGES=(xvfb xauth fonts-dejavu-core fonts-noto-cjk)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "pages/ClWidgetSelectMode.h"
 
+#include "ui/ButtonKeys.h"
 #include "ui/ClButtonMode.h"
 
 #include <QButtonGroup>
@@ -40,7 +41,11 @@ ClWidgetSelectMode::ClWidgetSelectMode(QWidget* parent)
         connect(button, &ClButtonMode::clicked, this, qOverload<>(&ClWidgetSelectMode::slotSelect));
         m_group->addButton(button);
         m_buttons.append(button);
+        addKeys(button, {Qt::CTRL | static_cast<Qt::Key>(Qt::Key_0 + m_buttons.size())});
+        // A press on the mode on show refreshes its page.
+        addKeys(button, {Qt::Key_F5}, eKeysWhile::Checked);
     }
+    addKeys(m_buttons.last(), {Qt::Key_F1});
     setActiveMode(MODE_NOT_CONNECTED);
 }
 

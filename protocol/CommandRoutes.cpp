@@ -147,8 +147,8 @@ constexpr std::array ROUTES{
     setRoute<ClNuboCommandSaveAdjustData>(USB_NUBO_CMD_SAVE_ADJUSTDATA),
     setRoute<ClNUboCommandSetAdjustFlag, unsigned int>(USB_NUBO_CMD_SET_ADJUSTFLAG),
     getRoute<ClNUboCommandGetAdjustFlag, number<1>>(USB_REQ_NUBO_CMD_GET_ADJUSTFLAG, USB_RES_NUBO_CMD_GET_ADJUSTFLAG),
-    route<ClNuboCommandReqJpeg>(USB_NUBO_CMD_REQ_JPEG, USB_CMD_RES_JPEG, readData<ClNuboCommandReqJpeg, asPicture>),
-    route<ClNuboCommandReqAudio>(USB_NUBO_CMD_REQ_AUDIO, USB_CMD_RES_AUDIO, readData<ClNuboCommandReqAudio, asBytes>),
+    route<ClNuboCommandReqJpeg>(USB_NUBO_CMD_REQ_JPEG, USB_CMD_RES_JPEG, readData<ClNuboCommandReqJpeg>),
+    route<ClNuboCommandReqAudio>(USB_NUBO_CMD_REQ_AUDIO, USB_CMD_RES_AUDIO, readData<ClNuboCommandReqAudio>),
     // Firmware
     route<ClNuboCommandExecFwUpdateData>(USB_NUBO_CMD_EXEC_FWUPDATEDATA, {}, sendFirmware),
     setRoute<ClNuboCommandExecFwUpdat, bool>(USB_NUBO_CMD_EXEC_FWUPDATE),
@@ -162,4 +162,9 @@ static_assert(allDistinct(ROUTES, &stRoute::request), "two routes have the same 
 
 std::span<const stRoute> commandRoutes() {
     return ROUTES;
+}
+
+const stRoute* commandRoute(const QUuid& request) {
+    const auto found = std::ranges::find(ROUTES, request, &stRoute::request);
+    return found == ROUTES.end() ? nullptr : &*found;
 }

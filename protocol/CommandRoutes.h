@@ -7,13 +7,13 @@
 
 #include <span>
 
-class ClCameraAccess;
+class ClCameraTransactions;
 
 /// A request on its way through its route.
 struct stRequest {
     VX_CMD message;  ///< on success, a get writes into it what it read
     ClUsbController* controller;
-    ClCameraAccess& camera;
+    ClCameraTransactions& camera;
 };
 
 /// What is done for a request identifier.
@@ -24,5 +24,9 @@ struct stRoute {
     unsigned short (*run)(stRequest&);
 };
 
-/// The routes of all requests that a camera command answers. Thread-safe.
+/// The routes of all requests that a camera command answers. A picture comes as the bytes of its
+/// file. Thread-safe.
 [[nodiscard]] std::span<const stRoute> commandRoutes();
+
+/// The route of @p request, or null. Thread-safe.
+[[nodiscard]] const stRoute* commandRoute(const QUuid& request);

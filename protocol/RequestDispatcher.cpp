@@ -6,9 +6,10 @@
 #include "protocol/CommandRoutes.h"
 #include "protocol/ResultCodes.h"
 
+#include <QBuffer>
+#include <QImage>
+#include <QImageReader>
 #include <QLoggingCategory>
-
-#include <algorithm>
 
 namespace {
 
@@ -22,6 +23,16 @@ unsigned short refuse(stRequest& request) {
 
 constexpr stRoute NO_ROUTE{{}, {}, 0, refuse};
 
+/// The picture that the bytes of a JPEG file show; null when they are none. Nothing but JPEG is
+/// tried: what the camera sends must not choose among the decoders installed.
+QImage asPicture(const QByteArray& bytes) {
+    QBuffer buffer;
+    buffer.setData(bytes);
+    QImageReader reader(&buffer, "jpg");
+    reader.setAutoDetectImageFormat(false);
+    return reader.read();
+}
+
 }  // namespace
 
 void dispatchRequest(const VX_CMD& request, ClCameraAccess& camera) {
@@ -30,14 +41,17 @@ void dispatchRequest(const VX_CMD& request, ClCameraAccess& camera) {
         camera.readRawData(getController(request));
         return;
     }
-    const auto routes = commandRoutes();
-    const auto found = std::ranges::find(routes, command, &stRoute::request);
-    const stRoute& route = found == routes.end() ? NO_ROUTE : *found;
+    const stRoute* const found = commandRoute(command);
+    const stRoute& route = found == nullptr ? NO_ROUTE : *found;
 
     stRequest running{request, getController(request), camera};
     const unsigned short result = route.run(running);
     if (result == USB_ERROR_SUCCESS && !route.answer.isNull()) {
         running.message.insert(Key::CMD, route.answer);
+        if (route.answer == USB_CMD_RES_JPEG) {
+            QVariant& picture = running.message[Key::PARAM2];
+            picture = asPicture(picture.toByteArray());
+        }
         camera.sendMessage(running.message);
     } else {
         camera.sendCommunicationResult(running.controller, command, result);

@@ -4,9 +4,6 @@
 #include "protocol/Answers.h"
 #include "protocol/DataPackets.h"
 
-#include <QBuffer>
-#include <QImageReader>
-
 unsigned short RouteRunner::getWifiInfo(stRequest& request) {
     stWifiInfo info;
     const unsigned short result = request.camera.execNuboGetWifiInfo(request.controller, &info);
@@ -34,13 +31,4 @@ unsigned short RouteRunner::sendFirmware(stRequest& request) {
     ClNuboCommandExecFwUpdateData command(static_cast<unsigned int>(image.size()));
     ClNuboCommandDataSend data(command.id(), image);
     return request.camera.execNuboDataWrite(command, data, request.controller);
-}
-
-// Nothing but JPEG is tried: what the camera sends must not choose among the decoders installed.
-QImage RouteRunner::asPicture(const QByteArray& bytes) {
-    QBuffer buffer;
-    buffer.setData(bytes);
-    QImageReader reader(&buffer, "jpg");
-    reader.setAutoDetectImageFormat(false);
-    return reader.read();
 }

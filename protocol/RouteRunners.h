@@ -8,8 +8,6 @@
 #include "protocol/NuboCommands.h"
 #include "protocol/ResultCodes.h"
 
-#include <QImage>
-
 #include <functional>
 #include <utility>
 
@@ -70,22 +68,15 @@ unsigned short getWifiInfo(stRequest& request);
 unsigned short getAccesspointList(stRequest& request);
 unsigned short sendFirmware(stRequest& request);
 
-/// The picture that the bytes of a JPEG file show; null when they are none.
-[[nodiscard]] QImage asPicture(const QByteArray& bytes);
-
-inline const QByteArray& asBytes(const QByteArray& bytes) {
-    return bytes;
-}
-
-/// Reads a block of data, and writes what @p Decode makes of it into the message.
-template <class Command, auto Decode>
+/// Reads a block of data, and writes its bytes into the message.
+template <class Command>
 unsigned short readData(stRequest& request) {
     Command command;
     ClNuboCommandDataReceive data;
     const unsigned short result =
         request.camera.execNuboDataRead(command, data, request.controller);
     if (result == USB_ERROR_SUCCESS) {
-        setValues(request.message, Decode(data.receivedData()));
+        setValues(request.message, data.receivedData());
     }
     return result;
 }

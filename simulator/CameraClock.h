@@ -15,7 +15,7 @@ struct PackedTime {
     std::uint32_t time = 0;  ///< hour * 10000 + minute * 100 + second
 };
 
-/// The camera's clock: runs on from what was set, and knows no time zone.
+/// The camera's clock: continues from the time that was set, and has no time zone.
 class CameraClock {
 public:
     using Time = std::chrono::sys_seconds;

@@ -80,7 +80,7 @@ CommandAnswer capture(const CommandRequest& request, CameraState& state) {
     return success(request);
 }
 
-/// A service action that the host learns nothing of.
+/// A service action: the host cannot observe its effect.
 CommandAnswer agree(const CommandRequest& request, CameraState&) {
     return success(request);
 }

@@ -5,6 +5,7 @@
 #include "simulator/Words.h"
 
 #include <algorithm>
+#include <cctype>
 #include <cstddef>
 #include <limits>
 #include <optional>
@@ -134,12 +135,13 @@ CameraItem clock(std::string_view name, std::string_view explanation) {
 }
 
 CameraItem country(std::string_view name, std::string_view explanation) {
-    return {name, explanation, "two capital letters",
+    return {name, explanation, "two letters, or nothing",
             [](const State& state) { return state.identity.country; },
             [](State& state, std::string_view text) {
                 const bool isCountry =
-                    text.size() == 2 && std::ranges::all_of(text, [](char letter) {
-                        return letter >= 'A' && letter <= 'Z';
+                    (text.empty() || text.size() == 2) &&
+                    std::ranges::all_of(text, [](char letter) {
+                        return std::isalpha(static_cast<unsigned char>(letter)) != 0;
                     });
                 if (isCountry) {
                     state.identity.country = text;

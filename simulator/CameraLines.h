@@ -5,7 +5,7 @@
 
 #include <string>
 
-/// The control lines that are about what the camera knows and has got.
+/// The control lines that are about the camera's values and data.
 namespace nubo::simulator {
 
 std::string runSet(ControlCall& call);

@@ -29,8 +29,8 @@ struct SdCard {
 /// The link to a wireless network.
 struct WifiLink {
     std::uint32_t state = 2;             ///< 1 not linked, 2 linked, 3 ad hoc
-    std::string ssid = "Harbour";        ///< as the first text of the answer tells it
-    std::string secondSsid = "Harbour";  ///< as the second text tells it
+    std::string ssid = "Harbour";        ///< the first text of the answer
+    std::string secondSsid = "Harbour";  ///< the second text
     std::uint32_t channel = 6;
     std::uint32_t encryption = 4;  ///< 0 none, 1 WEP, 2 TKIP, 4 AES
     std::int32_t rssi = 72;        ///< 0 and below: no signal
@@ -126,7 +126,7 @@ struct CameraReadings {
     std::uint32_t gpsNumber = 7;
 };
 
-/// How the camera behaves; no command tells or changes it.
+/// How the camera behaves; no command reads or changes it.
 struct CameraBehaviour {
     /// The version with which the camera comes back once the firmware has been applied. While it is
     /// empty, the camera stays on the bus and keeps its version.

@@ -18,7 +18,7 @@ enum class ValueForm {
     Text,
 };
 
-/// One value of the camera that one command tells and another one sets.
+/// One value of the camera that one command reads and another one sets.
 struct CameraValue {
     using Place = std::variant<std::uint32_t CameraSettings::*, std::string CameraSettings::*,
                                std::uint32_t CameraIdentity::*, std::string CameraIdentity::*,
@@ -37,7 +37,7 @@ struct CameraValue {
 /// All values, in the order in which they are listed.
 std::span<const CameraValue> cameraValues();
 
-/// The value that a command of this code tells or sets, or null.
+/// The value that a command of this code reads or sets, or null.
 const CameraValue* cameraValue(std::uint16_t code);
 
 using ValueContent = std::variant<std::uint32_t, std::string>;

@@ -12,8 +12,8 @@ namespace {
 
 constexpr std::chrono::milliseconds LOOK_INTERVAL{500};
 
-/// False for the terminal of a job in the background. Of an input that is no terminal there is
-/// nothing to know, and reading it does no harm.
+/// False while the job is in the background of its terminal. An input that is not a terminal may
+/// always be read.
 bool mayRead() {
     const pid_t foreground = ::tcgetpgrp(STDIN_FILENO);
     return foreground == -1 || foreground == ::getpgrp();

@@ -24,8 +24,8 @@ public:
     /// serve() do nothing.
     void open();
 
-    /// Appends what to wait for. @return when to look at the latest whether the job has come to the
-    /// foreground, which nothing tells
+    /// Appends what to wait for. @return the latest time to check again whether the job is in
+    /// the foreground: no event reports that
     [[nodiscard]] std::optional<Clock::time_point> appendTo(std::vector<pollfd>& waiting) const;
 
     /// Runs the lines that have been typed. Never waits. Stops listening at the end of the input.

@@ -153,7 +153,7 @@ DeviceNode::Reply DeviceNode::releaseInterface(UMockdevIoctlClient* client,
     return replyOf(number ? m_claims.release(client, *number) : EINVAL);
 }
 
-/// Of the control requests only string descriptors are known; the rest stalls.
+/// Answers requests for string descriptors, and stalls on all other control requests.
 DeviceNode::Reply DeviceNode::answerControl(Transfer transfer) {
     constexpr std::uint16_t GET_DESCRIPTOR_OF_DEVICE = 0x0680;
     constexpr std::size_t VALUE_OFFSET = 2;
@@ -253,7 +253,8 @@ void DeviceNode::clientConnected(UMockdevIoctlClient* client) {
         ++m_record->log.timesOpened;
     }
     m_hooks.changed.notify_all();
-    // The signal "client-vanished" is never sent, but the object goes with the client's handle.
+    // The testbed does not send "client-vanished"; that the client has closed its handle shows when
+    // its object is destroyed.
     const GWeakNotify onVanished = [](gpointer owner, GObject* where) {
         const std::unique_ptr<Owner> self(static_cast<Owner*>(owner));
         (*self)->clientVanished(reinterpret_cast<UMockdevIoctlClient*>(where));

@@ -17,7 +17,7 @@
 namespace nubo::simulator {
 
 /// What a node needs of its bus, which outlives it. The functions are called with the mutex held,
-/// so they only note the wish.
+/// so they only schedule the change.
 struct DeviceHooks {
     std::mutex& mutex;
     std::condition_variable& changed;  ///< notified whenever the record may have changed

@@ -16,7 +16,7 @@ namespace nubo::simulator {
 struct DeviceRecord {
     std::shared_ptr<VirtualDevice> device;
     DeviceOptions options;
-    std::string serialNumber;  ///< as the device told it when it was plugged in
+    std::string serialNumber;  ///< as it was when the device was plugged in
     FaultPlan faults;
     DeviceLog log;
 };

@@ -39,7 +39,7 @@ public:
     /// False when the testbed refuses; then nothing is left behind.
     bool add(const BusAddress& address, const SystemEntry& entry, UMockdevIoctlBase* handler);
 
-    /// Sends the remove event, removes entry and node, and lets no further client in.
+    /// Sends the remove event, removes entry and node, and accepts no further client.
     void remove(const BusAddress& address);
 
     /// The real path of the device's node.

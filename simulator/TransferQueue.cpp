@@ -13,7 +13,7 @@ namespace nubo::simulator {
 
 namespace {
 
-/// Such a fault waits for the head of a data phase, whatever comes before.
+/// True for a fault that strikes the first packet of a data phase, and is kept until one comes.
 bool waitsForData(const Fault& fault) {
     return fault.kind == FaultKind::WrongDataHead;
 }
@@ -144,7 +144,8 @@ void TransferQueue::deliver(Transfer transfer, std::vector<std::uint8_t> packet)
     std::copy_n(packet.begin(), moved, room.begin());
     int status = 0;
     if (moved < packet.size()) {
-        // A host that has room for whole packets only reads the rest with its next transfer.
+        // With room for a whole number of USB packets, the host reads the rest with its next
+        // transfer.
         if (room.size() % transfer.packetSize == 0) {
             m_unsent.assign(packet.begin() + static_cast<std::ptrdiff_t>(moved), packet.end());
         } else {

@@ -32,7 +32,7 @@ struct Transfer {
     UMockdevIoctlClient* client = nullptr;
     std::size_t packetSize = 0;  ///< of the endpoint, in bytes
     bool held = false;           ///< never served
-    bool lost = false;           ///< served without the device hearing of it
+    bool lost = false;           ///< served, but not passed to the device
     Clock::time_point notBefore{};
     std::vector<Fault> rewrites{};
     int status = 0;         ///< how it has finished
@@ -62,7 +62,7 @@ public:
     /// Serves whatever can be served now.
     void serve();
 
-    /// Ends a transfer that the device does not hear of.
+    /// Ends a transfer without passing it to the device.
     void finish(Transfer transfer, int status, std::size_t moved = 0);
 
     /// Ends every pending transfer with @p status.

@@ -25,11 +25,11 @@ public:
     /// bus asks again. A message longer than the transfer continues in the next IN transfers.
     virtual std::optional<std::vector<std::uint8_t>> send() = 0;
 
-    /// What the device tells of itself before it is opened, one byte a character (Latin-1): asked
-    /// at each plugging-in. A device without a serial number, as by default, has no such text.
+    /// The serial number for the USB string descriptor, one byte a character (Latin-1); empty for
+    /// none. Read each time the device is plugged in.
     virtual std::string serialNumber() const { return {}; }
 
-    /// The device has got onto the bus: what it had to say before is forgotten.
+    /// The device has got onto the bus: answers that were not fetched before are dropped.
     virtual void plugged() {}
 
     /// The device has left the bus.
@@ -39,7 +39,8 @@ public:
     /// device and plug it in again after DeviceOptions::restartDelay.
     virtual bool wantsRestart() { return false; }
 
-    /// Asked likewise: true (once) makes the bus unplug the device, which stays away.
+    /// Asked at the same moments: true (once) makes the bus unplug the device until it is
+    /// replugged.
     virtual bool wantsPowerOff() { return false; }
 
 protected:

@@ -48,8 +48,8 @@ public:
     VirtualUsbBus(const VirtualUsbBus&) = delete;
     VirtualUsbBus& operator=(const VirtualUsbBus&) = delete;
 
-    /// Adds a device and plugs it in; clients have been told when this returns. No device (0) when
-    /// all 127 device numbers are in use.
+    /// Adds a device and plugs it in; clients have been notified when this returns. No device (0)
+    /// when all 127 device numbers are in use.
     DeviceId plug(std::shared_ptr<VirtualDevice> device, const DeviceOptions& options = {});
 
     /// Plugs an unplugged device in again, under a new device number. False when it is plugged in.
@@ -60,8 +60,8 @@ public:
     /// then a restart that is under way does not bring it back.
     bool unplug(DeviceId id);
 
-    /// Gives up the changes that devices still wanted to make of themselves (leave, come back) and
-    /// waits for the one under way.
+    /// Cancels the departures and restarts that devices have asked for, and waits for the one under
+    /// way.
     ///
     /// libumockdev ends this process when libusb ends while a change is being announced to it. Call
     /// this before libusb ends, in a test that cannot know whether a device is leaving. Not from a

@@ -45,7 +45,7 @@ int fail(int exitCode, const std::string& what) {
     return exitCode;
 }
 
-/// Starts this program anew with the preloaded library; returns only when that is impossible.
+/// Starts this program again with the preloaded library; returns only when that is impossible.
 int startPreloaded(char** arguments) {
     const char* const preloaded = std::getenv("LD_PRELOAD");
     if (preloaded != nullptr && std::strstr(preloaded, PRELOADED_LIBRARY) != nullptr) {
@@ -58,7 +58,7 @@ int startPreloaded(char** arguments) {
     }
     setenv("LD_PRELOAD", list.c_str(), 1);
     ::execv("/proc/self/exe", arguments);
-    return fail(CANNOT_RUN, std::string("cannot start anew: ") + std::strerror(errno));
+    return fail(CANNOT_RUN, std::string("cannot start again: ") + std::strerror(errno));
 }
 
 /// Turns the signals that the program watches for into a file; they are blocked in every thread
@@ -103,16 +103,24 @@ int serveUntilEnd(ChildProcess& child, const FileDescriptor& signals, ControlTar
                   ControlSocket& socket, ControlTerminal& terminal, Script& script) {
     const auto runLine = [&](std::string_view line) { return runControlLine(target, line); };
     std::optional<Script::Clock::time_point> killTime;
+    const auto endChild = [&] {
+        if (!killTime) {
+            child.signal(SIGTERM);
+            killTime = Script::Clock::now() + PATIENCE;
+        }
+    };
     while (true) {
         const auto scriptTime = script.run(runLine);
+        // Before the wait: nothing more may come after the line that asks for the end.
+        if (std::exchange(target.quits, false)) {
+            endChild();
+        }
         std::vector<pollfd> waiting = {{signals.number(), POLLIN, 0}};
         socket.appendTo(waiting);
         const auto lookTime = terminal.appendTo(waiting);
         ::poll(waiting.data(), waiting.size(), untilFirst({scriptTime, killTime, lookTime}));
-        const bool quits = std::exchange(target.quits, false);
-        if ((askedToEnd(signals) || quits) && !killTime) {
-            child.signal(SIGTERM);
-            killTime = Script::Clock::now() + PATIENCE;
+        if (askedToEnd(signals)) {
+            endChild();
         }
         if (killTime && *killTime <= Script::Clock::now()) {
             child.signal(SIGKILL);
@@ -126,7 +134,7 @@ int serveUntilEnd(ChildProcess& child, const FileDescriptor& signals, ControlTar
     }
 }
 
-/// What tells the cameras of one bus apart. The first one has the default identity.
+/// A different identity for every camera; the first one has the default identity.
 CameraIdentity identityOf(int number) {
     CameraIdentity identity;
     if (number > 1) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/ClAccessibleButton.h"
 
+#include "ui/ButtonKeys.h"
 #include "ui/ClRollOverToolBtn.h"
 
 #include <QCheckBox>
@@ -77,6 +78,11 @@ void ClAccessibleButton::doAction(const QString& actionName) {
         // Returns at once, whatever dialog the click may open.
         button()->animateClick();
     }
+}
+
+QStringList ClAccessibleButton::keyBindingsForAction(const QString& actionName) const {
+    return actionName == clickAction() ? keysOf(*button())
+                                       : QAccessibleWidget::keyBindingsForAction(actionName);
 }
 
 QAbstractButton* ClAccessibleButton::button() const {

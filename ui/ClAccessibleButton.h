@@ -23,6 +23,7 @@ public:
     [[nodiscard]] QAccessible::State state() const override;
     [[nodiscard]] QStringList actionNames() const override;
     void doAction(const QString& actionName) override;
+    [[nodiscard]] QStringList keyBindingsForAction(const QString& actionName) const override;
 
 private:
     [[nodiscard]] QAbstractButton* button() const;

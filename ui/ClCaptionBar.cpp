@@ -2,6 +2,7 @@
 #include "ui/ClCaptionBar.h"
 
 #include "ui/ArtworkIcon.h"
+#include "ui/ButtonKeys.h"
 #include "ui/ClRollOverToolBtn.h"
 #include "ui/Colours.h"
 
@@ -23,6 +24,7 @@ ClCaptionBar::ClCaptionBar(const QString& title, QWidget* parent) : QWidget(pare
     closeButton->setFocusPolicy(Qt::NoFocus);
     closeButton->setGeometry(CLOSE_BUTTON);
     closeButton->setAccessibleName(tr("Close"));
+    addKeys(closeButton, {Qt::CTRL | Qt::Key_Q, Qt::CTRL | Qt::Key_W});
     connect(closeButton, &QAbstractButton::clicked, this, &ClCaptionBar::sigClose);
 
     auto* titleLabel = new QLabel(title, this);

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "ui/ClDialogBase.h"
 
+#include "ui/ButtonRoom.h"
 #include "ui/ClAccessibleButton.h"
+#include "ui/TextContrast.h"
 
 #include <QCoreApplication>
 #include <QDialogButtonBox>
@@ -14,6 +16,7 @@ ClDialogBase::ClDialogBase(QWidget* parent) : QDialog(parent) {
     setWindowFlags(WINDOW_FLAGS);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     setMinimumWidth(MINIMUM_WIDTH);
+    setPalette(withReadableDisabledText(palette()));
 }
 
 void ClDialogBase::setParam(const QVariantList& /*params*/) {}
@@ -30,7 +33,8 @@ void ClDialogBase::addButtons() {
     layout()->addWidget(m_buttonBox);
     layout()->setAlignment(m_buttonBox, Qt::AlignHCenter);
     m_ok = m_buttonBox->addButton(tr("OK"), QDialogButtonBox::AcceptRole);
-    m_buttonBox->addButton(tr("Cancel"), QDialogButtonBox::RejectRole);
+    giveTextRoom(m_ok);
+    giveTextRoom(m_buttonBox->addButton(tr("Cancel"), QDialogButtonBox::RejectRole));
     connect(m_buttonBox, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(m_buttonBox, &QDialogButtonBox::rejected, this, &QDialog::reject);
 }

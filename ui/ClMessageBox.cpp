@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/ClMessageBox.h"
 
+#include "ui/ButtonRoom.h"
 #include "ui/ClDialogBase.h"
 #include "ui/ClDialogColumn.h"
 
@@ -71,6 +72,7 @@ QDialogButtonBox* ClMessageBox::createButtonBox(QDialogButtonBox::StandardButton
         for (const stButton& candidate : choice.candidates) {
             if (buttons.testFlag(candidate.flag)) {
                 QPushButton* const button = box->addButton(tr(candidate.text), choice.role);
+                giveTextRoom(button);
                 // The keyboard would start at the first button, which some desktops have decline.
                 if (choice.role == QDialogButtonBox::AcceptRole) {
                     button->setFocus();

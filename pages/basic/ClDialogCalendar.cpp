@@ -3,8 +3,10 @@
 
 #include "pages/basic/ClBasicSettingText.h"
 #include "ui/ClDialogColumn.h"
+#include "ui/Colours.h"
 
 #include <QCalendarWidget>
+#include <QTextCharFormat>
 #include <QToolButton>
 
 #include <array>
@@ -21,6 +23,25 @@ constexpr std::array MONTH_BUTTONS{
     stMonthButton{"qt_calendar_nextmonth", QT_TRANSLATE_NOOP("ClDialogCalendar", "Next month")},
 };
 
+constexpr QColor WEEKEND_ON_LIGHT{0xB4, 0x19, 0x08};
+constexpr QColor WEEKEND_ON_DARK{0xF0, 0x6C, 0x64};
+constexpr int MIDDLE_LIGHTNESS = 128;
+
+/// Selected days and weekends are hard to read in the colours that the toolkit and some desktops
+/// have for them.
+void setReadableColours(QCalendarWidget& calendar) {
+    QPalette colours = calendar.palette();
+    colours.setColor(QPalette::Highlight, ACCENT_COLOUR);
+    colours.setColor(QPalette::HighlightedText, Qt::white);
+    calendar.setPalette(colours);
+    const bool isDark = colours.color(QPalette::Base).lightness() < MIDDLE_LIGHTNESS;
+    QTextCharFormat weekend;
+    weekend.setForeground(isDark ? WEEKEND_ON_DARK : WEEKEND_ON_LIGHT);
+    for (const Qt::DayOfWeek day : {Qt::Saturday, Qt::Sunday}) {
+        calendar.setWeekdayTextFormat(day, weekend);
+    }
+}
+
 }  // namespace
 
 ClDialogCalendar::ClDialogCalendar(QWidget* parent)
@@ -34,6 +55,7 @@ ClDialogCalendar::ClDialogCalendar(QWidget* parent)
             button->setAccessibleName(tr(row.name));
         }
     }
+    setReadableColours(*m_calendar);
     m_calendar->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
     m_calendar->setDateRange(QDate(FIRST_YEAR, 1, 1), QDate(LAST_YEAR, 12, 31));
     // The calendar keeps the Enter key to itself.

@@ -3,6 +3,7 @@
 
 #include "pages/basic/ClBasicSettingText.h"
 #include "pages/basic/ClDialogCalendar.h"
+#include "ui/ButtonRoom.h"
 #include "ui/ClDialogColumn.h"
 #include "ui/ClMessageBox.h"
 
@@ -104,6 +105,8 @@ ClDialogTime::ClDialogTime(QWidget* parent, Clock clock)
 
     m_timer.setInterval(SYNCHRONISING_INTERVAL);
     connect(&m_timer, &QTimer::timeout, this, &ClDialogTime::slotTimerFired);
+    giveTextRoom(m_synchronize);
+    giveTextRoom(m_calendar);
     connect(m_synchronize, &QPushButton::clicked, this, &ClDialogTime::slotChangeEditable);
     connect(m_calendar, &QPushButton::clicked, this, &ClDialogTime::slotShowCalendar);
 }

@@ -9,6 +9,7 @@
 #include "pages/network/InfrastructureParts.h"
 #include "protocol/Answers.h"
 #include "ui/ApInfoLook.h"
+#include "ui/ButtonKeys.h"
 #include "ui/ClWidgetApInfo.h"
 #include "ui/ClWidgetApList.h"
 
@@ -58,6 +59,7 @@ ClWidgetInfrastructureSearch::ClWidgetInfrastructureSearch(QWidget* parent)
         addButtonBar({ClNetworkText::tr("Research"), ClNetworkText::tr("Back")}, BUTTONS_Y, this);
     m_research = buttons[0];
     m_back = buttons[1];
+    addKeys(m_back, {Qt::Key_Escape});
     for (const QPushButton* button : buttons) {
         connect(button, &QPushButton::clicked, this, &ClWidgetInfrastructureSearch::slotClicked);
     }

@@ -9,6 +9,7 @@
 #include "pages/network/NetworkState.h"
 #include "protocol/CommandIdentifiers.h"
 #include "ui/Artwork.h"
+#include "ui/ButtonKeys.h"
 #include "ui/ClButtonNetworkTab.h"
 
 #include <QButtonGroup>
@@ -55,6 +56,9 @@ void ClWidgetNetworkSetting::buildTabs() {
         addTab(tr("Infrastructure"), INFRASTRUCTURE_TAB_PLACE, INFRASTRUCTURE_TAB);
     addTab(tr("Adhoc"), ADHOC_TAB_PLACE, ADHOC_TAB);
     infrastructure->setChecked(true);
+    for (QAbstractButton* tab : m_tabs->buttons()) {
+        addKeys(tab, {Qt::CTRL | Qt::Key_Tab}, eKeysWhile::Unchecked);
+    }
     // Of two exclusive tabs one tells of both.
     connect(infrastructure, &ClButtonNetworkTab::toggled, this,
             &ClWidgetNetworkSetting::slotClicked);

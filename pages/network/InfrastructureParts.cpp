@@ -2,6 +2,7 @@
 #include "pages/network/InfrastructureParts.h"
 
 #include "pages/common/PageParts.h"
+#include "ui/ButtonRoom.h"
 
 #include <QHBoxLayout>
 #include <QPushButton>
@@ -24,7 +25,7 @@ QList<QPushButton*> addButtonBar(const QStringList& texts, int y, QWidget* page)
     QList<QPushButton*> buttons;
     for (const QString& text : texts) {
         auto* button = new QPushButton(text, bar);
-        button->setMinimumSize(BUTTON_MINIMUM);
+        giveTextRoom(button, BUTTON_MINIMUM);
         layout->addWidget(button);
         buttons.append(button);
     }

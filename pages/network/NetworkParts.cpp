@@ -3,6 +3,8 @@
 
 #include "pages/common/PageParts.h"
 #include "pages/network/ClNetworkText.h"
+#include "ui/ButtonKeys.h"
+#include "ui/ButtonRoom.h"
 
 #include <QDialogButtonBox>
 #include <QEvent>
@@ -42,12 +44,14 @@ QDialogButtonBox* addDecisionBox(int y, QWidget* page) {
     QDialogButtonBox* box =
         createPageButtonBox(ClNetworkText::tr("Decision"), ClNetworkText::tr("Back")).release();
     box->setParent(page);
-    for (QAbstractButton* button : box->buttons()) {
-        button->setMinimumSize(BUTTON_MINIMUM);
+    for (QPushButton* button : box->findChildren<QPushButton*>()) {
+        giveTextRoom(button, BUTTON_MINIMUM);
         if (box->buttonRole(button) == QDialogButtonBox::AcceptRole) {
             for (const QLineEdit* edit : page->findChildren<QLineEdit*>()) {
                 QObject::connect(edit, &QLineEdit::returnPressed, button, &QAbstractButton::click);
             }
+        } else {
+            addKeys(button, {Qt::Key_Escape});
         }
     }
     moveEndTo(box, BOX_RIGHT, y);

@@ -7,6 +7,7 @@
 #include "pages/state/ClLabelWifiState.h"
 #include "protocol/Answers.h"
 #include "protocol/CommandIdentifiers.h"
+#include "ui/ButtonRoom.h"
 #include "ui/ClLabelSepalator.h"
 #include "ui/ClMessageBox.h"
 #include "ui/ClWidgetProgress.h"
@@ -105,7 +106,7 @@ void ClWidgetCameraState::buildButtons() {
     buttons->setSpacing(10);
     for (const stAction& action : ACTIONS) {
         auto* button = new QPushButton(tr(action.button), row);
-        button->setMinimumSize(BUTTON_MINIMUM);
+        giveTextRoom(button, BUTTON_MINIMUM);
         connect(button, &QPushButton::clicked, this, &ClWidgetCameraState::slotClicked);
         buttons->addWidget(button);
         m_buttons.append(button);

@@ -179,7 +179,7 @@ void MainWidgetTest::itsControlsAreLightOnADarkDesktop() {
     }
     for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
         QVERIFY(shown.color(role).lightness() < 60);
-        QCOMPARE(shown.color(QPalette::Disabled, role), QColor(0x88, 0x8C, 0x91));
+        QCOMPARE(shown.color(QPalette::Disabled, role), QColor(0x67, 0x6C, 0x72));
         QVERIFY(onDialogs.color(role).lightness() > 200);
     }
 }

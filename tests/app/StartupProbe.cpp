@@ -6,6 +6,7 @@
 //   --without-catalogue  the application's pictures and catalogues are missing
 //   --exit-code N        ends the event loop with N instead of closing the window
 //   --stay               leaves the window open until standard input ends
+//   --without-messages   the catalogues of the single-instance guard are missing
 #include "app/ClMainWidget.h"
 #include "app/Startup.h"
 
@@ -20,6 +21,7 @@
 
 #include <unistd.h>
 
+#include <array>
 #include <cstdio>
 
 // A resource is unregistered from outside any namespace.
@@ -27,9 +29,25 @@ static void dropCatalogue() {
     Q_CLEANUP_RESOURCE(main);
 }
 
+static void dropMessages() {
+    Q_CLEANUP_RESOURCE(AppCheck);
+}
+
+static bool g_hasMessages = true;
+
+// Stand around qInitResources_AppCheck(), by which the guard registers its catalogues anew
+// (--wrap).
+extern "C" int __real__Z23qInitResources_AppCheckv();
+extern "C" int __wrap__Z23qInitResources_AppCheckv();
+extern "C" int __wrap__Z23qInitResources_AppCheckv() {
+    return g_hasMessages ? __real__Z23qInitResources_AppCheckv() : 0;
+}
+
 namespace {
 
 constexpr int LOOK_INTERVAL_MS = 5;
+
+QStringList g_arguments;  // the probe's own
 
 void say(const char* what, const QString& text) {
     std::printf("%s: %s\n", what, qUtf8Printable(text));
@@ -63,6 +81,7 @@ ClMainWidget* mainWindow() {
 void answerBox(QMessageBox& box) {
     say("box title", box.windowTitle());
     say("box text", box.text());
+    say("box icon", QString::number(box.icon()));
     say("window beside the box",
         mainWindow() == nullptr ? QStringLiteral("no") : QStringLiteral("yes"));
     sayCommon();
@@ -71,12 +90,11 @@ void answerBox(QMessageBox& box) {
 
 void answerWindow(ClMainWidget& window) {
     sayCommon();
-    const QStringList arguments = QCoreApplication::arguments();
-    if (arguments.contains(QLatin1String("--stay"))) {
+    if (g_arguments.contains(QLatin1String("--stay"))) {
         auto* inputEnd = new QSocketNotifier(STDIN_FILENO, QSocketNotifier::Read, &window);
         QObject::connect(inputEnd, &QSocketNotifier::activated, &window, &QWidget::close);
-    } else if (const auto option = arguments.indexOf(QLatin1String("--exit-code")); option >= 0) {
-        QCoreApplication::exit(arguments.value(option + 1).toInt());
+    } else if (const auto option = g_arguments.indexOf(QLatin1String("--exit-code")); option >= 0) {
+        QCoreApplication::exit(g_arguments.value(option + 1).toInt());
     } else {
         window.close();
     }
@@ -104,8 +122,16 @@ void startLooking() {
 Q_COREAPP_STARTUP_FUNCTION(startLooking)
 
 int main(int argc, char** argv) {
-    if (argc > 1 && qstrcmp(argv[1], "--without-catalogue") == 0) {
+    for (int i = 1; i < argc; ++i) {
+        g_arguments.append(QString::fromLocal8Bit(argv[i]));
+    }
+    if (g_arguments.contains(QLatin1String("--without-catalogue"))) {
         dropCatalogue();
     }
-    return runSettingTool(argc, argv);
+    if (g_arguments.contains(QLatin1String("--without-messages"))) {
+        g_hasMessages = false;
+        dropMessages();
+    }
+    std::array<char*, 2> programAlone{argv[0], nullptr};
+    return runSettingTool(1, programAlone.data());
 }

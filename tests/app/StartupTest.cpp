@@ -18,6 +18,8 @@ namespace {
 
 constexpr int REFUSED = 255;  // -1, as the operating system passes it on
 
+constexpr int CRITICAL_ICON = 3;  // QMessageBox::Critical
+
 const QString KEY = u"NuBo_USB_Communication"_s;
 
 /// What the probe has to say, by the word before the colon.
@@ -117,6 +119,8 @@ private Q_SLOTS:
     void theKeyIsFreeOnceTheWindowStands();
     void aMissingCatalogueLeavesTheSourceTexts();
     void aMissingCatalogueLeavesTheRefusalInTheUsersLanguage();
+    void missingMessagesLeaveTheRefusalEmpty_data();
+    void missingMessagesLeaveTheRefusalEmpty();
     void theExitCodeIsTheEventLoops_data();
     void theExitCodeIsTheEventLoops();
     void lineEditsHaveLargerTextThanTheRest();
@@ -210,6 +214,7 @@ void StartupTest::theStartIsRefusedWhileAnotherProgramHoldsTheKey() {
     QVERIFY(probe.finish());
     QTEST(probe.said().value(u"box title"_s), "title");
     QTEST(probe.said().value(u"box text"_s), "text");
+    QCOMPARE(probe.said().value(u"box icon"_s).toInt(), CRITICAL_ICON);
     QCOMPARE(probe.said().value(u"window beside the box"_s), u"no"_s);
     QVERIFY(!probe.said().contains(u"window title"_s));
     QCOMPARE(probe.exitCode(), REFUSED);
@@ -276,6 +281,24 @@ void StartupTest::aMissingCatalogueLeavesTheRefusalInTheUsersLanguage() {
     QVERIFY(probe.finish());
     QCOMPARE(probe.said().value(u"box title"_s), u"NuBo Setting Tool"_s);
     QCOMPARE(probe.said().value(u"box text"_s), u"NuBo Setting Tool はすでに起動しています"_s);
+    QCOMPARE(probe.exitCode(), REFUSED);
+}
+
+void StartupTest::missingMessagesLeaveTheRefusalEmpty_data() {
+    QTest::addColumn<QString>("language");
+    QTest::newRow("English") << u"en_US"_s;
+    QTest::newRow("Japanese") << u"ja_JP"_s;
+}
+
+void StartupTest::missingMessagesLeaveTheRefusalEmpty() {
+    QFETCH(QString, language);
+    KeyHolder holder;
+    QVERIFY(holder.waitForLine("held"));
+    Probe probe({u"--without-messages"_s}, language);
+    QVERIFY(probe.finish());
+    QVERIFY(probe.said().contains(u"box text"_s));
+    QCOMPARE(probe.said().value(u"box text"_s), QString());
+    QCOMPARE(probe.said().value(u"box icon"_s).toInt(), CRITICAL_ICON);
     QCOMPARE(probe.exitCode(), REFUSED);
 }
 

@@ -240,6 +240,7 @@ void StreamSettingOnBusTest::aDialogIsNoneOfTheNextCamera() {
         comeBack();
     });
     click(0);
+    TRY_COMPARE(m_bench->texts(), QStringList{REC_DIALOG});
     TRY_VERIFY(QApplication::activeModalWidget() == nullptr);
     QCOMPARE(m_bench->finishRow(), READ_REC);
     QCOMPARE(m_bench->texts(), QStringList{REC_DIALOG});

@@ -8,6 +8,7 @@
 #include "ui/ClDialogBase.h"
 
 #include <QLocale>
+#include <QPushButton>
 #include <QTranslator>
 
 #include <algorithm>
@@ -46,6 +47,20 @@ CameraState widestState() {
     state.identity.firmwareVersion = std::string(16, '8');
     state.accessPoints.assign(20, {widestSsid, 165, 2, 100});
     return state;
+}
+
+constexpr int BUTTON_ROOM = 12;  // pixels on each side of a text
+
+QStringList crampedButtons(const QWidget& shown) {
+    QStringList cramped;
+    for (const QPushButton* const button : shown.findChildren<QPushButton*>()) {
+        const int text = button->fontMetrics().size(Qt::TextShowMnemonic, button->text()).width();
+        if (button->isVisible() && !button->text().isEmpty() &&
+            button->width() < text + 2 * BUTTON_ROOM) {
+            cramped << u"no room beside '%1'"_s.arg(button->text());
+        }
+    }
+    return cramped;
 }
 
 }  // namespace
@@ -112,7 +127,7 @@ void TextFitTest::everyTextHasItsPlace() {
         ClMainWidget window(SHORT_USB_TIMES);
         window.show();
         ClTour tour(window, [&complaints](const QWidget& shown, const QString& name) {
-            for (const QString& complaint : misplacedTexts(shown)) {
+            for (const QString& complaint : misplacedTexts(shown) + crampedButtons(shown)) {
                 complaints << u"%1: %2"_s.arg(name, complaint);
             }
             return true;

@@ -3,6 +3,7 @@
 
 import pyatspi
 
+from simulated_tool import wait_for
 from tool_on_screen import MODES, NAME, ToolOnScreen, run
 
 # Each button that leads to another part of the network page, and a text of that part.
@@ -52,6 +53,16 @@ def is_named(control):
     return bool(control.name) or control.role not in NAMED_ROLES
 
 
+# The keys of what takes no focus, by the mode on show.
+KEYS = {
+    "Camera state": "Ctrl+1, F5",
+    "Network setting": "Ctrl+2",
+    "Basic setting": "Ctrl+3",
+    "Stream setting": "Ctrl+4",
+    "Help": "Ctrl+5, F1",
+}
+
+
 class AccessibilityTest(ToolOnScreen):
     def assert_all_are_named(self, where):
         for control in self.screen.controls():
@@ -72,6 +83,23 @@ class AccessibilityTest(ToolOnScreen):
                 button = self.screen.find(pyatspi.ROLE_RADIO_BUTTON, mode)
                 self.assertTrue(button.has_state(pyatspi.STATE_CHECKED))
                 self.assert_all_are_named(mode)
+
+    def assert_keys_are_told(self, role, name, keys):
+        button = self.screen.find(role, name).node
+        wait_for(lambda: button.description == keys, f"keys of '{name}'")
+        bindings = button.queryAction().getKeyBinding(0)
+        self.assertEqual(bindings.split(";"), keys.split(", "))
+
+    def test_the_keys_are_told(self):
+        self.choose("Camera state")
+        for mode, keys in KEYS.items():
+            self.assert_keys_are_told(pyatspi.ROLE_RADIO_BUTTON, mode, keys)
+        self.assert_keys_are_told(pyatspi.ROLE_PUSH_BUTTON, "Close", "Ctrl+Q, Ctrl+W")
+        self.choose("Network setting")
+        self.assert_keys_are_told(pyatspi.ROLE_RADIO_BUTTON, "Adhoc", "Ctrl+Tab")
+        self.press("AP manual setting")
+        self.assert_keys_are_told(pyatspi.ROLE_PUSH_BUTTON, "Back", "Esc")
+        self.press("Back")
 
     def test_every_control_of_the_sub_pages_is_named(self):
         self.choose("Network setting")

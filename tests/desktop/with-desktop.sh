@@ -5,6 +5,9 @@ set -euo pipefail
 
 XDG_RUNTIME_DIR=$(mktemp --directory)
 export XDG_RUNTIME_DIR
+# The file behind the key that keeps a second copy of the tool from starting lies there: tests that
+# start the tool at the same moment must not be each other's second copy.
+export TMPDIR=$XDG_RUNTIME_DIR
 end() {
     [ -z "${server-}" ] || { kill "$server" && wait "$server"; } || true
     rm -rf "$XDG_RUNTIME_DIR"

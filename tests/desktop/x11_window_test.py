@@ -63,5 +63,16 @@ class X11WindowTest(unittest.TestCase):
         self.assertGreater(len(opaque), 1, "a picture has more than one colour")
 
 
+class X11KeysTest(unittest.TestCase):
+    def test_a_key_closes_the_window(self):
+        tool = SimulatedTool(SIMULATOR, TOOL, {"QT_QPA_PLATFORM": "xcb"})
+        self.addCleanup(tool.end)
+        search = "search", "--sync", "--onlyvisible", "--name", "^NuBo Setting Tool$"
+        # There is no window manager that would do it.
+        xdotool("windowfocus", "--sync", xdotool(*search).split()[0])
+        xdotool("key", "ctrl+w")
+        self.assertEqual(tool.wait(), 0)
+
+
 if __name__ == "__main__":
     unittest.main(argv=sys.argv[:1] + sys.argv[3:], verbosity=2)

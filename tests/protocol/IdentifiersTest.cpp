@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "protocol/CommandIdentifiers.h"
+#include "tests/support/TestSubject.h"
 
 #include <QSet>
 #include <QTest>
@@ -16,7 +17,6 @@ struct stPinned {
 constexpr std::array PINNED_IDENTIFIERS{
 #define PINNED(NAME, VALUE) stPinned{NAME, VALUE},
 #include "tests/protocol/PinnedIdentifiers.inc"
-#include "tests/support/TestSubject.h"
 #undef PINNED
 };
 

@@ -237,8 +237,9 @@ void VirtualCameraTest::answersComeAfterTheDelay() {
     QElapsedTimer timer;
     timer.start();
     camera.receive(bytes(command("3750")));
-    const auto comes = [&] { return answers(camera).size() == 1; };
-    TRY_VERIFY(comes());
+    // Each look takes what has come.
+    qsizetype come = 0;
+    TRY_VERIFY((come += answers(camera).size()) == 1);
     QVERIFY(timer.elapsed() >= 60);
 }
 
@@ -292,7 +293,7 @@ void VirtualCameraTest::itemsRefuseWhatIsNoValue_data() {
     QTest::newRow("no log format") << std::string("gps-log-format") << std::string("0");
     QTest::newRow("no period") << std::string("interval-period") << std::string("0");
     QTest::newRow("no switch") << std::string("interval") << std::string("yes");
-    QTest::newRow("no country") << std::string("country") << std::string("de");
+    QTest::newRow("no country") << std::string("country") << std::string("d1");
     QTest::newRow("no mode") << std::string("wifi-mode") << std::string("3");
     QTest::newRow("no address") << std::string("infra-address") << std::string("1.2.3.256");
     QTest::newRow("only told") << std::string("firmware") << std::string("1");

@@ -116,6 +116,7 @@ private Q_SLOTS:
     void aWriteReturnsTheCount_data();
     void aWriteReturnsTheCount();
     void theTimeoutIsTheCallersOwn();
+    void nothingIsLeftOfTheEndpointsFoundBefore();
     void aRawReadWaitsOneSecondAndKeepsOthersOut();
 };
 
@@ -230,6 +231,15 @@ void UsbControllerCallsTest::theTimeoutIsTheCallersOwn() {
     QCOMPARE(bench.controller.write(REQUEST, 1000, 255), int(REQUEST.size()));
     QCOMPARE(bench.controller.read(3000, 255, nullptr), "answer");
     QCOMPARE(g_calls.timeouts, (QList<int>{1000, 3000}));
+}
+
+void UsbControllerCallsTest::nothingIsLeftOfTheEndpointsFoundBefore() {
+    ControllerBench bench;
+    QCOMPARE(bench.controller.open(), 0);
+    QCOMPARE(int{bench.controller.getEndPoint(0x80)}, 0x81);
+    g_calls.claimsUntilRefusal = 0;
+    QCOMPARE(bench.controller.findEndpoints(), int{LIBUSB_ERROR_NOT_FOUND});
+    QCOMPARE(int{bench.controller.getEndPoint(0x80)}, 0);
 }
 
 void UsbControllerCallsTest::aRawReadWaitsOneSecondAndKeepsOthersOut() {

@@ -30,7 +30,6 @@ private Q_SLOTS:
     void refusesADeviceThatItCannotUse_data();
     void refusesADeviceThatItCannotUse();
     void reportsThatTheDeviceCannotBeOpened();
-    void findsItsEndpointsAnew();
     void findsNoEndpointsWithoutAnOpenDevice();
     void picksAnEndpointForAnAddress_data();
     void picksAnEndpointForAnAddress();
@@ -136,18 +135,6 @@ void UsbControllerTest::reportsThatTheDeviceCannotBeOpened() {
     QVERIFY(!bench.controller.isOpened());
     QCOMPARE(bench.log().claims, Numbers{});
     QCOMPARE(closings.size(), 0);
-}
-
-void UsbControllerTest::findsItsEndpointsAnew() {
-    ControllerBench bench;
-    QCOMPARE(bench.controller.open(), 0);
-    QCOMPARE(bench.controller.findEndpoints(), 0);
-    QCOMPARE(int{bench.controller.getEndPoint(0x80)}, 0x81);
-
-    // Nothing is left of those that were found before.
-    bench.bus.setBusyInterfaces(bench.id, {0});
-    QCOMPARE(bench.controller.findEndpoints(), int{LIBUSB_ERROR_NOT_FOUND});
-    QCOMPARE(int{bench.controller.getEndPoint(0x80)}, 0);
 }
 
 void UsbControllerTest::findsNoEndpointsWithoutAnOpenDevice() {

@@ -191,6 +191,8 @@ void BasicSettingLayoutTest::aRowMoreIsReachedByScrolling() {
 }
 
 void BasicSettingLayoutTest::theTabKeyGoesDownThePage() {
+    m_page->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(m_page.get()));
     buttons().first()->setFocus();
     for (const QPushButton* button : buttons()) {
         QCOMPARE(QApplication::focusWidget(), button);

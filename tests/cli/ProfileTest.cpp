@@ -1,0 +1,195 @@
+// SPDX-License-Identifier: MIT
+#include "cli/Profile.h"
+#include "cli/ProfileText.h"
+#include "tests/cli/CliBench.h"
+#include "tests/support/TestSubject.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+/// Profiles: written, compared and applied on simulated cameras.
+class ProfileTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+
+    void textComesBackFromItsQuotes_data();
+    void textComesBackFromItsQuotes();
+    void aProfileOfOneCameraMakesAnotherEqual();
+    void secretsAreLeftOutUnlessAskedForAndThenForTheOwnerAlone();
+    void aWrongLineIsNamedAndNothingIsSent();
+    void aDryRunWritesNothing();
+    void onlyAndSkipChoose();
+    void wifiIsSwitchedLast();
+    void twoFilesAreComparedWithoutACamera();
+    void jsonIsTakenToo();
+    void aStopTellsTheWayBack();
+
+private:
+    QString file(const char* name, const QByteArray& text = {}) const {
+        QFile written(m_folder.filePath(QLatin1String(name)));
+        if (!text.isEmpty() && written.open(QIODevice::WriteOnly)) {
+            written.write(text);
+        }
+        return written.fileName();
+    }
+
+    CliBench m_bench;
+    QTemporaryDir m_folder;
+    std::shared_ptr<RecordingCamera> m_first;
+    std::shared_ptr<RecordingCamera> m_second;
+};
+
+void ProfileTest::initTestCase() {
+    m_first = m_bench.plug();
+    m_second = m_bench.plug();
+}
+
+void ProfileTest::init() {
+    m_first->setState({});
+    m_second->setState({});
+}
+
+void ProfileTest::textComesBackFromItsQuotes_data() {
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("quoted");
+    QTest::newRow("plain") << u"Harbour"_s << u"Harbour"_s;
+    QTest::newRow("comment sign") << u"#1 = net"_s << u"#1 = net"_s;
+    QTest::newRow("nothing") << u""_s << u"\"\""_s;
+    QTest::newRow("blanks") << u" a "_s << u"\" a \""_s;
+    QTest::newRow("quote") << u"\"a\\"_s << u"\"\\\"a\\\\\""_s;
+    QTest::newRow("line end") << u"a\nb"_s << u"\"a\\u000ab\""_s;
+}
+
+void ProfileTest::textComesBackFromItsQuotes() {
+    QFETCH(const QString, text);
+    QTEST(profileQuoted(text), "quoted");
+    QCOMPARE(profileUnquoted(profileQuoted(text)), text);
+}
+
+void ProfileTest::aProfileOfOneCameraMakesAnotherEqual() {
+    QVERIFY(m_first->set("camera-name", "Tern"));
+    QVERIFY(m_first->set("infra-ssid", " Caf\xE9 #1 "));
+    QVERIFY(m_first->set("gps-log-format", "2"));
+    QVERIFY(m_first->set("interval", "on"));
+    QVERIFY(m_first->set("stream-password", "beacon"));
+    QVERIFY(m_first->set("wifi", "off"));
+    const QString profile = file("all.nubo");
+    QCOMPARE(CliBench::run({u"-c"_s, u"1-2"_s, u"export"_s, u"--secrets"_s, profile}).exit, 0);
+    QCOMPARE(CliBench::run({u"-c"_s, u"1-3"_s, u"diff"_s, profile}).exit, 1);
+    const stRunResult apply = CliBench::run({u"-c"_s, u"1-3"_s, u"apply"_s, profile});
+    QVERIFY2(apply.exit == 0, qPrintable(apply.err));
+    QCOMPARE(CliBench::run({u"-c"_s, u"1-3"_s, u"diff"_s, profile}).exit, 0);
+    for (const char* const item :
+         {"camera-name", "infra-ssid", "gps-log-format", "interval", "stream-password", "wifi"}) {
+        QCOMPARE(m_second->item(item), m_first->item(item));
+    }
+}
+
+void ProfileTest::secretsAreLeftOutUnlessAskedForAndThenForTheOwnerAlone() {
+    const QString open = file("open.nubo");
+    const QString secret = file("secret.nubo");
+    QCOMPARE(CliBench::run({u"-c"_s, u"1-2"_s, u"export"_s, open}).exit, 0);
+    QCOMPARE(CliBench::run({u"-c"_s, u"1-2"_s, u"export"_s, secret, u"--secrets"_s}).exit, 0);
+    QFile openFile(open);
+    QVERIFY(openFile.open(QIODevice::ReadOnly));
+    const QByteArray text = openFile.readAll();
+    QVERIFY(!text.contains("lantern") && !text.contains("breakwater"));
+    QVERIFY(!text.contains("camera.clock") && !text.contains("battery"));
+    QFile secretFile(secret);
+    QVERIFY(secretFile.open(QIODevice::ReadOnly));
+    QVERIFY(secretFile.readAll().contains("live.password = lantern\n"));
+    const QFile::Permissions others = QFile::ReadGroup | QFile::ReadOther;
+    QCOMPARE(QFileInfo(secret).permissions() & others, QFile::Permissions());
+}
+
+void ProfileTest::aWrongLineIsNamedAndNothingIsSent() {
+    const QString profile =
+        file("wrong.nubo", "# mine\n\ncamera.name = Tern\nlive.frame-rate = 5\n");
+    m_first->takeCodes();
+    const stRunResult run = CliBench::run({u"-c"_s, u"1-2"_s, u"apply"_s, profile});
+    QCOMPARE(run.exit, 2);
+    QVERIFY2(run.err.contains(u"line 4: live.frame-rate: 5 is not one of"_s), qPrintable(run.err));
+    QVERIFY(m_first->takeCodes().isEmpty());
+}
+
+void ProfileTest::aDryRunWritesNothing() {
+    const QString profile = file("name.nubo", "camera.name = Tern\ncamera.led-at-start = on\n");
+    const stRunResult run = CliBench::run({u"-c"_s, u"1-2"_s, u"apply"_s, u"--dry-run"_s, profile});
+    QCOMPARE(run.exit, 0);
+    QCOMPARE(run.out, u"camera.name: Gull -> Tern\n"_s);
+    QCOMPARE(m_first->item("camera-name"), u"Gull"_s);
+}
+
+void ProfileTest::onlyAndSkipChoose() {
+    const QString profile =
+        file("some.nubo", "camera.name = Tern\ngps.enabled = off\ngps.save-log = on\n");
+    QCOMPARE(CliBench::run({u"-c"_s, u"1-2"_s, u"apply"_s, profile, u"--only=gps"_s, u"--skip"_s,
+                            u"*.save-*"_s})
+                 .exit,
+             0);
+    QCOMPARE(m_first->item("camera-name"), u"Gull"_s);
+    QCOMPARE(m_first->item("gps"), u"off"_s);
+    QCOMPARE(m_first->item("gps-save-logs"), u"off"_s);
+}
+
+void ProfileTest::wifiIsSwitchedLast() {
+    const QString profile = file("wifi.nubo",
+                                 "wifi.enabled = off\nwifi.mode = adhoc\n"
+                                 "wifi.infrastructure.key = anchor\n"
+                                 "wifi.infrastructure.ssid = Pier\nwifi.adhoc.netmask = /16\n"
+                                 "live.rtsp-port = 8554\ngps.enabled = off\ncamera.name = Tern\n");
+    m_first->takeCodes();
+    QCOMPARE(CliBench::run({u"-c"_s, u"1-2"_s, u"apply"_s, profile}).exit, 0);
+    QByteArrayList written;
+    for (const QByteArray& code : m_first->takeCodes()) {
+        if (code.startsWith("58")) {
+            written.append(code);
+        }
+    }
+    QCOMPARE(written,
+             (QByteArrayList{"5830", "5821", "5843", "5807", "583b", "583c", "5803", "5847"}));
+}
+
+void ProfileTest::twoFilesAreComparedWithoutACamera() {
+    const QString one = file("one.nubo", "camera.name = Tern\nimage.contrast = 1\n");
+    const QString other = file("other.nubo", "image.contrast=2\n  camera.name =Tern\n");
+    const stRunResult run = CliBench::run({u"diff"_s, one, other});
+    QCOMPARE(run.exit, 1);
+    QCOMPARE(run.out, u"image.contrast: 1 -> 2\n"_s);
+    QCOMPARE(CliBench::run({u"diff"_s, one, one}).exit, 0);
+}
+
+void ProfileTest::jsonIsTakenToo() {
+    const stRunResult get = CliBench::run({u"-c"_s, u"1-2"_s, u"get"_s, u"--json"_s});
+    QCOMPARE(get.exit, 0);
+    QVERIFY(m_second->set("camera-name", "Tern"));
+    QVERIFY(m_second->set("auto-power-off", "0"));
+    const QString profile = file("all.json", get.out.toUtf8());
+    const stRunResult apply = CliBench::run({u"-c"_s, u"1-3"_s, u"apply"_s, profile});
+    QVERIFY2(apply.exit == 0, qPrintable(apply.err));
+    QCOMPARE(m_second->item("camera-name"), u"Gull"_s);
+    QCOMPARE(m_second->item("auto-power-off"), u"600"_s);
+}
+
+void ProfileTest::aStopTellsTheWayBack() {
+    const QString profile = file("stop.nubo", "camera.name = Tern\nimage.contrast = 3\n");
+    // Two reads, a write and its reading back; the next write finds the camera busy.
+    m_bench.bus.addFault(m_bench.ids[0], {.kind = nubo::simulator::FaultKind::CameraError,
+                                          .argument = 0xFFF9,
+                                          .unit = nubo::simulator::FaultUnit::Command,
+                                          .nth = 5});
+    const stRunResult run = CliBench::run({u"-c"_s, u"1-2"_s, u"apply"_s, profile});
+    QCOMPARE(run.exit, 8);
+    QVERIFY2(run.err.contains(u"to go back: nuboctl set 'camera.name=Gull'"_s),
+             qPrintable(run.err));
+}
+
+const TestSubject registered = subjectWithoutApplication<ProfileTest>();
+#include "ProfileTest.moc"
