@@ -2,6 +2,6 @@
 #pragma once
 
 /// Gives assistive technology the roles of the classes that Qt cannot know: without it the window
-/// is told of as a filler, a line or a mere decoration as a picture. Main thread, before the first
-/// window.
+/// is announced as a filler, a line or a mere decoration as a picture. To be called before the
+/// first window.
 void installAccessibleRoles();

@@ -6,8 +6,7 @@
 
 class QSharedMemory;
 
-/// Single-instance guard: holds a shared-memory segment under a key for as long as it lives. Main
-/// thread.
+/// Single-instance guard: holds a shared-memory segment under a key for as long as it lives.
 class ClAppCheck : public QObject {
     Q_OBJECT
 

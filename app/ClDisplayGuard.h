@@ -6,7 +6,7 @@
 /// ends the program instead, with one line on standard error and exit code 1. What the toolkit had
 /// to say about a display that could be reached in the end, it says when the guard goes.
 ///
-/// One at a time. Main thread.
+/// One at a time.
 class ClDisplayGuard {
 public:
     ClDisplayGuard();

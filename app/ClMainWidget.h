@@ -22,7 +22,7 @@ class QStackedLayout;
 /// page and to no other. While no camera is open the not-connected page is on show, and no page is
 /// connected.
 ///
-/// Owns the USB manager; the pages belong to the widget tree. Main thread.
+/// Owns the USB manager; the pages belong to the widget tree.
 class ClMainWidget : public QWidget {
     Q_OBJECT
 

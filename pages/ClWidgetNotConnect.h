@@ -3,7 +3,7 @@
 
 #include "ui/ClWidgetBase.h"
 
-/// What stands in the page area while no camera is open: a picture and a line of text. Main thread.
+/// What stands in the page area while no camera is open: a picture and a line of text.
 class ClWidgetNotConnect : public ClWidgetBase {
     Q_OBJECT
 

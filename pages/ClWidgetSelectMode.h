@@ -13,7 +13,7 @@ class QButtonGroup;
 inline constexpr qint32 MODE_NOT_CONNECTED = 0;
 inline constexpr qint32 MODE_LAST = 5;
 
-/// The bar of five buttons that choose the page. Main thread.
+/// The bar of five buttons that choose the page.
 class ClWidgetSelectMode : public ClWidgetBase {
     Q_OBJECT
 

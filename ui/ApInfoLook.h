@@ -12,6 +12,6 @@ inline constexpr QColor AP_ROW_COLOUR{185, 193, 202};
 inline constexpr QColor AP_ROW_HOVER_COLOUR{206, 212, 218};
 inline constexpr QColor AP_SEPARATOR_COLOUR{136, 140, 145};
 
-/// Marks the row that covers @p area as the one that has the keyboard. @p radius rounds its
+/// Marks the row that covers @p area as the one that has the focus. @p radius rounds its
 /// corners.
 void drawApFocus(QPainter& painter, const QRect& area, qreal radius);

@@ -15,7 +15,7 @@ class QRect;
 ///
 /// Each picture is made once, when it is first asked for, and kept until the application object
 /// goes. A path that holds no picture gives a null pixmap. Its size in device independent pixels is
-/// deviceIndependentSize(). Masks take the picture of ratio 1.0. Main thread.
+/// deviceIndependentSize(). Masks take the picture of ratio 1.0.
 [[nodiscard]] QPixmap artwork(const QString& path, qreal devicePixelRatio);
 
 /// The picture for the sharpest screen, for whoever hands it on before knowing the screen: labels.

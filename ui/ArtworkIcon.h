@@ -13,5 +13,5 @@ using ArtworkPaths = QMap<QIcon::Mode, QString>;
 ///
 /// A mode without a picture falls back as in any other icon: to the other one of QIcon::Normal and
 /// QIcon::Active, else to the first picture there is, coloured by the style where the style colours
-/// that mode. A picture larger than the size asked for is shrunk to fit. Main thread.
+/// that mode. A picture larger than the size asked for is shrunk to fit.
 [[nodiscard]] QIcon artworkIcon(const ArtworkPaths& paths);

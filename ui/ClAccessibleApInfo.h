@@ -3,8 +3,7 @@
 
 #include <QAccessibleWidget>
 
-/// What assistive technology sees of a ClWidgetApInfo: an entry of a list that can be pressed. Main
-/// thread.
+/// What assistive technology sees of a ClWidgetApInfo: an entry of a list that can be pressed.
 class ClAccessibleApInfo : public QAccessibleWidget {
 public:
     explicit ClAccessibleApInfo(QWidget* row);

@@ -10,7 +10,6 @@ class QAbstractButton;
 ///
 /// The toolkit offers to toggle a checkable button, which changes its looks without the click that
 /// the program listens to. A ClRollOverToolBtn that is checkable is one of several to choose from.
-/// Main thread.
 class ClAccessibleButton : public QAccessibleWidget {
 public:
     explicit ClAccessibleButton(QAbstractButton* button);

@@ -19,7 +19,8 @@ constexpr int SSID_GAP = 10;  ///< the least distance of the SSID from what foll
 }  // namespace
 
 ClApInfoParts::ClApInfoParts(QWidget& row, const QString& ssid, int type, int rssi) : m_row(row) {
-    // Before there are parts that each change would have to be handed down to.
+    // Font and colours come first: once the row has parts, Qt hands each change down to all of
+    // them.
     QFont bold = row.parentWidget() == nullptr ? row.font() : row.parentWidget()->font();
     bold.setWeight(QFont::Bold);
     row.setFont(bold);

@@ -10,7 +10,7 @@ class ClWidgetRssi;
 class QWidget;
 
 /// What a row with an access point shows, be it a row of the list or a button: check mark, SSID,
-/// encryption badge and signal. The parts are children of the row. Main thread.
+/// encryption badge and signal. The parts are children of the row.
 class ClApInfoParts {
 public:
     /// Gives @p row its colours and its font, which the parts share, and makes the parts.

@@ -29,7 +29,7 @@ void ClButtonApInfo::adjustPartsPos() {
 void ClButtonApInfo::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     painter.drawPixmap(rect(), artwork(QStringLiteral(":/img/ap_button"), devicePixelRatioF()));
-    // As everywhere, a button that was clicked does not show that it has the keyboard.
+    // As everywhere, a button that was clicked shows no focus.
     if (hasFocus() && window()->testAttribute(Qt::WA_KeyboardFocusChange)) {
         drawApFocus(painter, rect(), CORNER_RADIUS);
     }

@@ -5,7 +5,7 @@
 
 #include <QPushButton>
 
-/// A single access point as a button. Main thread.
+/// A single access point as a button.
 class ClButtonApInfo : public QPushButton {
     Q_OBJECT
 

@@ -4,7 +4,7 @@
 #include "ui/ClRollOverToolBtn.h"
 
 /// A button of the mode bar, 112 x 84: a picture above a caption of one or two lines, on a
-/// background that shows only when the button is hovered, pressed or checked. Main thread.
+/// background that shows only when the button is hovered, pressed or checked.
 class ClButtonMode : public ClRollOverToolBtn {
     Q_OBJECT
 

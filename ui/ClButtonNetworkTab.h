@@ -4,7 +4,7 @@
 #include "ui/ClRollOverToolBtn.h"
 
 /// A tab of the network page, 172 x 36: a text on a background that shows only when the tab is
-/// hovered, pressed or checked. Whether it can be checked is up to the page. Main thread.
+/// hovered, pressed or checked. Whether it can be checked is up to the page.
 class ClButtonNetworkTab : public ClRollOverToolBtn {
     Q_OBJECT
 

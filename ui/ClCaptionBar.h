@@ -5,7 +5,6 @@
 
 /// The caption bar of the frameless window, 600 pixels wide: a close button at the left and the
 /// title in the middle. Presses beside the button pass on to the window, which is dragged by them.
-/// Main thread.
 class ClCaptionBar : public QWidget {
     Q_OBJECT
 

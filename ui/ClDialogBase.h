@@ -12,7 +12,7 @@ class QPushButton;
 ///
 /// The page that opens a dialog hands it the camera's values by setParam(), runs it by exec() and,
 /// when it was accepted, takes the values to set from getParam(). What the list holds is each
-/// dialog's own matter. Main thread.
+/// dialog's own matter.
 class ClDialogBase : public QDialog {
     Q_OBJECT
 

@@ -7,8 +7,7 @@
 /// dialogs.
 ///
 /// The dialog is always just as large as the column needs and at least
-/// ClDialogBase::MINIMUM_WIDTH wide: neither the user nor a small screen makes it any smaller. Main
-/// thread.
+/// ClDialogBase::MINIMUM_WIDTH wide: neither the user nor a small screen makes it any smaller.
 class ClDialogColumn : public QVBoxLayout {
     Q_OBJECT
 

@@ -6,10 +6,10 @@
 
 /// Guards the typing of an IPv4 address: refuses what cannot become one, moves on to the next octet
 /// after three digits and takes that dot back when it is deleted. It never answers Intermediate;
-/// whether the address is complete, and free of the signs and blanks that QString::toInt() reads
+/// whether the address is complete, and free of the signs and spaces that QString::toInt() reads
 /// over, is a matter of validIpv4().
 ///
-/// It remembers the text before, so one validator serves one line edit. Main thread.
+/// It remembers the text before, so one validator serves one line edit.
 class ClIpv4Validator : public QValidator {
     Q_OBJECT
 

@@ -4,7 +4,7 @@
 #include <QLabel>
 
 /// A horizontal line between the sections of a page. Its height is the picture's, its width follows
-/// the layout. Main thread.
+/// the layout.
 class ClLabelSepalator : public QLabel {
     Q_OBJECT
 

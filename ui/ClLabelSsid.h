@@ -3,8 +3,7 @@
 
 #include <QLabel>
 
-/// The SSID of an access point, exactly as the camera gives it: never taken for markup. Main
-/// thread.
+/// The SSID of an access point, exactly as the camera gives it: never taken for markup.
 ///
 /// An SSID that is wider than the label's maximum width ends in an ellipsis on screen and shows
 /// whole as a tool tip; text() is the whole SSID always.

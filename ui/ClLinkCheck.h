@@ -3,7 +3,7 @@
 
 #include <QLabel>
 
-/// The check mark of the access point that the camera is linked to; empty at first. Main thread.
+/// The check mark of the access point that the camera is linked to; empty at first.
 class ClLinkCheck : public QLabel {
     Q_OBJECT
 

@@ -7,7 +7,7 @@
 class QPushButton;
 
 /// The tool's own small modal box for errors and confirmations. Run it by exec(): QDialog::Accepted
-/// for OK and Yes, QDialog::Rejected for Cancel, No and the close button. Main thread.
+/// for OK and Yes, QDialog::Rejected for Cancel, No and the close button.
 class ClMessageBox : public QDialog {
     Q_OBJECT
 

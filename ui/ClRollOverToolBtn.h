@@ -6,7 +6,7 @@
 
 /// A tool button drawn from pictures, one per icon mode: QIcon::Disabled, Selected (pressed or
 /// checked), Active (under the mouse or focused) or Normal. It takes the shape of the picture on
-/// show. Without a picture it looks like any tool button. Main thread.
+/// show. Without a picture it looks like any tool button.
 class ClRollOverToolBtn : public QToolButton {
     Q_OBJECT
     Q_PROPERTY(QIcon imgShow READ imgShow WRITE setImgShow)

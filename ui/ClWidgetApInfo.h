@@ -6,8 +6,8 @@
 #include <QWidget>
 
 /// An access point as a row of the list. It is selected by a double click, by Enter or the space
-/// bar while it has the keyboard, or by the press action of assistive technology; a single click
-/// does nothing. Main thread.
+/// bar while it has the focus, or by the press action of assistive technology; a single click
+/// does nothing.
 class ClWidgetApInfo : public QWidget {
     Q_OBJECT
 

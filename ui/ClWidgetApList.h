@@ -6,8 +6,8 @@
 
 class QVBoxLayout;
 
-/// A column of rows, each followed by a thin line. To the keyboard it is one control: the Tab key
-/// enters and leaves it, the arrow keys, Home and End go from row to row. Main thread.
+/// A column of rows, each followed by a thin line. For the keyboard it is one control: the Tab key
+/// enters and leaves it, the arrow keys, Home and End go from row to row.
 class ClWidgetApList : public QWidget {
     Q_OBJECT
 

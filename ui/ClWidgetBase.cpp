@@ -133,7 +133,7 @@ void ClWidgetBase::hideEvent(QHideEvent* event) {
     // Minimising the window is not leaving the page.
     if (!event->spontaneous()) {
         ++m_visit;
-        // What was to follow the box that is open is of a camera that may have left.
+        // The errors that wait behind the open box belong to a camera that may have left.
         m_errors.resize(std::min<qsizetype>(m_errors.size(), 1));
         closeQuestions();
     }

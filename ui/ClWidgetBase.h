@@ -15,7 +15,7 @@ class QDialog;
 ///
 /// The main window enters a page by showInit(false), connects the two command members while the
 /// page is on show, and leaves it by stopPolling(). A page that wants to be refreshed starts the
-/// polling itself. Main thread.
+/// polling itself.
 class ClWidgetBase : public QWidget {
     Q_OBJECT
 
@@ -32,11 +32,11 @@ public:
     virtual void stopPolling();
 
     /// Tells the user, in a modal box, that a command failed with the 16-bit result code @p error.
-    /// Returns when the box is closed. A failure that comes while this page has a box open is told
+    /// Returns when the box is closed. A failure that comes while this page has a box open is shown
     /// when that is closed, unless the page has been left: boxes never pile up.
     virtual void showErrorMsgBox(unsigned short error);
 
-    /// Runs @p dialog, which asks the user something about the camera, and tells whether it was
+    /// Runs @p dialog, which asks the user something about the camera, and returns whether it was
     /// accepted. Leaving the page, as happens when the camera goes, closes the dialog at once, and
     /// whatever it has opened itself: it is not accepted then, for an answer is for the camera that
     /// the question was about, not for one that has been plugged in in its place.
@@ -68,7 +68,7 @@ protected:
     [[nodiscard]] bool isAnswerToAnother(const VX_CMD& message) const;
 
     void hideEvent(QHideEvent* event) override;
-    /// The Enter key presses the button that has the keyboard, as it does in a dialog.
+    /// The Enter key presses the button that has the focus, as it does in a dialog.
     void keyPressEvent(QKeyEvent* event) override;
 
 private:

@@ -5,7 +5,7 @@
 
 class QLabel;
 
-/// The badge that names the encryption of an access point; an open one has none. Main thread.
+/// The badge that names the encryption of an access point; an open one has none.
 class ClWidgetEncryption : public QWidget {
     Q_OBJECT
 

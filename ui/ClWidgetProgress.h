@@ -6,7 +6,7 @@
 class QLabel;
 class QProgressBar;
 
-/// A bar of 133 pixels with the percentage below it, green from 50 up, red below 10. Main thread.
+/// A bar of 133 pixels with the percentage below it, green from 50 up, red below 10.
 class ClWidgetProgress : public QWidget {
     Q_OBJECT
 

@@ -3,7 +3,7 @@
 
 #include <QLabel>
 
-/// The signal strength of an access point, as a picture of one to three bars. Main thread.
+/// The signal strength of an access point, as a picture of one to three bars.
 class ClWidgetRssi : public QLabel {
     Q_OBJECT
 

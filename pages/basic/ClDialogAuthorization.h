@@ -10,11 +10,10 @@ class QLineEdit;
 class QRadioButton;
 
 /// Asks whether the live stream needs a password, and for a new one: one to sixteen printable ASCII
-/// characters without the blank.
+/// characters without the space.
 ///
 /// Parameters in: whether authorization is used (bool), the current password (QString). Parameters
 /// out: whether it is used (bool), the new password (QString), which may be empty when it is not.
-/// Main thread.
 class ClDialogAuthorization : public ClDialogBase {
     Q_OBJECT
 

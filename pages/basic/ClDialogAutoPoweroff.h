@@ -9,7 +9,7 @@ class QRadioButton;
 /// Asks after what time the camera switches itself off.
 ///
 /// Parameters in and out: the time (unsigned int, seconds, a minute to 72 hours); 0 (out: int) for
-/// never. Main thread.
+/// never.
 class ClDialogAutoPoweroff : public ClDialogBase {
     Q_OBJECT
 

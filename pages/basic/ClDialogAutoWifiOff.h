@@ -9,7 +9,7 @@ class QSpinBox;
 /// Asks after what time the camera switches its Wi-Fi off.
 ///
 /// Parameters in: the time (unsigned int, seconds), 0 for never. Parameters out: the time (int,
-/// seconds, whole minutes from 1 to 10), 0 for never. Main thread.
+/// seconds, whole minutes from 1 to 10), 0 for never.
 class ClDialogAutoWifiOff : public ClDialogBase {
     Q_OBJECT
 

@@ -47,7 +47,7 @@ void setReadableColours(QCalendarWidget& calendar) {
 ClDialogCalendar::ClDialogCalendar(QWidget* parent)
     : ClDialogBase(parent),
       m_calendar(new QCalendarWidget(this)) {
-    // The name is that of the days, which have the keyboard.
+    // The table of days takes the focus, so it is what a screen reader names.
     m_calendar->focusProxy()->setAccessibleName(ClBasicSettingText::tr("Calendar"));
     for (const stMonthButton& row : MONTH_BUTTONS) {
         auto* button = m_calendar->findChild<QToolButton*>(QLatin1String(row.objectName));

@@ -7,7 +7,7 @@ class QCalendarWidget;
 
 /// Asks for a date of the years that the camera's clock knows.
 ///
-/// Parameters in and out: the date (QDate); an invalid one leaves what is selected. Main thread.
+/// Parameters in and out: the date (QDate); an invalid one leaves what is selected.
 class ClDialogCalendar : public ClDialogBase {
     Q_OBJECT
 

@@ -7,7 +7,7 @@ class QLineEdit;
 
 /// Asks for the camera's name: one to eight letters and digits of ASCII.
 ///
-/// Parameters in and out: the name (QString). Main thread.
+/// Parameters in and out: the name (QString).
 class ClDialogCameraName : public ClDialogBase {
     Q_OBJECT
 

@@ -12,7 +12,7 @@ class QRadioButton;
 ///
 /// Parameters in and out: whether it is used (bool), whether logs are saved (bool), whether the
 /// clock is adjusted (bool), the format of the logs (in: unsigned int, out: int; 1 the short one, 2
-/// the full one). Missing ones leave what is shown. Main thread.
+/// the full one). Missing ones leave what is shown.
 class ClDialogGps : public ClDialogBase {
     Q_OBJECT
 

@@ -7,7 +7,7 @@ class QSlider;
 
 /// Asks for the contrast of the pictures, from light to dark in five steps.
 ///
-/// Parameters: the step from 0 to 4 (in: unsigned int, out: int). Main thread.
+/// Parameters: the step from 0 to 4 (in: unsigned int, out: int).
 class ClDialogImageQuarity : public ClDialogBase {
     Q_OBJECT
 

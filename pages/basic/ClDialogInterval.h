@@ -10,7 +10,7 @@ class QRadioButton;
 ///
 /// Parameters in and out: whether it is used (bool), the delay before the first capture (unsigned
 /// int, seconds, 0 to 72 hours), the time from one capture to the next (unsigned int, seconds, 1 to
-/// 72 hours). Missing ones leave what is shown. Main thread.
+/// 72 hours). Missing ones leave what is shown.
 class ClDialogInterval : public ClDialogBase {
     Q_OBJECT
 

@@ -7,7 +7,7 @@ class QRadioButton;
 
 /// Asks whether the camera's LED lights when it is switched on.
 ///
-/// Parameters in and out: whether it lights (bool). Main thread.
+/// Parameters in and out: whether it lights (bool).
 class ClDialogLed : public ClDialogBase {
     Q_OBJECT
 

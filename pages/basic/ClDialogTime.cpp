@@ -27,7 +27,7 @@ constexpr int TIME_SPACING = 15;  // pixels, between date and time
 
 struct stField {
     const char* name;
-    const char* before;  ///< what separates it from the field before; null: blank space
+    const char* before;  ///< what separates it from the field before; null: an empty space
     int least;
     int greatest;
     int width;  ///< pixels, at most

@@ -19,14 +19,13 @@ class QPushButton;
 /// Parameters in and out: the date and time (QDateTime, local time), of which the date and the time
 /// of day count: one that daylight saving skips on this computer is shown and comes out as it is.
 /// The fields accept dates that do not exist and the hour 24, which come out as an invalid value.
-/// Main thread.
 class ClDialogTime : public ClDialogBase {
     Q_OBJECT
 
 public:
     using Clock = std::function<QDateTime()>;
 
-    /// @p clock tells the computer's time.
+    /// @p clock returns the computer's time.
     explicit ClDialogTime(
         QWidget* parent = nullptr, Clock clock = [] { return QDateTime::currentDateTime(); });
 

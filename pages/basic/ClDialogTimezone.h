@@ -9,7 +9,7 @@ class QComboBox;
 ///
 /// Parameters in and out: the zone (unsigned int) as the camera counts it: 0 to 12 hours east of
 /// Greenwich, and 12 more than the hours west of it from 13 to 24. A zone that does not exist shows
-/// none, and "OK" waits for a choice. Main thread.
+/// none, and "OK" waits for a choice.
 class ClDialogTimezone : public ClDialogBase {
     Q_OBJECT
 

@@ -7,10 +7,10 @@ class QComboBox;
 
 /// Asks by which country's rules the camera uses Wi-Fi.
 ///
-/// Parameters in: whether the camera has to be told a country (bool), so that "Auto" is not
+/// Parameters in: whether the camera needs a country (bool), so that "Auto" is not
 /// offered, and the country (unsigned int, from 1 to 4, which is "Auto"); fewer than both are left
 /// alone. A country that does not exist shows none, and "OK" waits for a choice. Parameters out:
-/// the country (unsigned int). Main thread.
+/// the country (unsigned int).
 class ClDialogWifiCountry : public ClDialogBase {
     Q_OBJECT
 

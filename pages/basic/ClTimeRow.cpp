@@ -38,8 +38,8 @@ QString written(unsigned int seconds) {
     return QStringLiteral("%1:%2:%3").arg(hours).arg(minutes).arg(rest);
 }
 
-// A value that is put right while it is being typed is selected, so that the next digit starts
-// anew: who types "05" and is given 1 for the "0" gets 5 in the end, not 15.
+// A value that is corrected while it is being typed is selected, so that the next digit replaces
+// it: whoever types "05", and sees the "0" corrected to 1, gets 5 in the end and not 15.
 void correct(QSpinBox* box, int value) {
     if (box->value() == value) {
         return;

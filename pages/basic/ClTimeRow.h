@@ -12,7 +12,7 @@ class QSpinBox;
 /// least time to 72 hours.
 ///
 /// The three boxes limit only themselves. The owner listens to sigValueChanged() and calls
-/// keepInRange(). Main thread.
+/// keepInRange().
 class ClTimeRow : public ClControlGroup {
     Q_OBJECT
 

@@ -26,8 +26,8 @@ constexpr int PAGE_HEIGHT = 505;
 constexpr QMargins PAGE_MARGINS{0, 19, 0, 0};
 constexpr int SPACING = 6;
 constexpr int CAPTION_INDENT = 37;
-// Room for the text. The lines of some fonts, Japanese ones above all, are higher: with them the
-// last button would not fit on the page.
+// Enough for the text. The lines of some fonts, Japanese ones above all, are higher, and would push
+// the last button off the page.
 constexpr int CAPTION_HEIGHT = 16;
 const QString UNKNOWN_NAME = QStringLiteral("--");
 
@@ -178,8 +178,8 @@ void ClWidgetBasicSetting::handle(const VX_CMD& message) {
     }
     const QUuid received = getCommand(message);
     if (received == USB_NUBO_CMD_RESPONSE || received == USB_CMD_ERROR) {
-        // Not an stCommandResult: a click that comes to nothing is told here even when the camera
-        // has gone.
+        // Not an stCommandResult: here a click that comes to nothing is reported even when the
+        // camera has gone.
         const auto result = message.value(Key::PARAM3).value<unsigned short>();
         handleResult(message.value(Key::PARAM2).toUuid(), result,
                      received == USB_CMD_ERROR || result != USB_ERROR_SUCCESS);
@@ -234,11 +234,11 @@ void ClWidgetBasicSetting::showDialog(const stBasicSettingRow& row) {
     const std::unique_ptr<ClDialogBase> dialog = row.createDialog(this);
     dialog->setParam(readValues(row));
     const bool isAccepted = ask(*dialog);
-    // What waits by now is of the camera that has come.
+    // Messages that wait by now belong to the camera that has been plugged in since; keep them.
     if (before != visit()) {
         return;
     }
-    // What a double click has read a second time is out of date by now.
+    // A double click has read the same setting twice; the second answer is out of date by now.
     m_waiting.removeIf([&row](const VX_CMD& message) {
         return settingWith(row, &stCameraSetting::answer, getCommand(message)) != nullptr;
     });

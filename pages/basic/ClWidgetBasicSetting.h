@@ -21,7 +21,7 @@ class QVBoxLayout;
 /// name, on the first button; it changes when the camera confirms the new one.
 ///
 /// A dialog runs inside slotReceiveCommand(). What arrives meanwhile waits until it is closed, so
-/// that dialogs and boxes come one after the other. Main thread.
+/// that dialogs and boxes come one after the other.
 class ClWidgetBasicSetting : public ClWidgetBase {
     Q_OBJECT
 

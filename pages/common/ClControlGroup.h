@@ -4,14 +4,14 @@
 #include <QWidget>
 
 /// Controls that belong together, in one widget that a screen reader announces as a group: give it
-/// an accessible name or make it a label's buddy. Main thread.
+/// an accessible name or make it a label's buddy.
 class ClControlGroup : public QWidget {
     Q_OBJECT
 
 public:
     explicit ClControlGroup(QWidget* parent);
 
-    /// A group of @p control alone, which becomes its child: a combo box tells its value as its
-    /// name, and is known by the group's.
+    /// A group of @p control alone, which becomes its child. For a combo box: its accessible name
+    /// is its value, so the group has to say what it is for.
     ClControlGroup(const QString& name, QWidget* control, QWidget* parent);
 };

@@ -14,8 +14,8 @@ ClRadioGroup::ClRadioGroup(const QString& label, QWidget* parent) : ClControlGro
 
 QRadioButton* ClRadioGroup::addButton(const QString& text) {
     auto* button = new QRadioButton(text, this);
-    // Tab stops at the checked button. The toolkit sees to that only after a button has had the
-    // keyboard, and gives it to the first one until then, where a blank would change the choice.
+    // Until a radio button has had the focus, Qt has Tab stop at the first one, and Space would
+    // then change the choice. So only the checked one takes the focus by Tab.
     button->setFocusPolicy(Qt::ClickFocus);
     connect(button, &QRadioButton::toggled, button, [button](bool isChecked) {
         button->setFocusPolicy(isChecked ? Qt::StrongFocus : Qt::ClickFocus);

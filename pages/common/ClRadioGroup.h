@@ -5,8 +5,8 @@
 
 class QRadioButton;
 
-/// A label that tells what is set, and below it radio buttons, exclusive among themselves. The
-/// first one is checked until another is. Main thread.
+/// A label that names what is set, and below it radio buttons, exclusive among themselves. The
+/// first one is checked until another is.
 class ClRadioGroup : public ClControlGroup {
     Q_OBJECT
 

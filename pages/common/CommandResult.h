@@ -14,7 +14,7 @@ struct stCommandResult {
           code(message.value(Key::PARAM3).value<unsigned short>()) {
         const QUuid kind = getCommand(message);
         isSuccess = kind == USB_NUBO_CMD_RESPONSE && code == USB_ERROR_SUCCESS;
-        // A camera that has gone is no failure to tell of: the not-connected page is on its way.
+        // A camera that has gone is no failure to report: the not-connected page is about to show.
         isFailure = (kind == USB_NUBO_CMD_RESPONSE && !isSuccess) ||
                     (kind == USB_CMD_ERROR && code != USB_NO_DEVICE);
     }

@@ -8,7 +8,7 @@ class QLabel;
 class QString;
 class QWidget;
 
-// The parts that pages at fixed places are made of. They become children of the page. Main thread.
+// The parts that pages at fixed places are made of. They become children of the page.
 
 inline constexpr QSize BUTTON_MINIMUM{133, 30};
 inline constexpr QSize WIDE_BUTTON_MINIMUM{309, 30};  ///< of a page that is a column of buttons
@@ -16,8 +16,8 @@ inline constexpr QSize WIDE_BUTTON_MINIMUM{309, 30};  ///< of a page that is a c
 /// A text at @p place.
 QLabel* addLabel(const QString& text, QPoint place, QWidget* page);
 
-/// A caption whose end is at @p right: the captions of a block end at one edge, against their
-/// values.
+/// A caption that ends at @p right. All captions of a block end there, and their values begin right
+/// of it.
 QLabel* addCaption(const QString& text, int right, int y, QWidget* page);
 
 /// A place for a value of the camera, in bold and empty.
@@ -28,5 +28,5 @@ void setValue(QLabel* value, const QString& text);
 
 void setBold(QWidget* widget);
 
-/// Moves @p widget so that, at the size that it wants, it ends at @p right.
+/// Moves @p widget so that at its preferred size it ends at @p right.
 void moveEndTo(QWidget* widget, int right, int y);

@@ -3,11 +3,11 @@
 
 #include <QLabel>
 
-/// A value that a camera tells, in bold, on one line, to be selected and copied by mouse and
-/// keyboard. Main thread.
+/// A value that a camera reports, in bold, on one line, to be selected and copied by mouse and
+/// keyboard.
 ///
-/// The camera may tell anything: the text is never read as markup, control characters show as
-/// blanks, no text as "--", and one that is too long for the page ends in an ellipsis, with the
+/// The camera may report anything: the text is never read as markup, control characters show as
+/// spaces, no text as "--", and one that is too long for the page ends in an ellipsis, with the
 /// whole of it in the tool tip.
 class ClLabelValue : public QLabel {
     Q_OBJECT

@@ -9,10 +9,10 @@
 class ClLabelValue;
 
 /// The help page: the version of the tool and, asked for each time the page is shown, what the
-/// camera tells of itself.
+/// camera reports about itself.
 ///
 /// The camera is asked by a chain of requests, each sent when the one before has been answered. A
-/// failed one ends the chain; what has not been told by then reads "--". Main thread.
+/// failed one ends the chain; what has not been read by then shows as "--".
 class ClWidgetHelp : public ClWidgetBase {
     Q_OBJECT
 

@@ -3,8 +3,7 @@
 
 #include <QWidget>
 
-/// The banner of the help page: the logo and, in letters as high as it, what the program is. Main
-/// thread.
+/// The banner of the help page: the logo and, in letters as high as it, what the program is.
 class ClWidgetLogo : public QWidget {
     Q_OBJECT
 

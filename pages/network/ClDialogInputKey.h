@@ -6,7 +6,7 @@
 class QLineEdit;
 
 /// Asks for the encryption key of an access point. Its parameter list holds the key, of letters and
-/// digits. Main thread.
+/// digits.
 class ClDialogInputKey : public ClDialogBase {
     Q_OBJECT
 
@@ -16,7 +16,7 @@ public:
 
     void setParam(const QVariantList& params) override;
     [[nodiscard]] QVariantList getParam() override;
-    /// Closes the dialog, unless a key is missing: then the user is told so.
+    /// Closes the dialog, unless a key is missing: then a box says so.
     void accept() override;
 
 Q_SIGNALS:

@@ -5,7 +5,7 @@
 
 /// Lets a page that shows one of several inner pages pass the command messages on: what the inner
 /// page sends leaves by the outer page's sigSendCommand(), and what the outer page emits by
-/// sigReceiveCommand() reaches the inner page. One inner page is connected at a time. Main thread.
+/// sigReceiveCommand() reaches the inner page. One inner page is connected at a time.
 template <class Outer>
 class ClMessageRelay {
 public:

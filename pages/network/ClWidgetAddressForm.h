@@ -37,7 +37,7 @@ struct stAddressRow {
 /// next request. "Decision" writes what differs from what was read, unless the addresses are no
 /// addresses; the form is left when all writes have succeeded, or at once when there were none. A
 /// failed write leaves the form open with the user's values, and the next "Decision" writes them
-/// all again, for only reading changes what counts as the camera's value. Main thread.
+/// all again, for only reading changes what counts as the camera's value.
 class ClWidgetAddressForm : public ClWidgetBase {
     Q_OBJECT
 

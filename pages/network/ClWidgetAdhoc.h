@@ -8,7 +8,7 @@ class QCheckBox;
 
 /// The ad-hoc tab of the network page: the camera as its own network. Shows the SSID and the key of
 /// that network, which are read once in a run of the program, and sets the camera's address and
-/// subnet mask in it. Main thread.
+/// subnet mask in it.
 class ClWidgetAdhoc : public ClWidgetAddressForm {
     Q_OBJECT
 

@@ -11,7 +11,7 @@ class QStackedLayout;
 /// The infrastructure tab of the network page: the camera as a client of an access point. Shows one
 /// of four sub-pages (0 top, 1 search, 2 manual setting, 3 DHCP), passes the command messages on
 /// between it and the network page, and refreshes each when it comes on show; by polling, only the
-/// top one. Main thread.
+/// top one.
 class ClWidgetInfrastructure : public ClWidgetBase {
     Q_OBJECT
 
@@ -37,7 +37,7 @@ public Q_SLOTS:
 private:
     template <class Page>
     Page* addPage();
-    /// Has the top sub-page tell of a write of the search sub-page that is refused only when the
+    /// Has the top sub-page report a write of the search sub-page that is refused only when the
     /// user is back at the top.
     void connectLateResults(ClWidgetInfrastructureSearch& search);
 

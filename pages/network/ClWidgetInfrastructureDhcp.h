@@ -6,7 +6,7 @@
 class QRadioButton;
 
 /// The infrastructure sub-page that sets whether the camera takes its address from a DHCP server
-/// and, if not, its address, subnet mask and default gateway. Main thread.
+/// and, if not, its address, subnet mask and default gateway.
 class ClWidgetInfrastructureDhcp : public ClWidgetAddressForm {
     Q_OBJECT
 

@@ -10,7 +10,7 @@ class QLineEdit;
 
 /// The infrastructure sub-page on which the user types the SSID of an access point. "Decision" asks
 /// for the key and writes the SSID and, unless it is empty, the key; the success of the last one
-/// leads back to the top sub-page. Main thread.
+/// leads back to the top sub-page.
 class ClWidgetInfrastructureManual : public ClWidgetBase {
     Q_OBJECT
 

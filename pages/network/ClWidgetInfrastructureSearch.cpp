@@ -28,7 +28,7 @@ constexpr std::array WRITES{
     USB_NUBO_CMD_SET_INFRA_KEY,
 };
 
-// Of a write, only the camera's own refusal is told.
+// A write that fails on the way to the camera is not reported; one that the camera refuses is.
 bool isRefusedWrite(const QUuid& kind, const stCommandResult& result) {
     return result.isFailure && kind == USB_NUBO_CMD_RESPONSE &&
            std::ranges::find(WRITES, result.command) != WRITES.end();
@@ -52,7 +52,7 @@ ClWidgetInfrastructureSearch::ClWidgetInfrastructureSearch(QWidget* parent)
     colours.setColor(QPalette::Window, AP_ROW_COLOUR);
     m_area->setPalette(colours);
     m_area->setAutoFillBackground(true);
-    // The rows have the keyboard.
+    // The rows take the focus, not the area.
     m_area->setFocusPolicy(Qt::NoFocus);
 
     const QList<QPushButton*> buttons =

@@ -15,7 +15,7 @@ struct stCommandResult;
 /// it comes on show and by "Research"; a failed scan leaves the list. The access point that the
 /// user selects is written to the camera, with its key if it is encrypted; when its SSID has been
 /// accepted, the top sub-page follows. By then the key is still on its way: what becomes of it
-/// reaches this page as a late result. Main thread.
+/// reaches this page as a late result.
 class ClWidgetInfrastructureSearch : public ClWidgetBase {
     Q_OBJECT
 

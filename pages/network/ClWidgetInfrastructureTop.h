@@ -15,7 +15,7 @@ struct stCommandResult;
 ///
 /// One refresh is a chain of two reads, the SSID that is set and the link. A failed read ends the
 /// chain, leaves what is shown and stops the polling; of the failures until polling starts again,
-/// only the first is shown. Main thread.
+/// only the first is shown.
 class ClWidgetInfrastructureTop : public ClWidgetBase {
     Q_OBJECT
 

@@ -59,7 +59,7 @@ void ClWidgetNetworkSetting::buildTabs() {
     for (QAbstractButton* tab : m_tabs->buttons()) {
         addKeys(tab, {Qt::CTRL | Qt::Key_Tab}, eKeysWhile::Unchecked);
     }
-    // Of two exclusive tabs one tells of both.
+    // The tabs are exclusive: one toggled() covers both.
     connect(infrastructure, &ClButtonNetworkTab::toggled, this,
             &ClWidgetNetworkSetting::slotClicked);
 }
@@ -174,7 +174,7 @@ void ClWidgetNetworkSetting::slotReceiveCommand(const VX_CMD& clCommand) {
     if (sender != this) {
         Q_EMIT sigReceiveCommand(clCommand);
     }
-    // Plain results name no sender; which page they are for, the command tells.
+    // Plain results name no sender; their command decides which page they are for.
     if (sender == this || sender == nullptr) {
         showResult(stCommandResult(clCommand));
     }

@@ -21,7 +21,6 @@ struct stCommandResult;
 /// boxes of both tabs follow; the mode is read once, and from then on is what this page has set.
 /// When a write has failed, or its result was never seen, the mode is read again. Choosing the
 /// ad-hoc tab stops the polling; the values that the user edits there are never refreshed by it.
-/// Main thread.
 class ClWidgetNetworkSetting : public ClWidgetBase {
     Q_OBJECT
 

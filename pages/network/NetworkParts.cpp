@@ -15,8 +15,8 @@ namespace {
 
 constexpr int BOX_RIGHT = 585;
 
-/// Its accepting button does not look as if it had the keyboard. In a dialog that look goes to
-/// whatever button has it; on a page it would stay.
+/// Its accepting button does not look like the default one. In a dialog that look moves to
+/// whichever button has the focus; on a page it would stay.
 class PageButtonBox : public QDialogButtonBox {
 protected:
     bool event(QEvent* event) override {

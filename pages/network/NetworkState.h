@@ -7,7 +7,6 @@
 
 // What the network pages know of the camera's Wi-Fi, and whether they have complained yet. One
 // state for the whole program, reached by these pages only: it outlives a camera that is unplugged.
-// Main thread.
 
 inline constexpr quint32 WIFI_MODE_UNKNOWN = 0;  ///< not read yet, or Wi-Fi was switched off here
 

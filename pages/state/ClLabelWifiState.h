@@ -3,7 +3,7 @@
 
 #include <QLabel>
 
-/// The badge that tells whether the camera is linked to a wireless network. Main thread.
+/// The badge that shows whether the camera is linked to a wireless network.
 class ClLabelWifiState : public QLabel {
     Q_OBJECT
 

@@ -16,7 +16,7 @@ struct stCommandResult;
 /// page is visible, and three maintenance actions behind confirmation boxes.
 ///
 /// One refresh is a chain of three reads (battery, Wi-Fi, SD card), each sent when the one before
-/// has been answered. A failed read ends the chain and leaves what is shown. Main thread.
+/// has been answered. A failed read ends the chain and leaves what is shown.
 class ClWidgetCameraState : public ClWidgetBase {
     Q_OBJECT
 

@@ -7,7 +7,7 @@ class QSize;
 template <class Value>
 class ClStreamChoices;
 
-/// Asks for the picture size of recordings. Main thread.
+/// Asks for the picture size of recordings.
 class ClDialogRecSetting : public ClDialogBase {
     Q_OBJECT
 

@@ -7,7 +7,7 @@ class QSize;
 template <class Value>
 class ClStreamChoices;
 
-/// Asks for the picture size and the frame rate of the live view. Main thread.
+/// Asks for the picture size and the frame rate of the live view.
 class ClDialogStreamSetting : public ClDialogBase {
     Q_OBJECT
 

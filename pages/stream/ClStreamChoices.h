@@ -18,7 +18,7 @@ struct stStreamChoice {
     Value value;
 };
 
-/// A radio group whose buttons stand for values. Main thread.
+/// A radio group whose buttons stand for values.
 template <class Value>
 class ClStreamChoices : public ClRadioGroup {
 public:

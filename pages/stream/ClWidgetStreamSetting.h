@@ -17,8 +17,8 @@ class ClDialogBase;
 ///
 /// A read is a chain of two requests, each sent when the one before has been answered; the dialog
 /// opens with the second answer. Only the answer that the chain waits for counts. A click on the
-/// other button, and showing the page anew, abandon the chain; a click on the same one leaves it
-/// alone. Main thread.
+/// other button, and showing the page again, abandon the chain; a click on the same one leaves it
+/// alone.
 class ClWidgetStreamSetting : public ClWidgetBase {
     Q_OBJECT
 
