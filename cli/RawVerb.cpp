@@ -2,8 +2,8 @@
 #include "cli/ClReport.h"
 #include "cli/ClSession.h"
 #include "cli/Verbs.h"
-#include "protocol/TextPackets.h"
 #include "protocol/ResultCodes.h"
+#include "protocol/TextPackets.h"
 
 #include <algorithm>
 #include <array>
