@@ -224,7 +224,5 @@ void FirmwareOnBusTest::theFirstInterruptionIsRefused() {
     QCOMPARE(m_camera->item("firmware-version"), u"1.01"_s);
 }
 
-Q_DECLARE_METATYPE(stFaultRow)
-
 const TestSubject registered = subjectWithoutApplication<FirmwareOnBusTest>();
 #include "FirmwareOnBusTest.moc"
