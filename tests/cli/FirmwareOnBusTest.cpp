@@ -31,7 +31,8 @@ struct stFaultRow {
 // clang-format off
 constexpr std::array FAULTS{
     stFaultRow{"charge cannot be read", FaultKind::CameraError, 0xFFFA, 2, 6, false},
-    stFaultRow{"image lost",            FaultKind::Timeout,     0,      4, 7, false},
+    // The camera takes the data that it has not heard announced for a command that it does not know.
+    stFaultRow{"announcement lost",     FaultKind::Timeout,     0,      4, 6, false},
     stFaultRow{"image refused",         FaultKind::CameraError, 0xFFF8, 4, 6, true},
     stFaultRow{"battery low at update", FaultKind::CameraError, 0xFFF5, 5, 6, true},
     stFaultRow{"update lost",           FaultKind::Timeout,     0,      5, 8, true},
@@ -204,7 +205,7 @@ void FirmwareOnBusTest::aCameraPulledInTheImageIsTold() {
 
 void FirmwareOnBusTest::aCameraThatDoesNotRestartIsTold() {
     QVERIFY(m_camera->set("firmware-next", ""));
-    const stRunResult result = CliBench::run(update({u"--yes"_s, u"--wait-back"_s, u"1"_s}));
+    const stRunResult result = CliBench::run(update({u"--yes"_s, u"--wait-back=1"_s}));
     QCOMPARE(result.exit, 8);
     QVERIFY2(result.err.contains(u"has not restarted within 1 s"_s), qPrintable(result.err));
 }

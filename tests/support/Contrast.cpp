@@ -95,7 +95,7 @@ QList<stShownText> cellsOf(const QAbstractItemView& view) {
 }  // namespace
 
 qreal contrast(const QColor& one, const QColor& other) {
-    const auto [dark, light] = std::minmax(luminance(one), luminance(other));
+    const auto [dark, light] = std::minmax({luminance(one), luminance(other)});
     return (light + 0.05) / (dark + 0.05);
 }
 
