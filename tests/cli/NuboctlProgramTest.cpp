@@ -53,8 +53,8 @@ void NuboctlProgramTest::namesTheProgramThatHoldsTheCamera() {
             "kill $P; wait $P; rm $F"_s);
     QVERIFY2(second.output.contains("exit 4\n"), second.output + second.errors);
     const QRegularExpression holder(u"in use by nuboctl \\(pid \\d+\\)"_s);
-    QVERIFY(holder.match(QString::fromUtf8(second.output)).hasMatch());
-    QVERIFY(holder.match(QString::fromUtf8(second.errors)).hasMatch());
+    QVERIFY2(holder.match(QString::fromUtf8(second.output)).hasMatch(), second.output);
+    QVERIFY2(holder.match(QString::fromUtf8(second.errors)).hasMatch(), second.errors);
 }
 
 void NuboctlProgramTest::waitsUntilTheCameraIsFree() {
