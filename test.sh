@@ -11,6 +11,8 @@ install_missing "${BUILD_PACKAGES[@]}" "${TEST_PACKAGES[@]}"
 
 preset=${NUBO_PRESET:-debug}
 configure "$preset"
+# Configures again for what has changed, a new test among it, before the tests are asked for.
+cmake --build --preset "$preset" --target build.ninja
 # A test's labels are the targets that it runs.
 mapfile -t targets < <(
     ctest --preset "$preset" --show-only=json-v1 "$@" | python3 -c '
