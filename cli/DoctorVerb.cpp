@@ -70,11 +70,14 @@ void checkRule(Checks& checks, bool isAccessible) {
     }
     constexpr int DIGITS = 4;
     constexpr int HEXADECIMAL = 16;
-    const QString vendor =
-        QStringLiteral("%1").arg(NUBO_USB_VENDOR_ID, DIGITS, HEXADECIMAL, QLatin1Char('0'));
+    const auto digits = [](unsigned int identifier) {
+        return QStringLiteral("\"%1\"").arg(identifier, DIGITS, HEXADECIMAL, QLatin1Char('0'));
+    };
     QFile rule(path);
-    const bool isSame = rule.open(QIODevice::ReadOnly) &&
-                        QString::fromLatin1(rule.readAll()).contains(vendor, Qt::CaseInsensitive);
+    const QString text =
+        rule.open(QIODevice::ReadOnly) ? QString::fromLatin1(rule.readAll()) : QString();
+    const bool isSame = text.contains(QLatin1String("{idVendor}==") + digits(NUBO_USB_VENDOR_ID)) &&
+                        text.contains(QLatin1String("{idProduct}==") + digits(NUBO_USB_PRODUCT_ID));
     if (!isSame) {
         checks.add(Finding::Failure, QStringLiteral("rule"),
                    QStringLiteral("%1 is for another identity").arg(path),
