@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ui/ClDialogBase.h"
 
-#include "ui/ButtonRoom.h"
 #include "ui/ClAccessibleButton.h"
+#include "ui/ClTextButton.h"
 #include "ui/TextContrast.h"
 
 #include <QCoreApplication>
@@ -32,9 +32,9 @@ void ClDialogBase::addButtons() {
     m_buttonBox = new QDialogButtonBox(this);
     layout()->addWidget(m_buttonBox);
     layout()->setAlignment(m_buttonBox, Qt::AlignHCenter);
-    m_ok = m_buttonBox->addButton(tr("OK"), QDialogButtonBox::AcceptRole);
-    giveTextRoom(m_ok);
-    giveTextRoom(m_buttonBox->addButton(tr("Cancel"), QDialogButtonBox::RejectRole));
+    m_ok = new ClTextButton(tr("OK"));
+    m_buttonBox->addButton(m_ok, QDialogButtonBox::AcceptRole);
+    m_buttonBox->addButton(new ClTextButton(tr("Cancel")), QDialogButtonBox::RejectRole);
     connect(m_buttonBox, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(m_buttonBox, &QDialogButtonBox::rejected, this, &QDialog::reject);
 }

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "ui/ClMessageBox.h"
 
-#include "ui/ButtonRoom.h"
 #include "ui/ClDialogBase.h"
 #include "ui/ClDialogColumn.h"
+#include "ui/ClTextButton.h"
 
 #include <QCoreApplication>
 #include <QLabel>
@@ -71,8 +71,8 @@ QDialogButtonBox* ClMessageBox::createButtonBox(QDialogButtonBox::StandardButton
     for (const stButtonChoice& choice : CHOICES) {
         for (const stButton& candidate : choice.candidates) {
             if (buttons.testFlag(candidate.flag)) {
-                QPushButton* const button = box->addButton(tr(candidate.text), choice.role);
-                giveTextRoom(button);
+                auto* const button = new ClTextButton(tr(candidate.text));
+                box->addButton(button, choice.role);
                 // The keyboard would start at the first button, which some desktops have decline.
                 if (choice.role == QDialogButtonBox::AcceptRole) {
                     button->setFocus();

@@ -3,9 +3,9 @@
 
 #include "pages/basic/ClBasicSettingText.h"
 #include "pages/basic/ClDialogCalendar.h"
-#include "ui/ButtonRoom.h"
 #include "ui/ClDialogColumn.h"
 #include "ui/ClMessageBox.h"
+#include "ui/ClTextButton.h"
 
 #include <QHBoxLayout>
 #include <QIntValidator>
@@ -92,9 +92,9 @@ ClDialogTime::ClDialogTime(QWidget* parent, Clock clock)
         fields->addWidget(m_fields[i]);
     }
     fields->addStretch();
-    m_synchronize = new QPushButton(ClBasicSettingText::tr("Synchronize PC"), this);
+    m_synchronize = new ClTextButton(ClBasicSettingText::tr("Synchronize PC"), this);
     m_synchronize->setCheckable(true);
-    m_calendar = new QPushButton(ClBasicSettingText::tr("Calendar"), this);
+    m_calendar = new ClTextButton(ClBasicSettingText::tr("Calendar"), this);
     auto* buttons = new QHBoxLayout;
     buttons->addWidget(m_synchronize);
     buttons->addWidget(m_calendar);
@@ -105,8 +105,6 @@ ClDialogTime::ClDialogTime(QWidget* parent, Clock clock)
 
     m_timer.setInterval(SYNCHRONISING_INTERVAL);
     connect(&m_timer, &QTimer::timeout, this, &ClDialogTime::slotTimerFired);
-    giveTextRoom(m_synchronize);
-    giveTextRoom(m_calendar);
     connect(m_synchronize, &QPushButton::clicked, this, &ClDialogTime::slotChangeEditable);
     connect(m_calendar, &QPushButton::clicked, this, &ClDialogTime::slotShowCalendar);
 }

@@ -2,10 +2,9 @@
 #include "pages/network/InfrastructureParts.h"
 
 #include "pages/common/PageParts.h"
-#include "ui/ButtonRoom.h"
+#include "ui/ClTextButton.h"
 
 #include <QHBoxLayout>
-#include <QPushButton>
 
 namespace {
 
@@ -24,8 +23,8 @@ QList<QPushButton*> addButtonBar(const QStringList& texts, int y, QWidget* page)
     layout->addItem(new QSpacerItem(1, 1, QSizePolicy::Expanding, QSizePolicy::Minimum));
     QList<QPushButton*> buttons;
     for (const QString& text : texts) {
-        auto* button = new QPushButton(text, bar);
-        giveTextRoom(button, BUTTON_MINIMUM);
+        auto* button = new ClTextButton(text, bar);
+        button->setMinimumSize(BUTTON_MINIMUM);
         layout->addWidget(button);
         buttons.append(button);
     }

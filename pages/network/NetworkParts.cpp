@@ -4,7 +4,7 @@
 #include "pages/common/PageParts.h"
 #include "pages/network/ClNetworkText.h"
 #include "ui/ButtonKeys.h"
-#include "ui/ButtonRoom.h"
+#include "ui/ClTextButton.h"
 
 #include <QDialogButtonBox>
 #include <QEvent>
@@ -35,8 +35,8 @@ protected:
 std::unique_ptr<QDialogButtonBox> createPageButtonBox(const QString& accept,
                                                       const QString& reject) {
     std::unique_ptr<QDialogButtonBox> box = std::make_unique<PageButtonBox>();
-    box->addButton(accept, QDialogButtonBox::AcceptRole);
-    box->addButton(reject, QDialogButtonBox::RejectRole);
+    box->addButton(new ClTextButton(accept), QDialogButtonBox::AcceptRole);
+    box->addButton(new ClTextButton(reject), QDialogButtonBox::RejectRole);
     return box;
 }
 
@@ -45,7 +45,7 @@ QDialogButtonBox* addDecisionBox(int y, QWidget* page) {
         createPageButtonBox(ClNetworkText::tr("Decision"), ClNetworkText::tr("Back")).release();
     box->setParent(page);
     for (QPushButton* button : box->findChildren<QPushButton*>()) {
-        giveTextRoom(button, BUTTON_MINIMUM);
+        button->setMinimumSize(BUTTON_MINIMUM);
         if (box->buttonRole(button) == QDialogButtonBox::AcceptRole) {
             for (const QLineEdit* edit : page->findChildren<QLineEdit*>()) {
                 QObject::connect(edit, &QLineEdit::returnPressed, button, &QAbstractButton::click);

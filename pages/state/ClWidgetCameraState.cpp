@@ -7,9 +7,9 @@
 #include "pages/state/ClLabelWifiState.h"
 #include "protocol/Answers.h"
 #include "protocol/CommandIdentifiers.h"
-#include "ui/ButtonRoom.h"
 #include "ui/ClLabelSepalator.h"
 #include "ui/ClMessageBox.h"
+#include "ui/ClTextButton.h"
 #include "ui/ClWidgetProgress.h"
 #include "ui/Colours.h"
 
@@ -105,8 +105,8 @@ void ClWidgetCameraState::buildButtons() {
     buttons->setContentsMargins(0, 0, 0, 0);
     buttons->setSpacing(10);
     for (const stAction& action : ACTIONS) {
-        auto* button = new QPushButton(tr(action.button), row);
-        giveTextRoom(button, BUTTON_MINIMUM);
+        auto* button = new ClTextButton(tr(action.button), row);
+        button->setMinimumSize(BUTTON_MINIMUM);
         connect(button, &QPushButton::clicked, this, &ClWidgetCameraState::slotClicked);
         buttons->addWidget(button);
         m_buttons.append(button);
