@@ -2,7 +2,6 @@
 #include "ui/ClDialogBase.h"
 
 #include "ui/ButtonRoom.h"
-#include "ui/ClAccessibleButton.h"
 #include "ui/TextContrast.h"
 
 #include <QCoreApplication>
@@ -11,7 +10,6 @@
 #include <QPushButton>
 
 ClDialogBase::ClDialogBase(QWidget* parent) : QDialog(parent) {
-    ClAccessibleButton::install();
     setWindowTitle(QCoreApplication::applicationName());
     setWindowFlags(WINDOW_FLAGS);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);

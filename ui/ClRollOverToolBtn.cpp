@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "ui/ClRollOverToolBtn.h"
 
-#include "ui/ClAccessibleButton.h"
 
 #include <QBitmap>
 #include <QPaintEvent>
@@ -9,7 +8,6 @@
 
 ClRollOverToolBtn::ClRollOverToolBtn(QWidget* parent) : QToolButton(parent) {
     setAttribute(Qt::WA_Hover);
-    ClAccessibleButton::install();
 }
 
 void ClRollOverToolBtn::setImgShow(const QIcon& imgShow) {

@@ -2,7 +2,6 @@
 #include "ui/ClWidgetApList.h"
 
 #include "ui/ApInfoLook.h"
-#include "ui/ClAccessibleApInfo.h"
 
 #include <QFrame>
 #include <QKeyEvent>
@@ -47,7 +46,6 @@ qsizetype destination(int key, qsizetype from, qsizetype last) {
 ClWidgetApList::ClWidgetApList() : m_column(new QVBoxLayout(this)) {
     m_column->setContentsMargins(0, 0, 0, 0);
     m_column->setSpacing(0);
-    ClAccessibleApInfo::install();
 }
 
 void ClWidgetApList::addWidget(QWidget* w) {
