@@ -87,6 +87,18 @@ std::vector<stCamera> ClCameraFinder::look() {
     return cameras;
 }
 
+QStringList ClCameraFinder::identities() const {
+    QStringList seen;
+    for (libusb_device* const device : m_devices.devices()) {
+        libusb_device_descriptor descriptor{};
+        if (libusb_get_device_descriptor(device, &descriptor) == LIBUSB_SUCCESS) {
+            seen.append(QString::asprintf("%04x:%04x", descriptor.idVendor, descriptor.idProduct));
+        }
+    }
+    seen.removeDuplicates();
+    return seen;
+}
+
 std::unique_ptr<ClSession> ClCameraFinder::open(const stCamera& camera, stFailure& failure) {
     auto session = std::make_unique<ClSession>(camera.device);
     if (const int result = session->open(); result != LIBUSB_SUCCESS) {

@@ -5,6 +5,7 @@
 #include "usb/LibusbOwners.h"
 
 #include <QString>
+#include <QStringList>
 
 #include <memory>
 #include <vector>
@@ -32,6 +33,9 @@ public:
     /// Looks at the bus. The cameras come in the order of their ports, and live until the next
     /// look.
     [[nodiscard]] std::vector<stCamera> look();
+
+    /// The vendors and products that the latest look saw, as in "1d6b:0002".
+    [[nodiscard]] QStringList identities() const;
 
     /// Opens @p camera; the failure says why it cannot be opened, and who holds it. Any thread.
     [[nodiscard]] static std::unique_ptr<ClSession> open(const stCamera& camera,

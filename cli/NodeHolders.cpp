@@ -8,6 +8,7 @@
 #include <optional>
 #include <string>
 
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace fs = std::filesystem;
@@ -22,12 +23,27 @@ std::optional<int> processOf(const fs::path& folder) {
     return isProcess ? std::optional(number) : std::nullopt;
 }
 
-bool hasOpen(const fs::path& process, const std::string& node) {
+/// Which file it is, whatever path led to it.
+struct stFileIdentity {
+    dev_t device = 0;
+    ino_t number = 0;
+
+    bool operator==(const stFileIdentity&) const = default;
+};
+
+std::optional<stFileIdentity> identityOf(const fs::path& path) {
+    struct stat status {};
+    if (::stat(path.c_str(), &status) != 0) {
+        return std::nullopt;
+    }
+    return stFileIdentity{status.st_dev, status.st_ino};
+}
+
+bool hasOpen(const fs::path& process, const stFileIdentity& node) {
     std::error_code error;
     for (fs::directory_iterator file(process / "fd", error), end; !error && file != end;
          file.increment(error)) {
-        std::error_code unreadable;
-        if (fs::read_symlink(file->path(), unreadable).string().ends_with(node)) {
+        if (identityOf(file->path()) == node) {
             return true;
         }
     }
@@ -44,13 +60,14 @@ QString programOf(const fs::path& process) {
 }  // namespace
 
 QString nodeHolders(int bus, int device) {
-    const std::string node = QString::asprintf("/dev/bus/usb/%03d/%03d", bus, device).toStdString();
+    const auto node =
+        identityOf(QString::asprintf("/dev/bus/usb/%03d/%03d", bus, device).toStdString());
     QStringList holders;
     std::error_code error;
-    for (fs::directory_iterator process("/proc", error), end; !error && process != end;
+    for (fs::directory_iterator process("/proc", error), end; node && !error && process != end;
          process.increment(error)) {
         const std::optional<int> number = processOf(process->path());
-        if (number && *number != ::getpid() && hasOpen(process->path(), node)) {
+        if (number && *number != ::getpid() && hasOpen(process->path(), *node)) {
             holders.append(
                 QStringLiteral("%1 (pid %2)").arg(programOf(process->path())).arg(*number));
         }

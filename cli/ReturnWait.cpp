@@ -23,9 +23,8 @@ bool answers(const stCamera& camera, stCameraIdentity& after, stFailure& obstacl
     }
     QVariant firmware;
     QVariant serial;
-    const unsigned short result = session->settings().read(setting("identity.firmware"), firmware) |
-                                  session->settings().read(setting("identity.serial"), serial);
-    if (result != 0) {
+    if (session->settings().read(setting("identity.firmware"), firmware) != 0 ||
+        session->settings().read(setting("identity.serial"), serial) != 0) {
         obstacle = {
             ExitCode::LinkFailed, QStringLiteral("the camera is back, and does not answer"), {}};
         return false;

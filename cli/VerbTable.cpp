@@ -105,6 +105,7 @@ constexpr std::array VERBS{
     stVerb{"reset",    "",                    "puts all settings back to their defaults",                 One,  0, 0,  RESET_OPTIONS,  prepareReset,    runReset},
     stVerb{"firmware", "[update FILE]",       "the version of the firmware; update installs another",     One,  0, 2,  FIRMWARE_OPTIONS, prepareFirmware, runFirmware},
     stVerb{"monitor",  "",                    "a line an event: plugged, ready, gone, a value changed",   Bus,  0, 0,  MONITOR_OPTIONS, prepareMonitor, runMonitor},
+    stVerb{"doctor",   "",                    "checks USB, access and camera, and tells the remedies",    Bus,  0, 0,  {},             nullptr,         runDoctor},
     stVerb{"descriptors", "",                 "the USB descriptors of the camera",                        Bus,  0, 0,  {},             nullptr,         runDescriptors},
     stVerb{"raw",      "CODE [P1 ... P5]",    "sends one command as it is, and tells the answer",         One,  1, 6,  RAW_OPTIONS,    prepareRaw,      runRaw},
     stVerb{"completion", "bash|zsh|fish",     "a script that completes words of nuboctl in the shell",    None, 1, 1,  {},             prepareCompletion, runCompletion},

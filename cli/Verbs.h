@@ -103,3 +103,6 @@ void runDescriptors(stRun& run);
 stFailure prepareMonitor(const stArguments& arguments, ClConsole& console,
                          std::unique_ptr<stVerbPlan>& plan);
 void runMonitor(stRun& run);
+
+// DoctorVerb.cpp
+void runDoctor(stRun& run);

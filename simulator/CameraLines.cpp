@@ -57,7 +57,12 @@ std::string runPicture(ControlCall& call) {
     const std::string path(call.rest);
     errno = 0;
     std::ifstream file(path, std::ios::binary);
-    ByteVector bytes{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+    ByteVector bytes;
+    // read() reports what cannot be read, as a directory; an iterator would throw.
+    std::array<char, 65536> piece{};
+    while (file.read(piece.data(), piece.size()) || file.gcount() > 0) {
+        bytes.insert(bytes.end(), piece.begin(), piece.begin() + file.gcount());
+    }
     if (!file.is_open() || bytes.empty()) {
         return errno != 0 ? fileError(path) : error(path + " is empty");
     }

@@ -32,6 +32,8 @@ private Q_SLOTS:
     void aFailedActionIsReported();
 
 private:
+    void finishRefresh() const;
+
     VirtualUsbBus& m_bus;
     std::optional<SettledBench> m_bench;
 };
@@ -43,6 +45,14 @@ void CameraFailuresOnBusTest::initTestCase() {
 
 void CameraFailuresOnBusTest::init() {
     QVERIFY(m_bench->startRow());
+}
+
+/// Leaves the page with one refresh behind it and none under way: answers to what was asked before
+/// the help page go nowhere. A fault is then for what comes next.
+void CameraFailuresOnBusTest::finishRefresh() const {
+    QVERIFY(m_bench->visitHelp());
+    m_bench->clickMode(1);
+    TRY_COMPARE(m_bench->shown().freeSpace(), CARD_AT_START);
 }
 
 void CameraFailuresOnBusTest::aFailureIsShownOnceAndTheToolGoesOn_data() {
@@ -80,6 +90,8 @@ void CameraFailuresOnBusTest::aFailureIsShownOnceAndTheToolGoesOn() {
 }
 
 void CameraFailuresOnBusTest::aCameraErrorLeavesThePollingOn() {
+    finishRefresh();
+    m_bench->camera->forgetCodes();
     m_bus.addFault(
         m_bench->id,
         {.kind = FaultKind::CameraError, .argument = 0xFFF5, .unit = FaultUnit::Command});
@@ -91,6 +103,7 @@ void CameraFailuresOnBusTest::aCameraErrorLeavesThePollingOn() {
 }
 
 void CameraFailuresOnBusTest::aFailedActionIsReported() {
+    finishRefresh();
     m_bus.addFault(
         m_bench->id,
         {.kind = FaultKind::CameraError, .argument = 0xFFF6, .unit = FaultUnit::Command});

@@ -156,11 +156,12 @@ void ContrastTest::thePartsOfARowCanBeSeen() {
     QWidget window;
     QWidget* row = nullptr;
     if (kind == u"button"_s) {
-        auto* button = new ClButtonApInfo(u"S"_s, 4, RSSI.at(level - 1), &window);
+        auto* button =
+            new ClButtonApInfo(u"S"_s, 4, RSSI.at(static_cast<std::size_t>(level - 1)), &window);
         button->setLinking(true);
         row = button;
     } else {
-        auto* listed = new ClWidgetApInfo(u"S"_s, 4, RSSI.at(level - 1));
+        auto* listed = new ClWidgetApInfo(u"S"_s, 4, RSSI.at(static_cast<std::size_t>(level - 1)));
         listed->setLinking(true);
         listed->setParent(&window);
         row = listed;

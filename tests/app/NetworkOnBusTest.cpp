@@ -58,9 +58,20 @@ private Q_SLOTS:
     void aSingleChangeIsWrittenAlone();
 
 private:
+    QList<int> codesOfWifi() const;
+
     VirtualUsbBus& m_bus;
     std::optional<NetworkOnBusBench> m_bench;
 };
+
+/// What the camera received, without the reads of SSID and link: those that the page began before
+/// may come between.
+QList<int> NetworkOnBusTest::codesOfWifi() const {
+    QList<int> codes = m_bench->camera->codes();
+    codes.removeAll(0x503B);
+    codes.removeAll(0x5001);
+    return codes;
+}
 
 void NetworkOnBusTest::initTestCase() {
     m_bench.emplace(m_bus);
@@ -202,9 +213,9 @@ void NetworkOnBusTest::adhocAndBackAndOff() {
     m_bench->forget();
     m_bench->network.clickBox(INFRASTRUCTURE);
     // It is read back at once.
+    TRY_COMPARE(codesOfWifi(), (QList<int>{0x5847, 0x5047}));
     TRY_VERIFY(!g_bIsWifiON);
     QCOMPARE(m_bench->written(), QList<QByteArray>{plain("4758", "01000000")});
-    QCOMPARE(m_bench->camera->codes().last(2), (QList<int>{0x5847, 0x5047}));
     QVERIFY(!m_bench->network.box(INFRASTRUCTURE).isChecked());
 
     // On again, in the other mode: Wi-Fi first.
@@ -222,7 +233,7 @@ void NetworkOnBusTest::uncheckingAndCheckingAgainSwitchesOnAgain() {
     TRY_VERIFY(!g_bIsWifiON);
     m_bench->network.clickBox(INFRASTRUCTURE);
     TRY_VERIFY(g_bIsWifiON);
-    TRY_COMPARE(m_bench->camera->codes(), (QList<int>{0x5847, 0x5047, 0x5847, 0x5803, 0x5047}));
+    TRY_COMPARE(codesOfWifi(), (QList<int>{0x5847, 0x5047, 0x5847, 0x5803, 0x5047}));
     QCOMPARE(m_bench->written(),
              (QList<QByteArray>{plain("4758", "01000000"), plain("4758", "02000000"),
                                 plain("0358", "01000000")}));

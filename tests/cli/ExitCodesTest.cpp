@@ -2,6 +2,7 @@
 #include "cli/ExitCode.h"
 #include "tests/cli/CliBench.h"
 #include "tests/support/TestSubject.h"
+#include "tests/support/WithoutFileOverride.h"
 
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -45,6 +46,7 @@ private Q_SLOTS:
     void noCameraWithoutOne();
     void noCameraWhenSeveralAndNoneChosen();
     void inUseNamesThatSomebodyHoldsIt();
+    void accessDeniedToAnOrdinaryUser();
     void aRefusalCarriesItsCodeAndName();
     void theLinkFailedWhenTheCameraGoes();
     void partlyDoneTellsWhatWasWrittenAndWhatNot();
@@ -131,6 +133,16 @@ void ExitCodesTest::inUseNamesThatSomebodyHoldsIt() {
     const stRunResult list = CliBench::run({u"list"_s});
     QCOMPARE(list.exit, codeOf(ExitCode::Done));
     QVERIFY(list.out.contains(u"in use"_s));
+}
+
+void ExitCodesTest::accessDeniedToAnOrdinaryUser() {
+    CliBench bench;
+    bench.plug({.access = NodeAccess::Denied});
+    const WithoutFileOverride asAnyUser;
+    const stRunResult run = CliBench::run({u"get"_s});
+    QCOMPARE(run.exit, codeOf(ExitCode::AccessDenied));
+    QVERIFY(run.err.contains(u"access denied"_s));
+    QVERIFY(CliBench::run({u"list"_s}).out.contains(u"access denied"_s));
 }
 
 void ExitCodesTest::aRefusalCarriesItsCodeAndName() {

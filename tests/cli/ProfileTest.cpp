@@ -1,15 +1,55 @@
 // SPDX-License-Identifier: MIT
 #include "cli/Profile.h"
 #include "cli/ProfileText.h"
+#include "settings/SettingTable.h"
 #include "tests/cli/CliBench.h"
 #include "tests/support/TestSubject.h"
 
 #include <QFile>
 #include <QFileInfo>
+#include <QRandomGenerator>
 #include <QTemporaryDir>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Any value that @p row may have.
+QString anyValue(const stSetting& row, QRandomGenerator& random) {
+    const stSettingRange& range = row.range;
+    switch (row.kind) {
+        case SettingKind::Switch:
+            return random.bounded(2) == 0 ? u"on"_s : u"off"_s;
+        case SettingKind::Choice: {
+            const std::string_view name =
+                range.choices[random.bounded(static_cast<quint32>(range.choices.size()))].name;
+            return QString::fromLatin1(name.data(), static_cast<qsizetype>(name.size()));
+        }
+        case SettingKind::Text: {
+            const auto size = range.least + random.bounded(qint64{range.most - range.least + 1});
+            QString text;
+            for (qint64 i = 0; i < size; ++i) {
+                text += QChar(u'a' + random.bounded(26));
+            }
+            return text;
+        }
+        case SettingKind::Address:
+            return u"10.%1.%2.%3"_s.arg(random.bounded(256))
+                .arg(random.bounded(256))
+                .arg(1 + random.bounded(254));
+        case SettingKind::Netmask:
+            return u"/%1"_s.arg(random.bounded(33));
+        case SettingKind::TimeZone:
+            return u"UTC-%1"_s.arg(random.bounded(13));
+        default: {
+            const qint64 steps = (range.most - range.least) / range.step + 1;
+            return QString::number(range.least + random.bounded(steps) * range.step);
+        }
+    }
+}
+
+}  // namespace
 
 /// Profiles: written, compared and applied on simulated cameras.
 class ProfileTest : public QObject {
@@ -22,6 +62,7 @@ private Q_SLOTS:
     void textComesBackFromItsQuotes_data();
     void textComesBackFromItsQuotes();
     void aProfileOfOneCameraMakesAnotherEqual();
+    void aProfileBringsBackWhatARandomWalkChanged();
     void secretsAreLeftOutUnlessAskedForAndThenForTheOwnerAlone();
     void aWrongLineIsNamedAndNothingIsSent();
     void aDryRunWritesNothing();
@@ -90,6 +131,30 @@ void ProfileTest::aProfileOfOneCameraMakesAnotherEqual() {
          {"camera-name", "infra-ssid", "gps-log-format", "interval", "stream-password", "wifi"}) {
         QCOMPARE(m_second->item(item), m_first->item(item));
     }
+}
+
+void ProfileTest::aProfileBringsBackWhatARandomWalkChanged() {
+    constexpr int STEPS = 150;
+    const QString profile = file("before.nubo");
+    const QStringList exportAll{u"-c"_s, u"1-2"_s, u"export"_s, u"--secrets"_s};
+    QCOMPARE(CliBench::run(exportAll + QStringList{profile}).exit, 0);
+    const QString before = CliBench::run(exportAll).out;
+    QRandomGenerator random(20140309);
+    for (int step = 0; step < STEPS; ++step) {
+        const stSetting& row = settings()[random.bounded(static_cast<quint32>(settings().size()))];
+        if (!row.isKept()) {
+            continue;
+        }
+        const QString key =
+            QString::fromLatin1(row.key.data(), static_cast<qsizetype>(row.key.size()));
+        const stRunResult set =
+            CliBench::run({u"-c"_s, u"1-2"_s, u"set"_s, key + u'=' + anyValue(row, random)});
+        QVERIFY2(set.exit == 0, qPrintable(set.err));
+    }
+    QVERIFY(CliBench::run(exportAll).out != before);
+    const stRunResult apply = CliBench::run({u"-c"_s, u"1-2"_s, u"apply"_s, profile});
+    QVERIFY2(apply.exit == 0, qPrintable(apply.err));
+    QCOMPARE(CliBench::run(exportAll).out, before);
 }
 
 void ProfileTest::secretsAreLeftOutUnlessAskedForAndThenForTheOwnerAlone() {

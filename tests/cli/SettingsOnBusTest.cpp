@@ -266,7 +266,5 @@ void SettingsOnBusTest::getTellsGroupsAndPatterns() {
              "recording.size = 1280x720\nlive.size = 800x480\n"_s);
 }
 
-Q_DECLARE_METATYPE(stValueRow)
-
 const TestSubject registered = subjectWithoutApplication<SettingsOnBusTest>();
 #include "SettingsOnBusTest.moc"

@@ -140,6 +140,7 @@ class AccessibilityTest(ToolOnScreen):
             found = self.screen.find(pyatspi.ROLE_LIST_ITEM, row)
             self.assertEqual(found.node.parent.getRole(), pyatspi.ROLE_LIST)
         self.assert_all_are_named("access points")
+        self.press("Back")
 
     def test_the_state_page_can_be_read(self):
         self.choose("Camera state")

@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <span>
 
 namespace {
 
@@ -23,6 +24,21 @@ qreal luminance(const QColor& colour) {
     };
     return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
            0.0722 * linear(colour.blueF());
+}
+
+/// How many pixels have which colour.
+using Colours = QHash<QRgb, int>;
+
+Colours coloursOf(const QImage& picture) {
+    const QImage opaque = picture.convertToFormat(QImage::Format_RGB32);
+    Colours colours;
+    for (int y = 0; y < opaque.height(); ++y) {
+        const auto* line = reinterpret_cast<const QRgb*>(opaque.constScanLine(y));
+        for (const QRgb pixel : std::span(line, static_cast<std::size_t>(opaque.width()))) {
+            ++colours[pixel];
+        }
+    }
+    return colours;
 }
 
 template <class Option>
@@ -79,27 +95,21 @@ QList<stShownText> cellsOf(const QAbstractItemView& view) {
 }  // namespace
 
 qreal contrast(const QColor& one, const QColor& other) {
-    const auto [dark, light] = std::minmax(luminance(one), luminance(other));
+    const auto [dark, light] = std::minmax({luminance(one), luminance(other)});
     return (light + 0.05) / (dark + 0.05);
 }
 
 QColor groundOf(const QImage& picture) {
-    QHash<QRgb, int> pixels;
-    for (int y = 0; y < picture.height(); ++y) {
-        for (int x = 0; x < picture.width(); ++x) {
-            ++pixels[picture.pixel(x, y)];
-        }
-    }
-    const auto most = std::max_element(pixels.cbegin(), pixels.cend());
-    return most == pixels.cend() ? QColor() : QColor::fromRgb(most.key());
+    const Colours colours = coloursOf(picture);
+    const auto most = std::max_element(colours.cbegin(), colours.cend());
+    return most == colours.cend() ? QColor() : QColor::fromRgb(most.key());
 }
 
 qreal strongestContrast(const QImage& picture, const QColor& ground) {
+    const Colours colours = coloursOf(picture);
     qreal strongest = 1;
-    for (int y = 0; y < picture.height(); ++y) {
-        for (int x = 0; x < picture.width(); ++x) {
-            strongest = std::max(strongest, contrast(picture.pixelColor(x, y), ground));
-        }
+    for (const QRgb colour : colours.keys()) {
+        strongest = std::max(strongest, contrast(QColor::fromRgb(colour), ground));
     }
     return strongest;
 }

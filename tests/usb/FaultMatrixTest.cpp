@@ -248,6 +248,8 @@ int runShare(int argc, char** argv) {
 
 const TestSubject atOnce("FaultMatrixTest", runShare<stShare{0, 0}>);
 const TestSubject afterShortWaits("FaultMatrixWaitsTest", runShare<stShare{1, 2000}>);
-const TestSubject afterLongWaits("FaultMatrixLongWaitsTest", runShare<stShare{2001, 9000, 0, 1000}>);
-const TestSubject afterLongestWaits("FaultMatrixLongestWaitsTest", runShare<stShare{2001, 9000, 3000, 3000}>);
+const TestSubject afterLongWaits("FaultMatrixLongWaitsTest",
+                                 runShare<stShare{2001, 9000, 0, 1000}>);
+const TestSubject afterLongestWaits("FaultMatrixLongestWaitsTest",
+                                    runShare<stShare{2001, 9000, 3000, 3000}>);
 #include "FaultMatrixTest.moc"
