@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "ui/ClRollOverToolBtn.h"
 
-
 #include <QBitmap>
 #include <QPaintEvent>
 #include <QPainter>
