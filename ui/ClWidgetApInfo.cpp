@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/ClWidgetApInfo.h"
 
-#include "ui/ApInfoLook.h"
+#include "ui/ApInfoParts.h"
 
 #include <QMouseEvent>
 #include <QPainter>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/ClWidgetApList.h"
 
-#include "ui/ApInfoLook.h"
+#include "ui/ApInfoParts.h"
 
 #include <QFrame>
 #include <QKeyEvent>
