@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "app/Startup.h"
 
-#include "app/AccessibleRoles.h"
 #include "app/Arguments.h"
 #include "app/ClAppCheck.h"
 #include "app/ClDisplayGuard.h"
 #include "app/ClMainWidget.h"
+#include "ui/Accessibility.h"
 #include "ui/Artwork.h"
 
 #include <QApplication>
@@ -84,7 +84,7 @@ int runSettingTool(int argc, char** argv) {
     if (!mayStart()) {
         return START_REFUSED;
     }
-    installAccessibleRoles();
+    installAccessibility();
     // The task bar's entry: Wayland finds the icon by the desktop file, X11 is given the picture.
     QGuiApplication::setDesktopFileName(QStringLiteral("nubo-setting-tool"));
     QApplication::setWindowIcon(artwork(QStringLiteral(":/img/app_icon"), 2));

@@ -2,28 +2,11 @@
 #include "ui/ClAccessibleApInfo.h"
 
 #include "ui/ClWidgetApInfo.h"
-#include "ui/ClWidgetApList.h"
 
 #include <QApplication>
 
-namespace {
-
-QAccessibleInterface* create(const QString& /*className*/, QObject* object) {
-    if (auto* row = qobject_cast<ClWidgetApInfo*>(object)) {
-        return new ClAccessibleApInfo(row);
-    }
-    auto* list = qobject_cast<ClWidgetApList*>(object);
-    return list != nullptr ? new QAccessibleWidget(list, QAccessible::List) : nullptr;
-}
-
-}  // namespace
-
 ClAccessibleApInfo::ClAccessibleApInfo(QWidget* row)
     : QAccessibleWidget(row, QAccessible::ListItem) {}
-
-void ClAccessibleApInfo::install() {
-    QAccessible::installFactory(create);
-}
 
 QStringList ClAccessibleApInfo::actionNames() const {
     return QStringList{pressAction()} + QAccessibleWidget::actionNames();

@@ -8,10 +8,6 @@ class ClAccessibleApInfo : public QAccessibleWidget {
 public:
     explicit ClAccessibleApInfo(QWidget* row);
 
-    /// Has these made for every ClWidgetApInfo from now on, and lists for every ClWidgetApList; may
-    /// be called again.
-    static void install();
-
     [[nodiscard]] QStringList actionNames() const override;
     void doAction(const QString& actionName) override;
 };

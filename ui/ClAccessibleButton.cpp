@@ -7,34 +7,7 @@
 #include <QCheckBox>
 #include <QPushButton>
 
-#include <algorithm>
-#include <array>
-
-namespace {
-
-constexpr std::array CLASSES{
-    &QCheckBox::staticMetaObject,
-    &QPushButton::staticMetaObject,
-    &ClRollOverToolBtn::staticMetaObject,
-};
-
-// Asked for the class of the object and for each of its bases in turn.
-QAccessibleInterface* create(const QString& className, QObject* object) {
-    const auto isMeant = [&className](const QMetaObject* meant) {
-        return className == QLatin1String(meant->className());
-    };
-    auto* button =
-        std::ranges::any_of(CLASSES, isMeant) ? qobject_cast<QAbstractButton*>(object) : nullptr;
-    return button != nullptr ? new ClAccessibleButton(button) : nullptr;
-}
-
-}  // namespace
-
 ClAccessibleButton::ClAccessibleButton(QAbstractButton* button) : QAccessibleWidget(button) {}
-
-void ClAccessibleButton::install() {
-    QAccessible::installFactory(create);
-}
 
 QString ClAccessibleButton::text(QAccessible::Text kind) const {
     const bool isCalledByItsText = kind == QAccessible::Name &&

@@ -14,9 +14,6 @@ class ClAccessibleButton : public QAccessibleWidget {
 public:
     explicit ClAccessibleButton(QAbstractButton* button);
 
-    /// Has these made for every such button from now on; may be called again.
-    static void install();
-
     [[nodiscard]] QString text(QAccessible::Text kind) const override;
     [[nodiscard]] QAccessible::Role role() const override;
     [[nodiscard]] QAccessible::State state() const override;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/ClButtonApInfo.h"
 
-#include "ui/ApInfoLook.h"
+#include "ui/ApInfoParts.h"
 #include "ui/Artwork.h"
 
 #include <QPainter>

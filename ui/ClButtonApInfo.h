@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ui/ClApInfoParts.h"
+#include "ui/ApInfoParts.h"
 
 #include <QPushButton>
 

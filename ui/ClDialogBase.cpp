@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "ui/ClDialogBase.h"
 
-#include "ui/ClAccessibleButton.h"
 #include "ui/ClTextButton.h"
 #include "ui/TextContrast.h"
 
@@ -11,7 +10,6 @@
 #include <QPushButton>
 
 ClDialogBase::ClDialogBase(QWidget* parent) : QDialog(parent) {
-    ClAccessibleButton::install();
     setWindowTitle(QCoreApplication::applicationName());
     setWindowFlags(WINDOW_FLAGS);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);

@@ -1,15 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "ui/ClRollOverToolBtn.h"
 
-#include "ui/ClAccessibleButton.h"
-
 #include <QBitmap>
 #include <QPaintEvent>
 #include <QPainter>
 
 ClRollOverToolBtn::ClRollOverToolBtn(QWidget* parent) : QToolButton(parent) {
     setAttribute(Qt::WA_Hover);
-    ClAccessibleButton::install();
 }
 
 void ClRollOverToolBtn::setImgShow(const QIcon& imgShow) {

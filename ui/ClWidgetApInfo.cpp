@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/ClWidgetApInfo.h"
 
-#include "ui/ApInfoLook.h"
-#include "ui/ClAccessibleApInfo.h"
+#include "ui/ApInfoParts.h"
 
 #include <QMouseEvent>
 #include <QPainter>
@@ -22,7 +21,6 @@ ClWidgetApInfo::ClWidgetApInfo(const QString& ssid, int type, int rssi)
     setFixedSize(SIZE);
     adjustPartsPos();
     setFocusPolicy(Qt::TabFocus);
-    ClAccessibleApInfo::install();
 }
 
 void ClWidgetApInfo::adjustPartsPos() {

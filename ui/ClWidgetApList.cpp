@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/ClWidgetApList.h"
 
-#include "ui/ApInfoLook.h"
-#include "ui/ClAccessibleApInfo.h"
+#include "ui/ApInfoParts.h"
 
 #include <QFrame>
 #include <QKeyEvent>
@@ -47,7 +46,6 @@ qsizetype destination(int key, qsizetype from, qsizetype last) {
 ClWidgetApList::ClWidgetApList() : m_column(new QVBoxLayout(this)) {
     m_column->setContentsMargins(0, 0, 0, 0);
     m_column->setSpacing(0);
-    ClAccessibleApInfo::install();
 }
 
 void ClWidgetApList::addWidget(QWidget* w) {

@@ -2,7 +2,6 @@
 #include "ui/ClWidgetBase.h"
 
 #include "protocol/ResultCodes.h"
-#include "ui/ClAccessibleButton.h"
 #include "ui/ClMessageBox.h"
 
 #include <QApplication>
@@ -50,7 +49,6 @@ const char* errorText(unsigned short error) {
 }  // namespace
 
 ClWidgetBase::ClWidgetBase(QWidget* parent) : QWidget(parent) {
-    ClAccessibleButton::install();
     m_pollingTimer.setSingleShot(false);
     connect(&m_pollingTimer, &QTimer::timeout, this, &ClWidgetBase::slotPollingFired);
 }

@@ -1,17 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "pages/basic/BasicSettingRows.h"
 
+#include "pages/basic/ChoiceDialogs.h"
 #include "pages/basic/ClDialogAuthorization.h"
-#include "pages/basic/ClDialogAutoPoweroff.h"
-#include "pages/basic/ClDialogAutoWifiOff.h"
 #include "pages/basic/ClDialogCameraName.h"
-#include "pages/basic/ClDialogGps.h"
-#include "pages/basic/ClDialogImageQuarity.h"
-#include "pages/basic/ClDialogInterval.h"
-#include "pages/basic/ClDialogLed.h"
 #include "pages/basic/ClDialogTime.h"
-#include "pages/basic/ClDialogTimezone.h"
-#include "pages/basic/ClDialogWifiCountry.h"
+#include "pages/basic/PeriodDialogs.h"
 #include "pages/common/WifiCodes.h"
 #include "protocol/CommandIdentifiers.h"
 

@@ -2,7 +2,7 @@
 #include "pages/basic/ClDialogAuthorization.h"
 
 #include "pages/basic/ClBasicSettingText.h"
-#include "pages/common/ClRadioGroup.h"
+#include "pages/common/ControlGroups.h"
 #include "ui/ClDialogColumn.h"
 #include "ui/ClMessageBox.h"
 

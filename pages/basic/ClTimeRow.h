@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "pages/common/ClControlGroup.h"
+#include "pages/common/ControlGroups.h"
 
 #include <array>
 #include <cstdint>

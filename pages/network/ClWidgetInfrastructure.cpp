@@ -5,7 +5,6 @@
 #include "pages/network/ClWidgetInfrastructureManual.h"
 #include "pages/network/ClWidgetInfrastructureSearch.h"
 #include "pages/network/ClWidgetInfrastructureTop.h"
-#include "pages/network/InfrastructureParts.h"
 #include "pages/network/NetworkParts.h"
 
 #include <QStackedLayout>

@@ -3,7 +3,7 @@
 
 #include "pages/common/PageParts.h"
 #include "pages/network/ClNetworkText.h"
-#include "pages/network/InfrastructureParts.h"
+#include "pages/network/NetworkParts.h"
 #include "protocol/CommandIdentifiers.h"
 #include "ui/ClLabelSepalator.h"
 #include "ui/Ipv4.h"

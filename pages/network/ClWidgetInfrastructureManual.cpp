@@ -5,7 +5,6 @@
 #include "pages/common/PageParts.h"
 #include "pages/network/ClDialogInputKey.h"
 #include "pages/network/ClNetworkText.h"
-#include "pages/network/InfrastructureParts.h"
 #include "pages/network/NetworkParts.h"
 #include "protocol/CommandIdentifiers.h"
 

@@ -5,7 +5,7 @@
 #include "pages/common/PageParts.h"
 #include "pages/common/WifiCodes.h"
 #include "pages/network/ClNetworkText.h"
-#include "pages/network/InfrastructureParts.h"
+#include "pages/network/NetworkParts.h"
 #include "pages/network/NetworkState.h"
 #include "protocol/Answers.h"
 #include "ui/ClButtonApInfo.h"

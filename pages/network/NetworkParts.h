@@ -1,11 +1,16 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QStringList>
+
 #include <memory>
 
 class QDialogButtonBox;
+class QPushButton;
 class QString;
 class QWidget;
+
+// What the network pages have in common.
 
 /// The tabs of the network page, by their index.
 enum NetworkTab : int { INFRASTRUCTURE_TAB, ADHOC_TAB };
@@ -18,3 +23,15 @@ enum NetworkTab : int { INFRASTRUCTURE_TAB, ADHOC_TAB };
 /// of which they become children. Return in a line edit that the page has by now is "Decision",
 /// too, for that is the button that shows as the default one.
 QDialogButtonBox* addDecisionBox(int y, QWidget* page);
+
+/// The sub-pages of the infrastructure tab, by their index.
+enum InfrastructurePage : int {
+    INFRASTRUCTURE_TOP,
+    INFRASTRUCTURE_SEARCH,
+    INFRASTRUCTURE_MANUAL,
+    INFRASTRUCTURE_DHCP,
+};
+
+/// A bar across the page @p page, with a button for each of @p texts at its right end, from left to
+/// right. They become children of the page.
+QList<QPushButton*> addButtonBar(const QStringList& texts, int y, QWidget* page);

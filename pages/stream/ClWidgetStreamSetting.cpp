@@ -3,8 +3,7 @@
 
 #include "pages/common/CommandResult.h"
 #include "pages/common/PageParts.h"
-#include "pages/stream/ClDialogRecSetting.h"
-#include "pages/stream/ClDialogStreamSetting.h"
+#include "pages/stream/StreamDialogs.h"
 #include "protocol/CommandIdentifiers.h"
 #include "protocol/ResultCodes.h"
 #include "ui/ClLabelSepalator.h"

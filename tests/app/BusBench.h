@@ -66,6 +66,7 @@ template <class Test>
                 VirtualUsbBus bus;
                 plugRootHub(bus);
                 const QApplication application(argc, argv);
+                installAccessibility();
                 QCoreApplication::setApplicationName(QStringLiteral("Test program"));
                 Test test(bus);
                 return QTest::qExec(&test, argc, argv);

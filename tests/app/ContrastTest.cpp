@@ -6,13 +6,12 @@
 #include "tests/app/BusBench.h"
 #include "tests/ui/Mouse.h"
 #include "tour/ClTour.h"
-#include "ui/ApInfoLook.h"
+#include "ui/ApBadges.h"
+#include "ui/ApInfoParts.h"
 #include "ui/ClButtonApInfo.h"
 #include "ui/ClCaptionBar.h"
-#include "ui/ClLinkCheck.h"
 #include "ui/ClRollOverToolBtn.h"
 #include "ui/ClWidgetApInfo.h"
-#include "ui/ClWidgetRssi.h"
 
 #include <QEnterEvent>
 #include <QPainter>

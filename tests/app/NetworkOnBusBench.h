@@ -5,9 +5,9 @@
 #include "pages/network/NetworkState.h"
 #include "tests/app/BusBench.h"
 #include "tests/support/NetworkUser.h"
+#include "ui/ApBadges.h"
 #include "ui/ClButtonApInfo.h"
 #include "ui/ClLabelSsid.h"
-#include "ui/ClLinkCheck.h"
 #include "ui/ClWidgetApInfo.h"
 
 #include <QScrollArea>

@@ -1,21 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "tests/pages/Dialogs.h"
 
+#include "pages/basic/ChoiceDialogs.h"
 #include "pages/basic/ClDialogAuthorization.h"
-#include "pages/basic/ClDialogAutoPoweroff.h"
-#include "pages/basic/ClDialogAutoWifiOff.h"
 #include "pages/basic/ClDialogCalendar.h"
 #include "pages/basic/ClDialogCameraName.h"
-#include "pages/basic/ClDialogGps.h"
-#include "pages/basic/ClDialogImageQuarity.h"
-#include "pages/basic/ClDialogInterval.h"
-#include "pages/basic/ClDialogLed.h"
 #include "pages/basic/ClDialogTime.h"
-#include "pages/basic/ClDialogTimezone.h"
-#include "pages/basic/ClDialogWifiCountry.h"
+#include "pages/basic/PeriodDialogs.h"
 #include "pages/network/ClDialogInputKey.h"
-#include "pages/stream/ClDialogRecSetting.h"
-#include "pages/stream/ClDialogStreamSetting.h"
+#include "pages/stream/StreamDialogs.h"
 #include "ui/ClMessageBox.h"
 
 #include <QAccessible>

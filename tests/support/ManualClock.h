@@ -54,6 +54,7 @@ template <class Test>
                 auto* const clock = new ManualClock;  // the application object takes it over
                 QCoreApplication::setEventDispatcher(clock);
                 const QApplication application(argc, argv);
+                installAccessibility();
                 QCoreApplication::setApplicationName(QStringLiteral("Test program"));
                 Test test(*clock);
                 return QTest::qExec(&test, argc, argv);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "ui/Accessibility.h"
+
 #include <QApplication>
 #include <QTest>
 
@@ -21,6 +23,7 @@ template <class Test>
 [[nodiscard]] TestSubject subjectWithWidgets() {
     return {Test::staticMetaObject.className(), [](int argc, char** argv) {
                 const QApplication application(argc, argv);
+                installAccessibility();
                 QCoreApplication::setAttribute(Qt::AA_Use96Dpi);
                 Test test;
                 return QTest::qExec(&test, argc, argv);

@@ -2,9 +2,8 @@
 #include "tests/support/TestSubject.h"
 #include "tests/ui/Painting.h"
 #include "tests/ui/TaggingTranslator.h"
+#include "ui/ApBadges.h"
 #include "ui/Artwork.h"
-#include "ui/ClWidgetEncryption.h"
-#include "ui/ClWidgetRssi.h"
 
 #include <QLabel>
 #include <QTest>

@@ -3,12 +3,10 @@
 #include "tests/support/TestSubject.h"
 #include "tests/ui/Mouse.h"
 #include "tests/ui/Painting.h"
+#include "ui/ApBadges.h"
 #include "ui/Artwork.h"
 #include "ui/ClButtonApInfo.h"
-#include "ui/ClLinkCheck.h"
 #include "ui/ClWidgetApInfo.h"
-#include "ui/ClWidgetEncryption.h"
-#include "ui/ClWidgetRssi.h"
 
 #include <QLabel>
 #include <QSignalSpy>

@@ -2,9 +2,9 @@
 #include "tests/support/TestSubject.h"
 #include "tests/ui/Painting.h"
 #include "tests/ui/TaggingTranslator.h"
+#include "ui/ApBadges.h"
 #include "ui/Artwork.h"
 #include "ui/ClLabelSepalator.h"
-#include "ui/ClLinkCheck.h"
 
 #include <QTest>
 #include <QVBoxLayout>

@@ -2,15 +2,13 @@
 #include "tests/support/TestSubject.h"
 #include "tests/ui/Mouse.h"
 #include "tests/ui/Painting.h"
+#include "ui/ApBadges.h"
 #include "ui/Artwork.h"
 #include "ui/ClButtonApInfo.h"
 #include "ui/ClButtonMode.h"
 #include "ui/ClButtonNetworkTab.h"
 #include "ui/ClCaptionBar.h"
 #include "ui/ClLabelSepalator.h"
-#include "ui/ClLinkCheck.h"
-#include "ui/ClWidgetEncryption.h"
-#include "ui/ClWidgetRssi.h"
 
 #include <QApplication>
 #include <QBitmap>

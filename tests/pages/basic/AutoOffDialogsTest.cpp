@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "pages/basic/ClDialogAutoPoweroff.h"
-#include "pages/basic/ClDialogAutoWifiOff.h"
+#include "pages/basic/PeriodDialogs.h"
 #include "tests/pages/DialogParameters.h"
 #include "tests/pages/basic/TimeRowUser.h"
 #include "tests/support/TestSubject.h"

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "pages/basic/ClDialogTimezone.h"
-#include "pages/basic/ClDialogWifiCountry.h"
+#include "pages/basic/ChoiceDialogs.h"
 #include "tests/pages/DialogParameters.h"
 #include "tests/support/DialogControls.h"
 #include "tests/support/TestSubject.h"

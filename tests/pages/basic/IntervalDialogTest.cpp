@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "pages/basic/ClDialogInterval.h"
+#include "pages/basic/PeriodDialogs.h"
 #include "tests/pages/DialogParameters.h"
 #include "tests/pages/basic/TimeRowUser.h"
 #include "tests/support/TestSubject.h"

@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "pages/basic/ClDialogGps.h"
-#include "pages/basic/ClDialogImageQuarity.h"
-#include "pages/basic/ClDialogLed.h"
+#include "pages/basic/ChoiceDialogs.h"
 #include "tests/pages/DialogParameters.h"
 #include "tests/support/DialogControls.h"
 #include "tests/support/TestSubject.h"

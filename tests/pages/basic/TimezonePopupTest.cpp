@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "pages/basic/ClDialogTimezone.h"
+#include "pages/basic/ChoiceDialogs.h"
 #include "tests/support/TestSubject.h"
 
 #include <QAbstractItemView>

@@ -5,12 +5,10 @@
 #include "tests/support/Patience.h"
 #include "tests/support/TestSubject.h"
 #include "tests/ui/TaggingTranslator.h"
+#include "ui/ApBadges.h"
 #include "ui/ClLabelSsid.h"
-#include "ui/ClLinkCheck.h"
 #include "ui/ClWidgetApInfo.h"
 #include "ui/ClWidgetApList.h"
-#include "ui/ClWidgetEncryption.h"
-#include "ui/ClWidgetRssi.h"
 
 #include <QLayout>
 #include <QScreen>

@@ -3,11 +3,9 @@
 #include "tests/pages/PageBench.h"
 #include "tests/pages/network/AccesspointMessages.h"
 #include "tests/support/TestSubject.h"
+#include "ui/ApBadges.h"
 #include "ui/ClButtonApInfo.h"
 #include "ui/ClLabelSsid.h"
-#include "ui/ClLinkCheck.h"
-#include "ui/ClWidgetEncryption.h"
-#include "ui/ClWidgetRssi.h"
 
 #include <QCheckBox>
 

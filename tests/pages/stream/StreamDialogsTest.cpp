@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "pages/stream/ClDialogRecSetting.h"
-#include "pages/stream/ClDialogStreamSetting.h"
+#include "pages/stream/StreamDialogs.h"
 #include "tests/support/DialogControls.h"
 #include "tests/support/TestSubject.h"
 #include "tests/ui/TaggingTranslator.h"

@@ -1,9 +1,23 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QLabel>
 #include <QWidget>
 
 class QLabel;
+
+// The marks in a row with an access point.
+
+/// The check mark of the access point that the camera is linked to; empty at first.
+class ClLinkCheck : public QLabel {
+    Q_OBJECT
+
+public:
+    explicit ClLinkCheck(QWidget* parent = nullptr);
+
+    /// Shows or removes the mark and resizes the label to it.
+    void setCheck(bool checked);
+};
 
 /// The badge that names the encryption of an access point; an open one has none.
 class ClWidgetEncryption : public QWidget {
@@ -25,4 +39,15 @@ protected:
 
 private:
     QLabel* m_label;
+};
+
+/// The signal strength of an access point, as a picture of one to three bars.
+class ClWidgetRssi : public QLabel {
+    Q_OBJECT
+
+public:
+    explicit ClWidgetRssi(int rssi, QWidget* parent = nullptr);
+
+    /// Shows @p rssi, about a percentage, and resizes to the picture. There is none for 0 and less.
+    void setValue(int rssi);
 };

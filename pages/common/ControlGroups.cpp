@@ -1,9 +1,19 @@
 // SPDX-License-Identifier: MIT
-#include "pages/common/ClRadioGroup.h"
+#include "pages/common/ControlGroups.h"
 
 #include <QLabel>
 #include <QRadioButton>
 #include <QVBoxLayout>
+
+ClControlGroup::ClControlGroup(QWidget* parent) : QWidget(parent) {}
+
+ClControlGroup::ClControlGroup(const QString& name, QWidget* control, QWidget* parent)
+    : ClControlGroup(parent) {
+    setAccessibleName(name);
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->addWidget(control);
+}
 
 ClRadioGroup::ClRadioGroup(const QString& label, QWidget* parent) : ClControlGroup(parent) {
     setAccessibleName(label);

@@ -1,13 +1,28 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QColor>
 #include <QString>
 
 class ClLabelSsid;
 class ClLinkCheck;
 class ClWidgetEncryption;
 class ClWidgetRssi;
+class QPainter;
+class QRect;
 class QWidget;
+
+// What the list row and the button with an access point have in common: look and parts.
+
+// The rows of access points are light on any desktop, so that their text has to be dark.
+
+inline constexpr QColor AP_ROW_COLOUR{185, 193, 202};
+inline constexpr QColor AP_ROW_HOVER_COLOUR{206, 212, 218};
+inline constexpr QColor AP_SEPARATOR_COLOUR{136, 140, 145};
+
+/// Marks the row that covers @p area as the one that has the focus. @p radius rounds its
+/// corners.
+void drawApFocus(QPainter& painter, const QRect& area, qreal radius);
 
 /// What a row with an access point shows, be it a row of the list or a button: check mark, SSID,
 /// encryption badge and signal. The parts are children of the row.
