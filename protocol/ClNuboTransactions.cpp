@@ -23,6 +23,11 @@ unsigned short transportResult(int status) {
     return status < 0 ? USB_ERROR_OTHER : static_cast<unsigned short>(status);
 }
 
+bool isCut(const QByteArray& packet, const ClNuboCommand& head) {
+    constexpr qsizetype HEAD_LENGTH = 12;
+    return packet.size() < HEAD_LENGTH || packet.size() < qint64{head.length()};
+}
+
 }  // namespace
 
 unsigned short ClNuboTransactions::command(ClNuboCommand& command, int timeoutMs) {
@@ -170,6 +175,10 @@ unsigned short ClNuboTransactions::receive(unsigned short id, int timeoutMs, Cam
         const ClNuboCommand head(packet);
         const bool isSkippedError = errors == CameraErrors::Skip && head.getError() != 0;
         if (head.id() == id && !isSkippedError) {
+            if (m_cutAnswers == CutAnswers::Fail && isCut(packet, head)) {
+                packet.clear();
+                return USB_ERROR_RECEIVE_DATA;
+            }
             return USB_ERROR_SUCCESS;
         }
         packet.clear();
