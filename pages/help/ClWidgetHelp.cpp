@@ -5,7 +5,7 @@
 #include "pages/common/CommandResult.h"
 #include "pages/help/ClLabelValue.h"
 #include "pages/help/ClWidgetLogo.h"
-#include "protocol/CommandIdentifiers.h"
+#include "settings/SettingTable.h"
 #include "ui/ClLabelSepalator.h"
 
 #include <QDateTime>
@@ -40,22 +40,21 @@ QString asCountry(const QVariant& value) {
 struct stCameraRow {
     int y;
     const char* caption;
-    QUuid request;
-    QUuid answer;
+    stSettingExchange exchange;
     QString (*toText)(const QVariant&);
 };
 
 constexpr std::array CAMERA_ROWS{
     stCameraRow{195, QT_TRANSLATE_NOOP("ClWidgetHelp", "NuBo firmware version"),
-                USB_REQ_NUBO_CMD_GET_FWVERSION, USB_RES_NUBO_CMD_GET_FWVERSION, asItStands},
-    stCameraRow{322, QT_TRANSLATE_NOOP("ClWidgetHelp", "Serial number"),
-                USB_REQ_NUBO_CMD_GET_SERIALNO, USB_RES_NUBO_CMD_GET_SERIALNO, asItStands},
-    stCameraRow{352, QT_TRANSLATE_NOOP("ClWidgetHelp", "MAC address"),
-                USB_REQ_NUBO_CMD_GET_MACADDRESS, USB_RES_NUBO_CMD_GET_MACADDRESS, asItStands},
-    stCameraRow{382, QT_TRANSLATE_NOOP("ClWidgetHelp", "Create day"),
-                USB_REQ_NUBO_CMD_GET_CREATEDAY, USB_RES_NUBO_CMD_GET_CREATEDAY, asDay},
-    stCameraRow{412, QT_TRANSLATE_NOOP("ClWidgetHelp", "Country"), USB_REQ_NUBO_CMD_GET_COUNTRY,
-                USB_RES_NUBO_CMD_GET_COUNTRY, asCountry},
+                SettingExchange::FIRMWARE, asItStands},
+    stCameraRow{322, QT_TRANSLATE_NOOP("ClWidgetHelp", "Serial number"), SettingExchange::SERIAL,
+                asItStands},
+    stCameraRow{352, QT_TRANSLATE_NOOP("ClWidgetHelp", "MAC address"), SettingExchange::MAC,
+                asItStands},
+    stCameraRow{382, QT_TRANSLATE_NOOP("ClWidgetHelp", "Create day"), SettingExchange::CREATED,
+                asDay},
+    stCameraRow{412, QT_TRANSLATE_NOOP("ClWidgetHelp", "Country"), SettingExchange::COUNTRY,
+                asCountry},
 };
 
 }  // namespace
@@ -69,7 +68,7 @@ ClWidgetHelp::ClWidgetHelp(QWidget* parent) : ClWidgetBase(parent) {
     for (const stCameraRow& row : CAMERA_ROWS) {
         ClLabelValue* value = addRow(row.y, tr(row.caption));
         m_values.append(value);
-        m_reads.add({row.request, row.answer, [value, toText = row.toText](const VX_CMD& answer) {
+        m_reads.add({row.exchange, [value, toText = row.toText](const VX_CMD& answer) {
                          value->setValue(toText(answer.value(Key::PARAM2)));
                      }});
     }
