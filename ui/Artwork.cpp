@@ -11,7 +11,6 @@
 
 #include <algorithm>
 #include <array>
-#include <ranges>
 #include <span>
 #include <utility>
 
@@ -85,7 +84,7 @@ QRegion artworkShape(const QString& path) {
         const std::span pixels(reinterpret_cast<const QRgb*>(image.constScanLine(y)),
                                static_cast<std::size_t>(image.width()));
         const auto first = std::ranges::find_if(pixels, isOpaque);
-        const auto last = std::ranges::find_if(pixels | std::views::reverse, isOpaque);
+        const auto last = std::find_if(pixels.rbegin(), pixels.rend(), isOpaque);
         const QRect row(QPoint(static_cast<int>(first - pixels.begin()), y),
                         QPoint(static_cast<int>(last.base() - pixels.begin()) - 1, y));
         if (row.left() == rows.left() && row.right() == rows.right()) {
