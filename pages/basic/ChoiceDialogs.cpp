@@ -238,7 +238,8 @@ ClDialogImageQuarity::ClDialogImageQuarity(QWidget* parent)
     m_contrast->setRange(0, DARKEST);
     m_contrast->setPageStep(1);
     m_contrast->setMinimumWidth(SLIDER_WIDTH);
-    m_contrast->setTickPosition(QSlider::TicksBelow);
+    // With ticks on one side only some styles cut the edge of the handle on the other.
+    m_contrast->setTickPosition(QSlider::TicksBothSides);
 
     auto* row = new QHBoxLayout;
     row->addWidget(new QLabel(tr("Light"), this));
