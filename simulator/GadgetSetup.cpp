@@ -7,6 +7,7 @@
 #include <sys/file.h>
 #include <sys/mount.h>
 #include <sys/stat.h>
+#include <sys/vfs.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -51,6 +52,12 @@ int writeAttribute(const fs::path& path, std::string_view text) {
     const bool written = file && ::write(file.number(), text.data(), text.size()) ==
                                      static_cast<::ssize_t>(text.size());
     return written ? 0 : errno;
+}
+
+bool isConfigfs(const fs::path& folder) {
+    constexpr decltype(statfs::f_type) CONFIGFS_MAGIC = 0x62656570;
+    struct statfs information {};
+    return ::statfs(folder.c_str(), &information) == 0 && information.f_type == CONFIGFS_MAGIC;
 }
 
 std::string firstLine(const fs::path& path) {
@@ -105,7 +112,7 @@ std::string GadgetSetup::create(const std::string& controller) {
         return failureAt(m_places.run, error);
     }
     if (!fs::exists(m_places.configfs / "usb_gadget")) {
-        if (namesIn(m_places.configfs).empty()) {
+        if (!isConfigfs(m_places.configfs)) {
             return "the file system configfs is not there: modprobe configfs, then mount -t "
                    "configfs configfs " +
                    m_places.configfs.string();

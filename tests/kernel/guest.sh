@@ -7,6 +7,8 @@ export LC_ALL=C.UTF-8 TMPDIR=/tmp PYTHONDONTWRITEBYTECODE=1
 touch /run/output/up
 echo "The machine is up: Linux $(uname -r)"
 
+# What a computer without a USB controller would not have loaded by itself.
+modprobe usbcore
 /lib/systemd/systemd-udevd --daemon
 udevadm trigger
 udevadm settle

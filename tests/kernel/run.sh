@@ -5,24 +5,24 @@ cd "$(dirname "$0")/../.."
 
 usage() {
     cat <<'TEXT'
-Usage: tests/kernel/run.sh [--suite SUITE] [--preset PRESET] [--command COMMAND... | TEST...]
+Usage: tests/kernel/run.sh [--suite SUITE] [--build FOLDER] [--command COMMAND... | TEST...]
 
 Runs the tool, the command line and the simulated camera on a real Linux kernel: in a virtual machine
 of Debian's kernel on this computer's files, where the camera is a USB gadget. All tests, or those
 named, as window_test or command_line_test.CommandLineTest.test_a_second_program.
 
   --suite SUITE      the kernel of this suite of Debian (bookworm; bookworm-backports is newer)
-  --preset PRESET    the build that is tested (debug)
+  --build FOLDER     tests what is built there (build/debug, which is brought up to date first)
   --command COMMAND  runs this in the machine instead, with the environment of the tests
 TEXT
 }
 
 suite=bookworm
-preset=${NUBO_PRESET:-debug}
-job=(/usr/bin/python3 -W ignore::DeprecationWarning "$PWD/tests/kernel/kernel_tests.py")
+build=
+job=("$PWD/tests/desktop/with-desktop.sh" /usr/bin/python3 -W ignore::DeprecationWarning "$PWD/tests/kernel/kernel_tests.py")
 while [ $# -gt 0 ]; do
     case "$1" in
-    --suite | --preset)
+    --suite | --build)
         [ $# -gt 1 ] || {
             echo "tests/kernel/run.sh: $1 needs a value" >&2
             exit 2
@@ -53,6 +53,10 @@ done
 source packaging/packages.sh
 source tests/kernel/machine.sh
 install_missing "${BUILD_PACKAGES[@]}" "${TEST_PACKAGES[@]}" "${MACHINE_PACKAGES[@]}"
-configure "$preset"
-cmake --build --preset "$preset" --target nubo-camera-simulator nubo-setting-tool nuboctl
-run_in_machine "$suite" env "BUILD=$PWD/build/$preset" "${job[@]}"
+if [ -z "$build" ]; then
+    build=build/debug
+    configure debug
+    cmake --build --preset debug --target \
+        nubo-camera-simulator nubo-setting-tool nuboctl nubo-tests-kernel
+fi
+run_in_machine "$suite" env "BUILD=$(realpath "$build")" "${job[@]}"
