@@ -261,7 +261,7 @@ void GadgetPipe::sendNext(Lock& lock) {
         m_hooks.restart();
     }
     if (m_device->wantsPowerOff()) {
-        m_hooks.leaveBus();
+        m_hooks.powerOff();
     }
 }
 

@@ -25,8 +25,9 @@ namespace nubo::simulator {
 /// What a pipe needs of its port, which outlives it. The functions are called with the pipe's lock
 /// held, so they only schedule the change.
 struct GadgetHooks {
-    std::function<void()> leaveBus;
-    std::function<void()> restart;
+    std::function<void()> leaveBus;  ///< in the middle of a transfer
+    std::function<void()> powerOff;  ///< with everything said
+    std::function<void()> restart;   ///< the same, to come back
 };
 
 /// The endpoints of a gadget, served on threads of their own: what the host writes goes to the

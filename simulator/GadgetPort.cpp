@@ -1,11 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "simulator/GadgetPort.h"
 
+#include <chrono>
 #include <utility>
 
 namespace nubo::simulator {
 
 namespace {
+
+/// From the host's controller having taken an answer until its program has it: a host that loses
+/// the device before would lose the answer.
+constexpr std::chrono::milliseconds ANSWER_TIME{250};
 
 constexpr const char* NOT_OF_A_GADGET = "a gadget cannot do this: it is a matter of the host";
 
@@ -18,7 +23,8 @@ const AlternateSetting& interfaceOf(const DeviceOptions& options) {
 GadgetPort::GadgetPort(std::shared_ptr<VirtualDevice> device, DeviceOptions options)
     : m_device(std::move(device)),
       m_options(std::move(options)),
-      m_pipe(m_device, {[this] { leaveLater(); }, [this] { restartLater(); }}) {}
+      m_pipe(m_device, {[this] { leaveAfter({}); }, [this] { leaveAfter(ANSWER_TIME); },
+                        [this] { restartLater(); }}) {}
 
 GadgetPort::~GadgetPort() {
     m_scheduler.stop();
@@ -65,8 +71,8 @@ void GadgetPort::unplugLocked() {
 }
 
 // The pipe asks for it in the middle of its work: it is done on the thread of the scheduler.
-void GadgetPort::leaveLater() {
-    m_scheduler.runAfter({}, [this] {
+void GadgetPort::leaveAfter(std::chrono::milliseconds time) {
+    m_scheduler.runAfter(time, [this] {
         const std::lock_guard lock(m_mutex);
         if (m_plugged) {
             unplugLocked();
@@ -75,7 +81,7 @@ void GadgetPort::leaveLater() {
 }
 
 void GadgetPort::restartLater() {
-    m_scheduler.runAfter({}, [this] {
+    m_scheduler.runAfter(ANSWER_TIME, [this] {
         const std::lock_guard lock(m_mutex);
         if (!m_plugged) {
             return;

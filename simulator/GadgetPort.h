@@ -6,6 +6,7 @@
 #include "simulator/GadgetSetup.h"
 #include "simulator/Scheduler.h"
 
+#include <chrono>
 #include <cstdint>
 #include <memory>
 #include <mutex>
@@ -37,7 +38,7 @@ public:
 private:
     std::string plugLocked();
     void unplugLocked();
-    void leaveLater();
+    void leaveAfter(std::chrono::milliseconds time);
     void restartLater();
 
     const std::shared_ptr<VirtualDevice> m_device;

@@ -54,12 +54,20 @@ def unload_modules():
     root("modprobe --remove usb_f_fs libcomposite")
 
 
+def read_attribute(path):
+    """The one line of a file; None when it is not there, or not any more."""
+    try:
+        with open(path, encoding="utf-8") as file:
+            return file.read().rstrip("\n")
+    except OSError:
+        return None
+
+
 def device_folder():
     """The folder in sysfs of the camera that is plugged in, or None."""
     for path in glob.glob("/sys/bus/usb/devices/*/idVendor"):
-        with open(path, encoding="ascii") as file:
-            if file.read().strip() == VENDOR:
-                return os.path.dirname(path)
+        if read_attribute(path) == VENDOR:
+            return os.path.dirname(path)
     return None
 
 
@@ -75,20 +83,26 @@ def node():
     """The device node of the camera; waits until it is there, and udev has done its work."""
     folder = wait_for(device_folder, "camera on the bus")
     root("udevadm settle")
-    numbers = []
-    for name in ("busnum", "devnum"):
-        with open(os.path.join(folder, name), encoding="ascii") as file:
-            numbers.append(int(file.read()))
+    numbers = [int(read_attribute(f"{folder}/{name}")) for name in ("busnum", "devnum")]
     return "/dev/bus/usb/{:03}/{:03}".format(*numbers)
 
 
 def has_open(process, path):
     """True when the process has this file open."""
-    try:
-        files = os.scandir(f"/proc/{process}/fd")
-        return any(os.readlink(file.path) == path for file in files)
-    except OSError:
-        return False
+    for file in os.scandir(f"/proc/{process}/fd"):
+        try:
+            if os.readlink(file.path) == path:
+                return True
+        except FileNotFoundError:
+            continue  # closed meanwhile
+    return False
+
+
+def use_of(process):
+    """The process's open files, and its memory in KiB."""
+    with open(f"/proc/{process}/status", encoding="ascii") as file:
+        memory = next(int(line.split()[1]) for line in file if line.startswith("VmRSS"))
+    return len(os.listdir(f"/proc/{process}/fd")), memory
 
 
 class GadgetCamera:

@@ -12,6 +12,7 @@ from gadget_camera import (
     load_modules,
     node,
     nuboctl,
+    read_attribute,
     root,
     wait_for,
 )
@@ -116,8 +117,7 @@ class FaultTest(unittest.TestCase):
         self.addCleanup(self.camera.do, "set serial-number SIM0001")
         self.camera.unplug()
         self.camera.plug()
-        with open(f"{device_folder()}/serial", encoding="utf-8") as file:
-            self.assertEqual(file.read(), "GULL-7\n")
+        self.assertEqual(read_attribute(f"{device_folder()}/serial"), "GULL-7")
 
 
 class PacketLengthTest(unittest.TestCase):
@@ -155,14 +155,13 @@ class PacketLengthTest(unittest.TestCase):
         self.addCleanup(root, "modprobe --remove dummy_hcd")
         self.addCleanup(self.camera.end)
         node()
-        with open(f"{device_folder()}/speed", encoding="ascii") as file:
-            self.assertEqual(file.read(), f"{mark}\n")
+        self.assertEqual(read_attribute(f"{device_folder()}/speed"), mark)
 
     def test_at_full_speed(self):
-        self.start("full", 12)
+        self.start("full", "12")
         self.check_commands(64)
         self.check_data(64)
 
     def test_at_high_speed(self):
-        self.start("high", 480)
+        self.start("high", "480")
         self.check_data(512)

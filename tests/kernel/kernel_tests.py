@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""All tests of the virtual machine, or those named; the last line of its output counts them."""
+"""All tests of the virtual machine, or those named; they are counted in /run/output/counts."""
 
 import os
 import sys
@@ -31,7 +31,8 @@ def main():
     result = runner.run(suite)
     failed = len(result.failures) + len(result.errors)
     passed = result.testsRun - failed
-    print(f"Kernel tests: {passed} passed, {failed} failed", flush=True)
+    with open("/run/output/counts", "w", encoding="ascii") as counts:
+        print(f"Kernel tests: {passed} passed, {failed} failed", file=counts)
     return 0 if passed > 0 and failed == 0 else 1
 
 

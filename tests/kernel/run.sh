@@ -59,4 +59,6 @@ if [ -z "$build" ]; then
     cmake --build --preset debug --target \
         nubo-camera-simulator nubo-setting-tool nuboctl nubo-tests-kernel
 fi
-run_in_machine "$suite" env "BUILD=$(realpath "$build")" "${job[@]}"
+run_in_machine "$suite" env "BUILD=$(realpath "$build")" "${job[@]}" && result=0 || result=$?
+[ ! -e build/kernel/output/counts ] || cat build/kernel/output/counts
+exit $result

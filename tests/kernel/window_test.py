@@ -12,8 +12,9 @@ from gadget_camera import (
     TOOL,
     GadgetCamera,
     InterfaceHolder,
+    device_folder,
     has_open,
-    node,
+    use_of,
     wait_for,
 )
 from screen import Screen
@@ -35,8 +36,11 @@ class WindowTest(unittest.TestCase):
         cls.addClassCleanup(cls.end_tool)
         cls.screen = Screen(NAME)
         cls.screen.wait_for_text(NOT_CONNECTED)
-        cls.camera.plug()
-        cls.screen.wait_for_text("Battery charge")
+
+    def setUp(self):
+        if not device_folder():
+            self.camera.plug()
+        self.screen.wait_until_gone(NOT_CONNECTED)
 
     @classmethod
     def end_tool(cls):
@@ -114,11 +118,9 @@ class WindowTest(unittest.TestCase):
         self.assertLess(memory, before[1] + 4096, "KiB")
 
     def use(self):
-        """Open files, and KiB of memory, on the page of the camera's state."""
+        """On the page of the camera's state."""
         self.screen.wait_for_text("85%")
-        with open(f"/proc/{self.tool.pid}/status", encoding="ascii") as file:
-            memory = next(int(line.split()[1]) for line in file if line.startswith("VmRSS"))
-        return len(os.listdir(f"/proc/{self.tool.pid}/fd")), memory
+        return use_of(self.tool.pid)
 
 
 class LastWindowTest(unittest.TestCase):
