@@ -14,6 +14,8 @@ TEST_PACKAGES=(
     xvfb xauth dbus-daemon at-spi2-core python3-pyatspi weston "${WAYLAND_PACKAGES[@]}" xdotool x11-utils
 )
 
+DEBIAN_PACKAGES=(debhelper dpkg-dev fakeroot)
+
 # install_missing PACKAGE...: installs those that are not there yet, and asks no package registry
 # when all are.
 install_missing() {
