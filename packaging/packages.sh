@@ -15,6 +15,8 @@ TEST_PACKAGES=(
     python3-jsonschema mandoc jq
 )
 
+DEBIAN_PACKAGES=(debhelper dpkg-dev fakeroot)
+
 # install_missing PACKAGE...: installs those that are not there yet, and asks no package registry
 # when all are.
 install_missing() {
