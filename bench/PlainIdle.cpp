@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
-// What an open camera costs by plain libusb calls: looks at the bus once a second, as the tool does,
-// and with --poll asks what the camera state page asks, as often as it does. Runs until it is ended.
+// What an open camera costs by plain libusb calls: looks at the bus once a second, as the tool
+// does, and with --poll asks what the camera state page asks, as often as it does. Runs until it is
+// ended.
 
 #include "bench/PlainCamera.h"
 #include "protocol/NuboCommands.h"

@@ -116,38 +116,45 @@ void GadgetPipe::watchEvents() {
     std::array<pollfd, 2> waiting = {pollfd{m_control.number(), POLLIN, 0},
                                      pollfd{m_wake.number(), POLLIN, 0}};
     while (true) {
-        ::poll(waiting.data(), waiting.size(), -1);
+        const bool hasCome = ::poll(waiting.data(), waiting.size(), -1) > 0;
         const std::lock_guard lock(m_mutex);
         if (m_stopping) {
             return;
+        }
+        if (!hasCome || (waiting.front().revents & POLLIN) == 0) {
+            continue;
         }
         std::array<usb_functionfs_event, 4> events{};
         const ::ssize_t size = ::read(m_control.number(), events.data(), sizeof(events));
         const auto count = size < 0 ? 0 : static_cast<std::size_t>(size) / sizeof(events[0]);
         for (const usb_functionfs_event& event : std::span(events).first(count)) {
-            switch (event.type) {
-                case FUNCTIONFS_ENABLE:
-                    m_configured = true;
-                    break;
-                case FUNCTIONFS_DISABLE:
-                case FUNCTIONFS_UNBIND:
-                    m_configured = false;
-                    break;
-                case FUNCTIONFS_SETUP: {
-                    // A transfer in the wrong direction is the way to stall: the camera knows no
-                    // requests of its own.
-                    std::uint8_t nothing = 0;
-                    const bool isIn = (event.u.setup.bRequestType & IN_ENDPOINT) >= 0x80;
-                    [[maybe_unused]] const ::ssize_t stalled =
-                        isIn ? ::read(m_control.number(), &nothing, 0)
-                             : ::write(m_control.number(), &nothing, 0);
-                    break;
-                }
-                default:
-                    break;
-            }
+            handleEvent(event);
         }
         m_changed.notify_all();
+    }
+}
+
+void GadgetPipe::handleEvent(const usb_functionfs_event& event) {
+    switch (event.type) {
+        case FUNCTIONFS_ENABLE:
+            m_configured = true;
+            break;
+        case FUNCTIONFS_DISABLE:
+        case FUNCTIONFS_UNBIND:
+            m_configured = false;
+            break;
+        case FUNCTIONFS_SETUP: {
+            // The camera knows no requests of its own. A transfer in the wrong direction is the way
+            // to stall.
+            std::uint8_t nothing = 0;
+            const bool isIn = (event.u.setup.bRequestType & USB_DIR_IN) != 0;
+            [[maybe_unused]] const ::ssize_t stalled =
+                isIn ? ::read(m_control.number(), &nothing, 0)
+                     : ::write(m_control.number(), &nothing, 0);
+            break;
+        }
+        default:
+            break;
     }
 }
 

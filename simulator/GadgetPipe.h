@@ -20,6 +20,8 @@
 #include <thread>
 #include <vector>
 
+struct usb_functionfs_event;
+
 namespace nubo::simulator {
 
 /// What a pipe needs of its port, which outlives it. The functions are called with the pipe's lock
@@ -62,6 +64,7 @@ private:
     using Packet = std::vector<std::uint8_t>;
 
     void watchEvents();
+    void handleEvent(const usb_functionfs_event& event);
     void readPackets();
     void sendPackets();
     void receive(const Packet& piece);

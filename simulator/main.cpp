@@ -147,7 +147,7 @@ int serveUntilEnd(ChildProcess& child, const FileDescriptor& signals, ControlTar
 CameraIdentity identityOf(int number) {
     CameraIdentity identity;
     if (number > 1) {
-        std::array<char, 8> digits{};
+        std::array<char, 12> digits{};
         std::snprintf(digits.data(), digits.size(), "%04d", number);
         identity.serialNumber = std::string("SIM") + digits.data();
         identity.ssid = std::string("NuBo-") + digits.data();

@@ -15,7 +15,7 @@ constexpr unsigned char OUT = 0x02;
 constexpr int MIB = 1024 * 1024;
 
 const QByteArray GET_BATTERY =
-    QByteArray::fromHex("0000 0700 20000000 0550 0000") + QByteArray(20, '\0');
+    QByteArray::fromHex("0000 0700 20000000 3750 0000") + QByteArray(20, '\0');
 
 }  // namespace
 
@@ -38,6 +38,7 @@ private Q_SLOTS:
 
 private:
     [[nodiscard]] QByteArray askBattery();
+    [[nodiscard]] bool waitUntilClosed();
 
     GadgetBench m_gadget;
     KernelHost m_host;
@@ -50,9 +51,15 @@ void ControllerOnKernelTest::initTestCase() {
 
 void ControllerOnKernelTest::init() {
     QCOMPARE(m_gadget.port.plug(), std::string());
-    QVERIFY(m_host.find());
-    m_controller = std::make_unique<ClUsbController>(m_host.device);
-    QCOMPARE(m_controller->open(), 0);
+    // A device that is on the list is not configured yet.
+    const auto open = [this] {
+        if (!m_host.find()) {
+            return false;
+        }
+        m_controller = std::make_unique<ClUsbController>(m_host.device);
+        return m_controller->open() == LIBUSB_SUCCESS;
+    };
+    QVERIFY(QTest::qWaitFor(open, KERNEL_PATIENCE_MS));
 }
 
 void ControllerOnKernelTest::cleanup() {
@@ -60,6 +67,16 @@ void ControllerOnKernelTest::cleanup() {
     m_gadget.port.clearFaults();
     // A test may have unplugged it.
     m_gadget.port.unplug();
+}
+
+// What is under way when the cable is pulled ends in an error of the link: that the camera has
+// gone, the kernel knows a moment later.
+bool ControllerOnKernelTest::waitUntilClosed() {
+    const auto isClosed = [this] {
+        static_cast<void>(m_controller->read(1, IN, nullptr));
+        return !m_controller->isOpened();
+    };
+    return QTest::qWaitFor(isClosed, KERNEL_PATIENCE_MS);
 }
 
 QByteArray ControllerOnKernelTest::askBattery() {
@@ -116,8 +133,9 @@ void ControllerOnKernelTest::aReadUnderWayEndsWhenTheCameraLeaves() {
     const QByteArray packet = m_controller->read(KERNEL_PATIENCE_MS, IN, &error);
     puller.join();
     QCOMPARE(packet, QByteArray());
-    QCOMPARE(error, USB_NO_DEVICE);
-    QVERIFY(!m_controller->isOpened());
+    QVERIFY2(error == USB_NO_DEVICE || error == USB_ERROR_OTHER,
+             qPrintable(QString::number(error)));
+    QVERIFY(waitUntilClosed());
     QVERIFY2(clock.elapsed() < KERNEL_PATIENCE_MS, qPrintable(QString::number(clock.elapsed())));
 }
 
@@ -131,7 +149,7 @@ void ControllerOnKernelTest::aWriteUnderWayEndsWhenTheCameraLeaves() {
     const int written = m_controller->write(data, KERNEL_PATIENCE_MS, OUT);
     puller.join();
     QVERIFY2(written < data.size(), qPrintable(QString::number(written)));
-    QVERIFY(!m_controller->isOpened());
+    QVERIFY(waitUntilClosed());
 }
 
 // usbfs_memory_mb is 16. No byte moves, and that is what the controller tells; the camera goes on.

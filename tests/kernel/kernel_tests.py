@@ -14,11 +14,22 @@ MODULES = ["missing_parts_test", "gadget_test", "bus_test", "command_line_test",
 
 
 class TimedResult(unittest.TextTestResult):
-    """Tells how long each test took."""
+    """Tells how long each test took, and at once why it failed."""
 
     def startTest(self, test):
         self._start = time.monotonic()
         super().startTest(test)
+
+    def addFailure(self, test, err):
+        super().addFailure(test, err)
+        self.stream.writeln(self.failures[-1][1])
+
+    def addError(self, test, err):
+        super().addError(test, err)
+        self.stream.writeln(self.errors[-1][1])
+
+    def printErrors(self):
+        """They have been told."""
 
     def stopTest(self, test):
         super().stopTest(test)

@@ -19,10 +19,13 @@ fetch_kernel() {
     echo "Fetching the kernel of $suite"
     rm -rf "$folder"
     mkdir -p "$folder/lists/partial"
-    local keys=/usr/share/keyrings/debian-archive-keyring.gpg
+    # The archive that this computer uses has the other suites of Debian, too.
+    local archive keys=/usr/share/keyrings/debian-archive-keyring.gpg
+    archive=$(apt-get indextargets --format '$(REPO_URI)' 'Label: Debian' | head -n 1)
     local apt=(-qq -o "Dir::Etc::sourcelist=$folder/sources.list" -o Dir::Etc::sourceparts=-
         -o "Dir::State::lists=$folder/lists" -o APT::Sandbox::User=root)
-    echo "deb [signed-by=$keys] http://deb.debian.org/debian $suite main" >"$folder/sources.list"
+    echo "deb [signed-by=$keys] ${archive:-http://deb.debian.org/debian} $suite main" \
+        >"$folder/sources.list"
     apt-get "${apt[@]}" update
     # The package without a version in its name depends on the newest one.
     local package
@@ -100,7 +103,7 @@ run_in_machine() {
         echo "The machine has not come up within ${MACHINE_START_LIMIT_S} s" >&2
         return 1
     elif ! [ -e "$output/exit-code" ]; then
-        echo "The machine has not ended within ${MACHINE_LIMIT_S} s" >&2
+        echo "The machine has not come to an end within ${MACHINE_LIMIT_S} s, or was ended" >&2
         return 1
     fi
     return "$(<"$output/exit-code")"

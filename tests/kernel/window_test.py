@@ -24,6 +24,11 @@ NOT_CONNECTED = "Connect camera by USB cable"
 CYCLES = 50
 
 
+def read_text(path):
+    with open(path, encoding="utf-8") as file:
+        return file.read()
+
+
 class WindowTest(unittest.TestCase):
     """One window on one camera, that is connected and as it was when a test ends."""
 
@@ -95,16 +100,6 @@ class WindowTest(unittest.TestCase):
         self.camera.plug()
         self.screen.wait_for_text("61%")
 
-    def test_a_second_program_that_holds_the_interface_is_waited_for(self):
-        self.choose("Camera state")
-        self.camera.unplug()
-        self.screen.wait_for_text(NOT_CONNECTED)
-        self.camera.plug()
-        holder = InterfaceHolder()
-        self.screen.wait_for_text(NOT_CONNECTED)
-        holder.end()
-        self.screen.wait_for_text("Battery charge")
-
     def test_50_unpluggings_leave_nothing_behind(self):
         self.choose("Camera state")
         before = self.use()
@@ -123,13 +118,30 @@ class WindowTest(unittest.TestCase):
         return use_of(self.tool.pid)
 
 
-class LastWindowTest(unittest.TestCase):
-    def test_closing_the_window_with_a_camera_ends_the_tool(self):
-        camera = GadgetCamera()
-        self.addCleanup(camera.end)
+class StartAndEndTest(unittest.TestCase):
+    def setUp(self):
+        self.camera = GadgetCamera()
+        self.addCleanup(self.camera.end)
+
+    def start(self):
         environment = os.environ | {"QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1"}
-        tool = subprocess.Popen([TOOL], env=environment)
+        with open("/tmp/window.log", "w", encoding="utf-8") as log:
+            tool = subprocess.Popen([TOOL], env=environment, stderr=log)
+        self.addCleanup(tool.wait, PATIENCE_S)
         self.addCleanup(tool.kill)
+        return tool
+
+    def test_a_camera_that_a_second_program_holds_is_waited_for(self):
+        holder = InterfaceHolder()
+        self.start()
+        screen = Screen(NAME)
+        wait_for(lambda: "Resource busy" in read_text("/tmp/window.log"), "line of the log")
+        screen.wait_for_text(NOT_CONNECTED)
+        holder.end()
+        screen.wait_for_text("Battery charge")
+
+    def test_closing_the_window_with_a_camera_ends_the_tool(self):
+        tool = self.start()
         screen = Screen(NAME)
         screen.wait_for_text("Battery charge")
         screen.press(pyatspi.ROLE_PUSH_BUTTON, "Close")
