@@ -64,7 +64,6 @@ public:
         m_app.set_help_flag();
         m_app.require_subcommand(0, 1);
         addOptions(m_app, commonOptions());
-        m_app.add_flag("--version");
         for (const stVerb& verb : verbs()) {
             CLI::App* const sub = m_app.add_subcommand(std::string(verb.name), "");
             sub->set_help_flag();

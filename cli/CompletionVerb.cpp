@@ -93,7 +93,7 @@ QString bashScript() {
                "        esac\n"
                "    done\n"
                "    case $verb in\n"
-               "    '') words=\"%1 %2 --version\" ;;\n")
+               "    '') words=\"%1 %2\" ;;\n")
                .arg(verbNames().join(u' '), commonNames().join(u' ')) +
            verbCases(QStringLiteral("words")) +
            QStringLiteral(
@@ -119,7 +119,7 @@ QString zshScript() {
                "        esac\n"
                "    done\n"
                "    case $verb in\n"
-               "    '') candidates=\"%1 %2 --version\" ;;\n")
+               "    '') candidates=\"%1 %2\" ;;\n")
                .arg(verbNames().join(u' '), commonNames().join(u' ')) +
            verbCases(QStringLiteral("candidates")) +
            QStringLiteral(
@@ -134,6 +134,17 @@ QString zshScript() {
                "compdef _nuboctl nuboctl\n");
 }
 
+/// The names of an option as fish takes them, and whether a value must follow.
+QString fishNames(const stOption& option) {
+    const QString name = toText(option.name);
+    QString names = QLatin1String("-l ") + longName(option).mid(2);
+    if (name.size() > longName(option).size()) {
+        names += QLatin1String(" -s ") + name[1];
+    }
+    const bool needsValue = !option.value.empty() && option.implied.empty();
+    return needsValue ? names + QLatin1String(" -r") : names;
+}
+
 QString fishScript() {
     const QString all = verbNames().join(u' ');
     QString text = QStringLiteral("# fish completion of nuboctl\n");
@@ -143,10 +154,9 @@ QString fishScript() {
         return quotable;
     };
     for (const stOption& option : commonOptions()) {
-        text += QStringLiteral("complete -c nuboctl -l %1 -d '%2'\n")
-                    .arg(longName(option).mid(2), quoted(option.explanation));
+        text += QStringLiteral("complete -c nuboctl %1 -d '%2'\n")
+                    .arg(fishNames(option), quoted(option.explanation));
     }
-    text += QStringLiteral("complete -c nuboctl -l version -d 'shows the version'\n");
     for (const stVerb& verb : verbs()) {
         const QString name = toText(verb.name);
         text +=
@@ -159,8 +169,8 @@ QString fishScript() {
                         .arg(seen, words.join(u' '));
         }
         for (const stOption& option : verb.options) {
-            text += QStringLiteral("complete -c nuboctl -n '%1' -l %2 -d '%3'\n")
-                        .arg(seen, longName(option).mid(2), quoted(option.explanation));
+            text += QStringLiteral("complete -c nuboctl -n '%1' %2 -d '%3'\n")
+                        .arg(seen, fishNames(option), quoted(option.explanation));
         }
     }
     return text;

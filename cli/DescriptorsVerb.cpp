@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "cli/CameraChoice.h"
+#include "cli/ClConsole.h"
 #include "cli/ClReport.h"
 #include "cli/Verbs.h"
 
@@ -119,13 +120,16 @@ void runDescriptors(stRun& run) {
         run.report.fail(failure);
         return;
     }
-    QJsonArray devices;
+    run.report.setIsTold();
     for (const stCamera& camera : cameras) {
-        Dump dump(run.report);
+        ClReport report({camera.serial, camera.port, camera.bus, camera.number, {}}, false);
+        Dump dump(report);
         dump.title(QStringLiteral("camera at %1 (%2)").arg(camera.port, camera.place()));
-        QJsonObject device = deviceOf(dump, camera.device);
-        device.insert(QStringLiteral("port"), camera.port);
-        devices.append(device);
+        report.addMember(QStringLiteral("descriptors"), deviceOf(dump, camera.device));
+        if (run.arguments.isJson()) {
+            printJson(run.console, report.json());
+        } else {
+            run.console.print(report.text());
+        }
     }
-    run.report.addMember(QStringLiteral("devices"), devices);
 }

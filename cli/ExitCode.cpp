@@ -6,24 +6,21 @@
 
 namespace {
 
-struct stExitName {
-    ExitCode exit;
-    const char* name;
+// clang-format off
+constexpr std::array MEANINGS{
+    stExitMeaning{ExitCode::Done,         "done",          "done"},
+    stExitMeaning{ExitCode::No,           "no",            "the answer is no: diff differs, doctor found something, read back differently"},
+    stExitMeaning{ExitCode::WrongUse,     "wrong-use",     "wrong use; nothing was sent"},
+    stExitMeaning{ExitCode::NoCamera,     "no-camera",     "no such camera, or several and none chosen"},
+    stExitMeaning{ExitCode::InUse,        "in-use",        "in use by another program"},
+    stExitMeaning{ExitCode::AccessDenied, "access-denied", "access denied"},
+    stExitMeaning{ExitCode::Refused,      "refused",       "the camera refuses"},
+    stExitMeaning{ExitCode::LinkFailed,   "link-failed",   "the link failed, or the camera went"},
+    stExitMeaning{ExitCode::PartlyDone,   "partly-done",   "partly done"},
+    stExitMeaning{ExitCode::Computer,     "computer",      "a file or something else on this computer"},
+    stExitMeaning{ExitCode::Interrupted,  "interrupted",   "interrupted, after the transaction under way"},
 };
-
-constexpr std::array NAMES{
-    stExitName{ExitCode::Done, "done"},
-    stExitName{ExitCode::No, "no"},
-    stExitName{ExitCode::WrongUse, "wrong-use"},
-    stExitName{ExitCode::NoCamera, "no-camera"},
-    stExitName{ExitCode::InUse, "in-use"},
-    stExitName{ExitCode::AccessDenied, "access-denied"},
-    stExitName{ExitCode::Refused, "refused"},
-    stExitName{ExitCode::LinkFailed, "link-failed"},
-    stExitName{ExitCode::PartlyDone, "partly-done"},
-    stExitName{ExitCode::Computer, "computer"},
-    stExitName{ExitCode::Interrupted, "interrupted"},
-};
+// clang-format on
 
 bool isFailure(ExitCode exit) {
     return exit != ExitCode::Done && exit != ExitCode::No;
@@ -31,8 +28,13 @@ bool isFailure(ExitCode exit) {
 
 }  // namespace
 
+std::span<const stExitMeaning> exitMeanings() {
+    return MEANINGS;
+}
+
 QString exitName(ExitCode exit) {
-    return QString::fromLatin1(std::ranges::find(NAMES, exit, &stExitName::exit)->name);
+    const std::string_view name = std::ranges::find(MEANINGS, exit, &stExitMeaning::exit)->name;
+    return QString::fromLatin1(name.data(), static_cast<qsizetype>(name.size()));
 }
 
 ExitCode joined(ExitCode one, ExitCode other) {

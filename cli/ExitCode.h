@@ -3,20 +3,33 @@
 
 #include <QString>
 
+#include <span>
+#include <string_view>
+
 /// How a run ended, as scripts learn it.
 enum class ExitCode {
     Done = 0,
-    No = 1,        ///< the answer is no: differs, found something, read back differently
-    WrongUse = 2,  ///< nothing was sent
-    NoCamera = 3,  ///< none such, or several and none chosen
-    InUse = 4,     ///< another program holds the camera
+    No = 1,
+    WrongUse = 2,
+    NoCamera = 3,
+    InUse = 4,
     AccessDenied = 5,
-    Refused = 6,     ///< by the camera
-    LinkFailed = 7,  ///< or the camera went
+    Refused = 6,
+    LinkFailed = 7,
     PartlyDone = 8,
-    Computer = 9,       ///< a file or something else on this computer
-    Interrupted = 130,  ///< after the transaction under way
+    Computer = 9,
+    Interrupted = 130,
 };
+
+/// What an exit code is called, and what it means.
+struct stExitMeaning {
+    ExitCode exit;
+    std::string_view name;  ///< in JSON, as in "no-camera"
+    std::string_view meaning;
+};
+
+/// All exit codes, in their order.
+[[nodiscard]] std::span<const stExitMeaning> exitMeanings();
 
 /// The name of an exit code in JSON, as in "no-camera".
 [[nodiscard]] QString exitName(ExitCode exit);

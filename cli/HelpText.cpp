@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "cli/HelpText.h"
 
+#include <QJsonArray>
+
 namespace {
 
 constexpr int OPTION_WIDTH = 24;
 constexpr int VERB_WIDTH = 34;
+constexpr int EXIT_WIDTH = 7;
 
 QString row(const QString& left, int width, std::string_view right) {
     const QString start = QStringLiteral("  ") + left;
@@ -31,6 +34,23 @@ QString optionRows(std::span<const stOption> options) {
     return text;
 }
 
+QJsonArray optionsJson(std::span<const stOption> options) {
+    QJsonArray array;
+    for (const stOption& option : options) {
+        const QStringList names = toText(option.name).split(u',');
+        const auto orNull = [](const QString& text) {
+            return text.isEmpty() ? QJsonValue() : QJsonValue(text);
+        };
+        array.append(QJsonObject{
+            {QStringLiteral("name"), names.last()},
+            {QStringLiteral("short"), orNull(names.size() > 1 ? names.first() : QString())},
+            {QStringLiteral("value"), orNull(toText(option.value))},
+            {QStringLiteral("implied"), orNull(toText(option.implied))},
+            {QStringLiteral("explanation"), toText(option.explanation)}});
+    }
+    return array;
+}
+
 }  // namespace
 
 QString overviewHelp() {
@@ -42,12 +62,12 @@ QString overviewHelp() {
         text += row(toText(verb.name) + u' ' + toText(verb.usage), VERB_WIDTH, verb.explanation);
     }
     text += QLatin1String("\nOptions:\n") + optionRows(commonOptions());
-    text += row(QStringLiteral("--version"), OPTION_WIDTH, "shows the version");
     text += QLatin1String(
         "\n\"nuboctl help VERB\" tells more of a verb, \"nuboctl help KEY\" of a setting.\n\n"
-        "Exit codes: 0 done, 1 the answer is no, 2 wrong use, 3 no such camera, 4 in use,\n"
-        "5 access denied, 6 refused by the camera, 7 the link failed, 8 partly done,\n"
-        "9 a file or something else on this computer, 130 interrupted.\n");
+        "Exit codes:\n");
+    for (const stExitMeaning& exit : exitMeanings()) {
+        text += row(QString::number(static_cast<int>(exit.exit)), EXIT_WIDTH, exit.meaning);
+    }
     return text;
 }
 
@@ -59,4 +79,27 @@ QString verbHelp(const stVerb& verb) {
         text += QLatin1String("\nOptions:\n") + optionRows(verb.options);
     }
     return text + QLatin1String("\nOptions of every verb:\n") + optionRows(commonOptions());
+}
+
+QJsonObject verbJson(const stVerb& verb) {
+    return {{QStringLiteral("verb"), toText(verb.name)},
+            {QStringLiteral("usage"), toText(verb.usage)},
+            {QStringLiteral("explanation"), toText(verb.explanation)},
+            {QStringLiteral("options"), optionsJson(verb.options)}};
+}
+
+QJsonObject overviewJson() {
+    QJsonArray all;
+    for (const stVerb& verb : verbs()) {
+        all.append(verbJson(verb));
+    }
+    QJsonArray exits;
+    for (const stExitMeaning& exit : exitMeanings()) {
+        exits.append(QJsonObject{{QStringLiteral("exit"), static_cast<int>(exit.exit)},
+                                 {QStringLiteral("kind"), exitName(exit.exit)},
+                                 {QStringLiteral("explanation"), toText(exit.meaning)}});
+    }
+    return {{QStringLiteral("verbs"), all},
+            {QStringLiteral("options"), optionsJson(commonOptions())},
+            {QStringLiteral("exitCodes"), exits}};
 }

@@ -19,5 +19,6 @@ void runHelp(stRun& run) {
         run.arguments.values.isEmpty() ? nullptr : findVerb(run.arguments.values.front());
     const QString text = verb == nullptr ? overviewHelp() : verbHelp(*verb);
     run.report.addLine(text.chopped(1));
-    run.report.addMember(QStringLiteral("help"), text);
+    run.report.addMember(QStringLiteral("help"),
+                         verb == nullptr ? overviewJson() : verbJson(*verb));
 }

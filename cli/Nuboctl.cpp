@@ -7,6 +7,7 @@
 #include "cli/ClReport.h"
 #include "cli/ClSession.h"
 #include "cli/HelpText.h"
+#include "protocol/ResultCodes.h"
 #include "settings/SettingTable.h"
 
 #include <algorithm>
@@ -58,7 +59,8 @@ void traceTransfers(ClSession& session, ClConsole& console) {
     }
 }
 
-/// Programs are told which camera it is; people see it.
+/// Programs are told which camera it is; people see it. A camera may refuse to tell: what was asked
+/// for may be done all the same.
 void identify(ClSession& session, ClReport& report, bool isWanted) {
     if (!isWanted) {
         return;
@@ -68,10 +70,8 @@ void identify(ClSession& session, ClReport& report, bool isWanted) {
     for (const auto& [row, value] : {std::pair(&setting("identity.serial"), &serial),
                                      std::pair(&setting("identity.firmware"), &firmware)}) {
         const unsigned short result = session.settings().read(*row, *value);
-        if (result != 0) {
+        if (result == NOT_BEGUN || isTransportError(result)) {
             report.addError(toText(row->key), result);
-        }
-        if (!report.isLinkUp()) {
             return;
         }
     }

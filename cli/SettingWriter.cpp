@@ -114,6 +114,7 @@ QList<stDifference> readDifferences(stRun& run, const QList<stWantedValue>& want
 }
 
 void writeDifferences(stRun& run, const QList<stDifference>& differences, bool keepsGoing) {
+    run.report.addMember(QStringLiteral("changes"), QJsonArray());  // even when nothing differs
     for (qsizetype i = 0; i < differences.size();) {
         const bool goesOn = !run.report.hasFailed() || (keepsGoing && run.report.isLinkUp());
         const QList<stDifference> group = sharingExchange(differences, i);

@@ -21,6 +21,7 @@ constexpr std::array COMMON_OPTIONS{
     stOption{"--wait", "S", "waits for a camera that can be used, S seconds or without end", "-1"},
     stOption{"--yes", "", "agrees to what would be asked"},
     stOption{"-h,--help", "", "shows help"},
+    stOption{"--version", "", "shows the version"},
 };
 
 constexpr std::array SHOW_SECRETS{

@@ -12,6 +12,7 @@ WAYLAND_PACKAGES=(qt6-wayland)
 TEST_PACKAGES=(
     clang libclang-rt-14-dev clang-format fonts-dejavu-core fonts-noto-cjk
     xvfb xauth dbus-daemon at-spi2-core python3-pyatspi weston "${WAYLAND_PACKAGES[@]}" xdotool x11-utils
+    python3-jsonschema mandoc jq
 )
 
 # install_missing PACKAGE...: installs those that are not there yet, and asks no package registry

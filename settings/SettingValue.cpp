@@ -234,6 +234,12 @@ QJsonValue valueJson(const stSetting& setting, const QVariant& value) {
         case SettingKind::Duration:
         case SettingKind::Capacity:
             return value.toLongLong();
+        case SettingKind::Choice: {
+            const QString text = valueText(setting, value);
+            bool isNumber = false;
+            const qint64 number = text.toLongLong(&isNumber);
+            return isNumber ? QJsonValue(number) : QJsonValue(text);
+        }
         default:
             return valueText(setting, value);
     }

@@ -16,9 +16,9 @@
 #include <QScrollArea>
 
 #include <algorithm>
+#include <iterator>
 #include <memory>
 #include <optional>
-#include <ranges>
 #include <span>
 #include <utility>
 
@@ -49,10 +49,12 @@ std::span<const stRowExchange> exchangesOf(const stBasicSettingRow& row) {
 }
 
 /// The settings whose values travel together by @p exchange, in the order of these.
-auto settingsOf(const stSettingExchange& exchange) {
-    return std::views::filter(settings(), [request = exchange.request](const stSetting& each) {
-        return each.exchange.request == request;
+std::vector<stSetting> settingsOf(const stSettingExchange& exchange) {
+    std::vector<stSetting> found;
+    std::ranges::copy_if(settings(), std::back_inserter(found), [&](const stSetting& each) {
+        return each.exchange.request == exchange.request;
     });
+    return found;
 }
 
 /// @p value in just the type that messages carry; what is missing becomes the type's default.

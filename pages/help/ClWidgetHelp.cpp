@@ -59,11 +59,7 @@ constexpr std::array CAMERA_ROWS{
 
 }  // namespace
 
-ClWidgetHelp::ClWidgetHelp(QWidget* parent) : ClWidgetBase(parent) {
-    auto* logo = new ClWidgetLogo(this);
-    logo->adjustSize();
-    logo->move((PAGE_WIDTH - logo->width()) / 2, LOGO_Y);
-
+ClWidgetHelp::ClWidgetHelp(QWidget* parent) : ClWidgetBase(parent), m_logo(new ClWidgetLogo(this)) {
     addRow(TOOL_VERSION_Y, tr("NuBoSettingTool version"))->setValue(TOOL_VERSION);
     for (const stCameraRow& row : CAMERA_ROWS) {
         ClLabelValue* value = addRow(row.y, tr(row.caption));
@@ -82,6 +78,13 @@ ClLabelValue* ClWidgetHelp::addRow(int y, const QString& caption) {
     value->move(VALUE_X, y);
     value->setAccessibleDescription(caption);
     return value;
+}
+
+void ClWidgetHelp::showEvent(QShowEvent* event) {
+    ClWidgetBase::showEvent(event);
+    // Not earlier: its letters take a font of their own, which a start without them need not load.
+    m_logo->adjustSize();
+    m_logo->move((PAGE_WIDTH - m_logo->width()) / 2, LOGO_Y);
 }
 
 void ClWidgetHelp::showInit(bool /*isPolling*/) {

@@ -156,7 +156,7 @@ void DataOnBusTest::descriptorsAreToldWithoutACommand() {
     const stRunResult result = CliBench::run({u"descriptors"_s, u"--json"_s});
     QCOMPARE(result.exit, 0);
     const QJsonObject device =
-        QJsonDocument::fromJson(result.out.toUtf8()).object()["devices"_L1][0].toObject();
+        QJsonDocument::fromJson(result.out.toUtf8()).object()["descriptors"_L1].toObject();
     QVERIFY(device["idVendor"_L1].toInt() > 0);
     const QJsonValue endpoints = device["configurations"_L1][0]["interfaces"_L1][0]["endpoints"_L1];
     QCOMPARE(endpoints.toArray().size(), 2);

@@ -143,6 +143,7 @@ void HelpPageTest::theBannerStandsInTheMiddle() {
 void HelpPageTest::theTextsAreThePages() {
     const TaggingTranslator translator;
     ClWidgetHelp page(nullptr);
+    page.show();
     page.slotReceiveCommand(valueAnswer(CHAIN[3].answer, CHAIN[3].value));
     for (const QLabel* label : page.findChildren<QLabel*>()) {
         const bool isValue = label->x() == 236 || label->text().isEmpty();
