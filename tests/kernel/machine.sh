@@ -8,7 +8,7 @@ MACHINE_PACKAGES=(qemu-system-x86 busybox-static cpio kmod udev)
 ROOT_MODULES=(virtio_pci 9pnet_virtio 9p overlay)
 
 # Inside it is /run/output.
-MACHINE_OUTPUT=$PWD/build/kernel/output
+MACHINE_OUTPUT=${MACHINE_OUTPUT:-$PWD/build/kernel/output}
 
 # Two processors, as fast as they can be emulated.
 MACHINE_PROCESSOR=(-accel tcg,thread=multi -smp 2)
