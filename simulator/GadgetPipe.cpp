@@ -45,6 +45,11 @@ std::optional<std::size_t> packetSize(const FileDescriptor& endpoint) {
     return static_cast<std::size_t>(descriptor.wMaxPacketSize);
 }
 
+/// What the host sees of a cable that is pulled, its own kernel decides.
+bool leavesBus(const Fault& fault) {
+    return fault.kind == FaultKind::DeviceGone || fault.kind == FaultKind::LinkError;
+}
+
 /// True for a fault that alters the first packet of a data phase, and is kept until one comes.
 bool waitsForData(const Fault& fault) {
     return fault.kind == FaultKind::WrongDataHead;
@@ -194,7 +199,7 @@ void GadgetPipe::receive(const Packet& piece) {
     m_log.addTransfer({OUT_ENDPOINT, piece.size(), piece.size(), 0});
     bool lost = false;
     for (const Fault& fault : m_faults.strike(FaultUnit::Transfer)) {
-        if (fault.kind == FaultKind::DeviceGone) {
+        if (leavesBus(fault)) {
             m_hooks.leaveBus();
             return;
         }
@@ -243,6 +248,7 @@ void GadgetPipe::sendNext(Lock& lock) {
     for (const Fault& fault : struck) {
         switch (fault.kind) {
             case FaultKind::DeviceGone:
+            case FaultKind::LinkError:
                 m_hooks.leaveBus();
                 return;
             case FaultKind::Stall:

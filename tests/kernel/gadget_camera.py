@@ -22,7 +22,7 @@ sys.path.append(os.path.join(PROJECT, "tests", "desktop"))
 import simulated_tool  # noqa: E402
 
 # The machine is emulated, and its computer may be loaded.
-simulated_tool.PATIENCE_S = 240
+simulated_tool.PATIENCE_S = int(os.environ.get("PATIENCE_S", "240"))
 PATIENCE_S = simulated_tool.PATIENCE_S
 wait_for = simulated_tool.wait_for
 

@@ -7,6 +7,12 @@ MACHINE_PACKAGES=(qemu-system-x86 busybox-static cpio kmod udev)
 # What is needed before the root is there; all other modules are loaded from it.
 ROOT_MODULES=(virtio_pci 9pnet_virtio 9p overlay)
 
+# Inside it is /run/output.
+MACHINE_OUTPUT=${MACHINE_OUTPUT:-$PWD/build/kernel/output}
+
+# Two processors, as fast as they can be emulated.
+MACHINE_PROCESSOR=(-accel tcg,thread=multi -smp 2)
+
 # A loaded computer takes ten times as long as an idle one.
 MACHINE_START_LIMIT_S=${MACHINE_START_LIMIT_S:-400}
 MACHINE_LIMIT_S=${MACHINE_LIMIT_S:-2400}
@@ -69,9 +75,9 @@ make_ramdisk() {
 }
 
 # run_in_machine SUITE COMMAND...: its exit code; 1 when the machine has not come up, or has not
-# ended, within its limit. What the command leaves in /run/output is in build/kernel/output then.
+# ended, within its limit. What the command leaves in /run/output is in MACHINE_OUTPUT then.
 run_in_machine() {
-    local kernel=$PWD/build/kernel/$1 output=$PWD/build/kernel/output
+    local kernel=$PWD/build/kernel/$1 output=$MACHINE_OUTPUT
     fetch_kernel "$1" "$kernel"
     shift
     rm -rf "$output"
@@ -79,7 +85,7 @@ run_in_machine() {
     make_ramdisk "$kernel" "$output/ramdisk" "$@"
 
     local machine=(
-        qemu-system-x86_64 -accel tcg,thread=multi -cpu max -smp 2 -m 2048 -nic none
+        qemu-system-x86_64 "${MACHINE_PROCESSOR[@]}" -cpu max -m 2048 -nic none
         -display none -serial stdio -monitor none -no-reboot -device virtio-rng-pci
         -kernel "$(ls "$kernel"/root/boot/vmlinuz-*)" -initrd "$output/ramdisk"
         -append "console=ttyS0 quiet panic=-1 mitigations=off"
