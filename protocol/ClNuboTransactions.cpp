@@ -7,6 +7,7 @@
 #include "protocol/ResultCodes.h"
 #include "protocol/TextPackets.h"
 
+#include <algorithm>
 #include <optional>
 
 namespace {
@@ -16,6 +17,7 @@ constexpr int WRITE_TIMEOUT_MS = 1000;
 constexpr int READ_TIMEOUT_MS = 1000;
 constexpr int SLOW_ANSWER_TIMEOUT_MS = 3000;  // Wi-Fi information and announcements of data
 constexpr int READS_PER_PACKET = 3;
+constexpr unsigned int MOST_ACCESSPOINTS = 1000;
 
 // A port that could not even try reports a negative value. That is a failure of the transport; its
 // low 16 bits would read as one of the camera's codes.
@@ -105,7 +107,7 @@ unsigned short ClNuboTransactions::accesspointList(AccesspointList& list) {
         return result;
     }
     stAccesspointInfo accesspoint;
-    const quint64 packetCount = quint64{2} * command.param(1);
+    const quint64 packetCount = quint64{2} * std::min(command.param(1), MOST_ACCESSPOINTS);
     for (quint64 k = 0; k < packetCount && !m_stop; ++k) {
         QByteArray packet;
         const unsigned short result =

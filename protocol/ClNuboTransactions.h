@@ -65,7 +65,8 @@ public:
     [[nodiscard]] unsigned short wifiInfo(stWifiInfo& info);
 
     /// Scans for access points: an answer with their number and two packets for each. Those found
-    /// are appended to @p list, which keeps what it held.
+    /// are appended to @p list, which keeps what it held. A camera that announces more than 1000 is
+    /// believed the first 1000 only: there is an end to the scan, and to the memory that it takes.
     [[nodiscard]] unsigned short accesspointList(AccesspointList& list);
 
 private:

@@ -28,7 +28,7 @@ using namespace nubo::simulator;
 namespace {
 
 /// What a walk that only looks may change: it clicks on buttons that write.
-const QStringList CLICKED{u"time"_s, u"wifi"_s, u"wifi-mode"_s, u"create-day"_s};
+const QStringList CLICKED{u"time"_s, u"wifi"_s, u"wifi-mode"_s, u"sd-free"_s, u"sd-used"_s};
 
 /// What Qt makes when it is first needed, and keeps until the program ends.
 const QStringList LASTING{u"QAbstractItemModel"_s, u"QFactoryLoader"_s, u"QGifPlugin"_s,
