@@ -131,7 +131,12 @@ QString zshScript() {
                "    compadd -S '' -a open\n"
                "    _files\n"
                "}\n"
-               "compdef _nuboctl nuboctl\n");
+               // As a file of its own it is the function's first call; sourced, it is not.
+               "if [[ ${funcstack[1]} == _nuboctl ]]; then\n"
+               "    _nuboctl \"$@\"\n"
+               "else\n"
+               "    compdef _nuboctl nuboctl\n"
+               "fi\n");
 }
 
 /// The names of an option as fish takes them, and whether a value must follow.

@@ -57,13 +57,13 @@ struct stRun {
     ClConsole& console;
     ClReport& report;
     ClSession* camera;       ///< claimed; null for a verb that needs none
-    ClCameraFinder& finder;  ///< started for every verb but those that touch no USB
+    ClCameraFinder& finder;  ///< started for all verbs but those of VerbCamera::None
     const stVerbPlan* plan;  ///< what prepare made
     int number = 1;          ///< of the camera in the run, from 1
 };
 
 enum class VerbCamera {
-    None,     ///< touches no USB
+    None,     ///< touches no USB, or starts that by itself
     Bus,      ///< looks at the bus, and opens cameras by itself
     One,      ///< one camera, or all of them side by side
     OneOnly,  ///< one camera, and never all of them

@@ -24,6 +24,9 @@ constexpr std::array COMMON_OPTIONS{
     stOption{"--version", "", "shows the version"},
 };
 
+// Options of the same name are alike in whether their value may be left out: the parser knows them
+// before it knows the verb.
+
 constexpr std::array SHOW_SECRETS{
     stOption{"--show-secrets", "", "shows passwords and keys"},
 };
@@ -71,7 +74,8 @@ constexpr std::array STREAM_OPTIONS{
 
 constexpr std::array FIRMWARE_OPTIONS{
     stOption{"--dry-run", "", "update: checks everything, and sends nothing"},
-    stOption{"--wait-back", "S", "update: waits S seconds for the camera to come back (180)"},
+    stOption{"--wait-back", "S", "update: waits S seconds for the camera to come back (180)",
+             "180"},
 };
 
 constexpr std::array MONITOR_OPTIONS{
@@ -106,7 +110,7 @@ constexpr std::array VERBS{
     stVerb{"reset",    "",                    "puts all settings back to their defaults",                 One,  0, 0,  RESET_OPTIONS,  prepareReset,    runReset},
     stVerb{"firmware", "[update FILE]",       "the version of the firmware; update installs another",     One,  0, 2,  FIRMWARE_OPTIONS, prepareFirmware, runFirmware},
     stVerb{"monitor",  "",                    "a line an event: plugged, ready, gone, a value changed",   Bus,  0, 0,  MONITOR_OPTIONS, prepareMonitor, runMonitor},
-    stVerb{"doctor",   "",                    "checks USB, access and camera, and tells the remedies",    Bus,  0, 0,  {},             nullptr,         runDoctor},
+    stVerb{"doctor",   "",                    "checks USB, access and camera, and tells the remedies",    None, 0, 0,  {},             nullptr,         runDoctor},
     stVerb{"descriptors", "",                 "the USB descriptors of the camera",                        Bus,  0, 0,  {},             nullptr,         runDescriptors},
     stVerb{"raw",      "CODE [P1 ... P5]",    "sends one command as it is, and tells the answer",         One,  1, 6,  RAW_OPTIONS,    prepareRaw,      runRaw},
     stVerb{"completion", "bash|zsh|fish",     "a script that completes words of nuboctl in the shell",    None, 1, 1,  {},             prepareCompletion, runCompletion},

@@ -104,7 +104,12 @@ CASES = {
         (2, "firmware update empty --yes", ()),
         (9, "firmware update none --yes", ()),
     ],
-    "doctor": [(0, "doctor", ()), (1, "doctor", ("set battery 9", "set sd-total 0")), (1, "doctor", ("unplug",))],
+    "doctor": [
+        (0, "doctor", ()),
+        (1, "doctor", ("set battery 9", "set sd-total 0")),
+        (1, "doctor", ("busy on",)),
+        (1, "doctor", ("unplug",)),
+    ],
     "descriptors": [(0, "descriptors", ()), (0, "descriptors", ("busy on",)), (3, "descriptors", ("unplug",))],
     "raw": [(0, "raw 0x5037 --expert", ()), (6, "raw 0x5FFF --expert", ()), (2, "raw 0x5037", ())],
     "completion": [(0, "completion bash", ()), (2, "completion tcsh", ())],

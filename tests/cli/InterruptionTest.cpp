@@ -1,0 +1,142 @@
+// SPDX-License-Identifier: MIT
+#include "cli/ExitCode.h"
+#include "tests/cli/CliBench.h"
+#include "tests/support/TestSubject.h"
+
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace nubo::simulator;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr std::uint16_t SET_CONTRAST = 0x5849;
+constexpr std::uint16_t REQUEST_PICTURE = 0x3001;
+constexpr std::uint16_t GET_BATTERY = 0x5037;
+
+/// A camera whose user presses Ctrl-C as soon as it has received a command.
+class InterruptedCamera : public RecordingCamera {
+public:
+    explicit InterruptedCamera(std::uint16_t code) : m_code(code) {}
+
+    void receive(std::span<const std::uint8_t> packet) override {
+        if (packet.size() >= HEADER_SIZE && isOfType(packet, PacketType::Command) &&
+            readU16(packet, CODE_OFFSET) == m_code) {
+            Interruption::request();
+        }
+        RecordingCamera::receive(packet);
+    }
+
+private:
+    std::uint16_t m_code;
+};
+
+}  // namespace
+
+/// Ctrl-C in the middle of a run: the transaction under way is finished, no other is begun, and
+/// what was done and what not is told.
+class InterruptionTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void init() { Interruption::reset(); }
+    void cleanup() { Interruption::reset(); }
+
+    void applyEndsAfterTheWriteUnderWay();
+    void applyTellsProgramsWhatWasWritten();
+    void applyToAllEndsOnEveryCamera();
+    void aSeriesKeepsThePicturesThatItHas();
+    void theDoctorSaysThatItWasInterrupted();
+
+private:
+    QTemporaryDir m_folder;
+    QString m_profile;
+};
+
+void InterruptionTest::initTestCase() {
+    m_profile = m_folder.filePath(u"three.nubo"_s);
+    QFile file(m_profile);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("camera.name = Tern\nimage.contrast = 3\nlive.rtsp-port = 8554\n");
+}
+
+void InterruptionTest::applyEndsAfterTheWriteUnderWay() {
+    CliBench bench;
+    const auto camera = std::make_shared<InterruptedCamera>(SET_CONTRAST);
+    const DeviceId id = bench.bus.plug(camera);
+    const stRunResult run = CliBench::run({u"apply"_s, m_profile});
+    QCOMPARE(run.exit, static_cast<int>(ExitCode::Interrupted));
+    QCOMPARE(run.out,
+             u"camera.name: Gull -> Tern\n"
+             "image.contrast: 2 -> 3 (written, and not read back)\n"
+             "live.rtsp-port: 554 -> 8554 (not written)\n"_s);
+    QVERIFY2(run.err.contains(u"image.contrast: interrupted before this"_s), qPrintable(run.err));
+    QVERIFY2(run.err.contains(u"to go back: nuboctl set 'camera.name=Gull' 'image.contrast=2'\n"_s),
+             qPrintable(run.err));
+    QCOMPARE(camera->item("camera-name"), u"Tern"_s);
+    QCOMPARE(camera->item("image-quality"), u"3"_s);
+    QCOMPARE(camera->item("rtsp-port"), u"554"_s);
+    QCOMPARE(camera->takeCodes().last(), QByteArray("5849"));
+    QCOMPARE(bench.bus.log(id).openHandles, 0);
+}
+
+void InterruptionTest::applyTellsProgramsWhatWasWritten() {
+    CliBench bench;
+    bench.bus.plug(std::make_shared<InterruptedCamera>(SET_CONTRAST));
+    const stRunResult run = CliBench::run({u"apply"_s, m_profile, u"--json"_s});
+    const QJsonObject told = QJsonDocument::fromJson(run.out.toUtf8()).object();
+    QCOMPARE(told["error"_L1]["kind"_L1].toString(), u"interrupted"_s);
+    QCOMPARE(told["error"_L1]["exit"_L1].toInt(), 130);
+    QList<bool> written;
+    QList<bool> verified;
+    for (const QJsonValue& change : told["changes"_L1].toArray()) {
+        written.append(change["written"_L1].toBool());
+        verified.append(change["verified"_L1].toBool());
+    }
+    QCOMPARE(written, (QList<bool>{true, true, false}));
+    QCOMPARE(verified, (QList<bool>{true, false, false}));
+    QCOMPARE(told["undo"_L1].toString(), u"nuboctl set 'camera.name=Gull' 'image.contrast=2'"_s);
+}
+
+void InterruptionTest::applyToAllEndsOnEveryCamera() {
+    CliBench bench;
+    const auto camera = std::make_shared<InterruptedCamera>(SET_CONTRAST);
+    const DeviceId first = bench.bus.plug(camera);
+    bench.plug();
+    const stRunResult run = CliBench::run({u"--all"_s, u"--json"_s, u"apply"_s, m_profile});
+    QCOMPARE(run.exit, static_cast<int>(ExitCode::Interrupted));
+    QCOMPARE(run.out.split(u'\n', Qt::SkipEmptyParts).size(), 2);
+    QCOMPARE(camera->item("rtsp-port"), u"554"_s);
+    QCOMPARE(bench.bus.log(first).openHandles, 0);
+    QCOMPARE(bench.bus.log(bench.ids.front()).openHandles, 0);
+}
+
+void InterruptionTest::aSeriesKeepsThePicturesThatItHas() {
+    CliBench bench;
+    bench.bus.plug(std::make_shared<InterruptedCamera>(REQUEST_PICTURE));
+    const QString path = m_folder.filePath(u"a.jpg"_s);
+    const stRunResult run =
+        CliBench::run({u"picture"_s, path, u"--every"_s, u"0.01"_s, u"--count"_s, u"5"_s});
+    QCOMPARE(run.exit, static_cast<int>(ExitCode::Interrupted));
+    QVERIFY2(run.err.contains(u"interrupted after 1"_s), qPrintable(run.err));
+    QVERIFY(QFile::exists(m_folder.filePath(u"a-0001.jpg"_s)));
+    QVERIFY(!QFile::exists(m_folder.filePath(u"a-0002.jpg"_s)));
+}
+
+void InterruptionTest::theDoctorSaysThatItWasInterrupted() {
+    CliBench bench;
+    bench.bus.plug(std::make_shared<InterruptedCamera>(GET_BATTERY));
+    const stRunResult run = CliBench::run({u"doctor"_s});
+    QCOMPARE(run.exit, static_cast<int>(ExitCode::Interrupted));
+    QVERIFY2(run.out.contains(u"battery   85 %\n"_s), qPrintable(run.out));
+    QVERIFY(run.out.contains(u"card      sd.total: interrupted before this"_s));
+}
+
+const TestSubject registered = subjectWithoutApplication<InterruptionTest>();
+#include "InterruptionTest.moc"
