@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "protocol/ClBulkPort.h"
 #include "settings/ClSettingAccess.h"
 #include "settings/SettingTable.h"
 #include "settings/TimeZone.h"
@@ -36,6 +37,7 @@ private:
 
 qint64 readNumber(const stSetting& setting, const char* parameters) {
     PortCamera<AnsweringPort> camera(QByteArray::fromHex(parameters));
+    camera.setCamera(nullptr);  // settings name none: there is but one
     QVariant value;
     const unsigned short result = ClSettingAccess(camera).read(setting, value);
     return result == 0 ? value.toLongLong() : -1;
