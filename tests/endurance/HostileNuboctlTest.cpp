@@ -93,8 +93,8 @@ void HostileNuboctlTest::endsWithAResult() {
     QVERIFY2(running.elapsed() <= LONGEST_TRANSACTION_MS * MOST_TRANSACTIONS,
              qPrintable(QString::number(running.elapsed())));
     QVERIFY(exit >= 0 && exit < 128);
-    // It never ends without a word.
-    QVERIFY(told > 0 || words.first() == u"set");
+    // Nothing fails without a word.
+    QVERIFY(told > 0 || exit == 0);
     QVERIFY(memoryInUse() < before + MOST_MEMORY);
     m_bus.settle();
     QVERIFY(m_bus.waitForLog(
