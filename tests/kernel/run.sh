@@ -60,5 +60,5 @@ if [ -z "$build" ]; then
         nubo-camera-simulator nubo-setting-tool nuboctl nubo-tests-kernel
 fi
 run_in_machine "$suite" env "BUILD=$(realpath "$build")" "${job[@]}" && result=0 || result=$?
-[ ! -e build/kernel/output/counts ] || cat build/kernel/output/counts
+[ ! -e "$MACHINE_OUTPUT/counts" ] || cat "$MACHINE_OUTPUT/counts"
 exit $result
