@@ -51,7 +51,7 @@ ClMainWidget::ClMainWidget(const stUsbTimes& times) {
     setFixedSize(WINDOW_SIZE);
     // A compositor blends the rounded corners; where there is none, the mask cuts them.
     setAttribute(Qt::WA_TranslucentBackground);
-    setMask(artwork(WINDOW_PICTURE, 1).mask());
+    setMask(artworkShape(WINDOW_PICTURE));
     setPalette(surfacePalette());
     setWindowTitle(QCoreApplication::applicationName());
 

@@ -8,6 +8,8 @@
 #include <QJsonDocument>
 #include <QProcess>
 
+#include <algorithm>
+#include <array>
 #include <chrono>
 
 namespace bench {
@@ -20,17 +22,28 @@ QString pathOf(const QString& program) {
     return QDir(QCoreApplication::applicationDirPath()).filePath(program);
 }
 
+struct stBus {
+    Bus bus;
+    const char* cameras;
+    const char* script;  ///< or null
+};
+
+constexpr std::array BUSES{
+    stBus{Bus::Simulated, "1", nullptr},
+    stBus{Bus::TwoCameras, "2", nullptr},
+    stBus{Bus::LargePictures, "2", LARGE_PICTURES_SCRIPT},
+    stBus{Bus::SlowCameras, "16", SLOW_CAMERAS_SCRIPT},
+};
+
 QStringList commandLine(const QString& program, Bus bus) {
-    if (bus == Bus::Machine) {
+    const auto row = std::ranges::find(BUSES, bus, &stBus::bus);
+    if (row == BUSES.end()) {
         return {pathOf(program)};
     }
-    QStringList line{
-        pathOf(QStringLiteral("../simulator/nubo-camera-simulator")),
-        QStringLiteral("--cameras"),
-        bus == Bus::Simulated ? QStringLiteral("1") : QStringLiteral("2"),
-    };
-    if (bus == Bus::LargePictures) {
-        line << QStringLiteral("--script") << QStringLiteral(LARGE_PICTURES_SCRIPT);
+    QStringList line{pathOf(QStringLiteral("../simulator/nubo-camera-simulator")),
+                     QStringLiteral("--cameras"), QString::fromLatin1(row->cameras)};
+    if (row->script != nullptr) {
+        line << QStringLiteral("--script") << QString::fromUtf8(row->script);
     }
     return line << QStringLiteral("--") << pathOf(program);
 }

@@ -20,7 +20,8 @@ enum class Bus {
     Machine,    ///< the computer's own
     Simulated,  ///< that of the camera simulator, with one camera
     TwoCameras,
-    LargePictures,  ///< two cameras, each with a picture of 16 MiB
+    LargePictures,  ///< two cameras, each with a picture of 1 MiB
+    SlowCameras,    ///< sixteen, each of which takes 20 ms for an answer
 };
 
 /// Runs a program of the benchmarks and returns the object that it prints. @p scene is one of

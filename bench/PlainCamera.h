@@ -15,6 +15,8 @@ public:
     /// Opens the first camera that can be claimed, and takes its bulk endpoints.
     [[nodiscard]] bool open();
 
+    [[nodiscard]] libusb_context* context() const { return m_context.get(); }
+
     /// Writes a command. @return whether that succeeded
     [[nodiscard]] bool write(QByteArray& packet);
     /// Reads one packet. @return its size in bytes, negative on failure

@@ -3,6 +3,7 @@
 
 #include "bench/ApListResults.h"
 #include "bench/Children.h"
+#include "bench/Scene.h"
 #include "bench/WindowRows.h"
 
 #include <array>
@@ -27,6 +28,18 @@ QJsonObject measurePicture() {
     return run(QStringLiteral("bench-picture"), Bus::LargePictures);
 }
 
+QJsonObject measureNuboctlGet() {
+    return run(QStringLiteral("bench-nuboctl"), Bus::Simulated, NUBOCTL_GET_SCENE);
+}
+
+QJsonObject measureNuboctlPicture() {
+    return run(QStringLiteral("bench-nuboctl"), Bus::LargePictures, NUBOCTL_PICTURE_SCENE);
+}
+
+QJsonObject measureNuboctlExport() {
+    return run(QStringLiteral("bench-nuboctl"), Bus::SlowCameras, NUBOCTL_EXPORT_SCENE);
+}
+
 /// All three come from one series of runs.
 QJsonObject apListResult(const QString& name) {
     static const QJsonObject results = run(QStringLiteral("bench-ap-list"));
@@ -47,7 +60,7 @@ QJsonObject measureLongList() {
 
 // clang-format off
 constexpr std::array ROWS{
-    stRow{"start",                 "start to first painted window",     "window, one line of text", "",     1.3, measureStart},
+    stRow{"start",                 "start to first painted window",     "window, one line of text", "",     1.2, measureStart},
     stRow{"start-processor",       "  processor time of it",            "window, one line of text", "",     {},  measureStartProcessor},
     stRow{"memory-state",          "private memory, camera state page", "window, one line of text", " MiB", 5.0, measureStateMemory},
     stRow{"memory-state-unshared", "  if no library were shared",       "window, one line of text", " MiB", {},  measureStateMemoryUnshared},
@@ -59,6 +72,9 @@ constexpr std::array ROWS{
     stRow{"round-trip",            "request to reply, page to page",    "two queued signals",      "",     1.5, measureRoundTrip},
     stRow{"get",                   "plain get on the virtual bus",      "libusb write and read",   "",     1.1, measureGet},
     stRow{"picture",               "1 MiB picture on the virtual bus",  "same transfers by libusb",  "",     1.1, measurePicture},
+    stRow{"nuboctl-get",           "nuboctl get, from exec to exit",    "same by libusb alone",     "",     1.5, measureNuboctlGet},
+    stRow{"nuboctl-picture",       "nuboctl picture of 1 MiB",          "same by libusb alone",     "",     1.1, measureNuboctlPicture},
+    stRow{"nuboctl-export",        "nuboctl export --all, 16 cameras",  "one of them",              "",     1.5, measureNuboctlExport},
     stRow{"list",                  "filling 500 access points, a row",  "64 of them",              "",     1.1, measureLongRows},
     stRow{"list-256",              "  256 access points, a row",        "64 of them",              "",     {},  measureMiddlingRows},
     stRow{"list-whole",            "filling 500 access points",         "no yardstick; 64 of them", " ms", 150, measureLongList},

@@ -19,6 +19,11 @@ inline constexpr const char* FIRST_PAINT_SCENE = "first-paint";
 /// Prints the private memory, of the tool also after a walk through all pages, and ends.
 inline constexpr const char* MEMORY_SCENE = "memory";
 
+/// Of the runs of nuboctl: which.
+inline constexpr const char* NUBOCTL_GET_SCENE = "nuboctl-get";
+inline constexpr const char* NUBOCTL_PICTURE_SCENE = "nuboctl-picture";
+inline constexpr const char* NUBOCTL_EXPORT_SCENE = "nuboctl-export";
+
 /// When the process was started: nanoseconds of the monotonic clock.
 inline constexpr const char* STARTED_VARIABLE = "NUBO_BENCH_STARTED";
 

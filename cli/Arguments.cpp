@@ -26,6 +26,14 @@ QString unshielded(const std::string& word) {
     return text.startsWith(SHIELD) ? text.mid(1) : text;
 }
 
+/// @p word with its brackets shielded, and its shield: those of a value behind "--option=" too.
+QString shielded(const QString& word) {
+    const qsizetype start = word.startsWith(QLatin1String("--")) ? word.indexOf(u'=') + 1 : 0;
+    const QStringView value = QStringView(word).sliced(start);
+    const bool isUnsafe = value.startsWith(u'[') || value.startsWith(SHIELD);
+    return isUnsafe ? QString(word).insert(start, SHIELD) : word;
+}
+
 /// The words for the parser, last first, as it takes them. Options whose value was left out get it
 /// here: the parser would take the next word for it.
 std::vector<std::string> parserWords(const QStringList& words) {
@@ -45,12 +53,8 @@ std::vector<std::string> parserWords(const QStringList& words) {
     bool isOver = false;
     for (const QString& word : words) {
         isOver = isOver || word == QLatin1String("--");
-        QString text = word;
-        if (!isOver && implied.contains(word)) {
-            text += u'=' + implied.value(word);
-        } else if (word.startsWith(u'[')) {
-            text = SHIELD + word;
-        }
+        const bool isShort = !isOver && implied.contains(word);
+        const QString text = isShort ? word + u'=' + implied.value(word) : shielded(word);
         parsed.push_back(text.toStdString());
     }
     std::ranges::reverse(parsed);

@@ -90,6 +90,17 @@ stFailure chooseByName(const QString& name, std::vector<stCamera>& cameras) {
     return {};
 }
 
+/// Whether there is a camera at the port of @p camera, which is that one then.
+bool lookAgain(ClCameraFinder& finder, stCamera& camera) {
+    const std::vector<stCamera> cameras = finder.look();
+    const auto found = std::ranges::find(cameras, camera.port, &stCamera::port);
+    if (found == cameras.end()) {
+        return false;
+    }
+    camera = *found;
+    return true;
+}
+
 stFailure chooseOnce(const stArguments& arguments, ClCameraFinder& finder,
                      std::vector<stCamera>& cameras) {
     cameras = finder.look();
@@ -124,12 +135,18 @@ stFailure chooseCameras(const stArguments& arguments, ClCameraFinder& finder,
     return failure;
 }
 
-std::unique_ptr<ClSession> openCamera(const stArguments& arguments, const stCamera& camera,
-                                      stFailure& failure) {
+std::unique_ptr<ClSession> openCamera(const stArguments& arguments, ClCameraFinder& finder,
+                                      stCamera& camera, stFailure& failure) {
     std::unique_ptr<ClSession> session;
+    bool isLost = false;
     failure = persist(arguments, [&] {
         stFailure opening;
+        if (isLost && !lookAgain(finder, camera)) {
+            return stFailure{
+                ExitCode::LinkFailed, QStringLiteral("camera %1 has gone").arg(camera.port), {}};
+        }
         session = ClCameraFinder::open(camera, opening);
+        isLost = opening.exit == ExitCode::LinkFailed && !arguments.has("all");
         return opening;
     });
     return session;

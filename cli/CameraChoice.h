@@ -10,9 +10,12 @@
 [[nodiscard]] stFailure chooseCameras(const stArguments& arguments, ClCameraFinder& finder,
                                       std::vector<stCamera>& cameras);
 
-/// Opens @p camera; with --wait it waits until nobody else holds it.
+/// Opens @p camera; with --wait it waits until nobody else holds it. A camera that was unplugged
+/// and plugged in again meanwhile is looked for anew at its port, and @p camera is that one then;
+/// but not with --all, whose cameras share @p finder.
 [[nodiscard]] std::unique_ptr<ClSession> openCamera(const stArguments& arguments,
-                                                    const stCamera& camera, stFailure& failure);
+                                                    ClCameraFinder& finder, stCamera& camera,
+                                                    stFailure& failure);
 
 /// The serial number that the camera tells; empty when it tells none.
 [[nodiscard]] QString serialOf(ClSession& camera);

@@ -4,8 +4,6 @@
 #include "protocol/ResultCodes.h"
 #include "usb/ClUsbController.h"
 
-#include <QElapsedTimer>
-
 #include <algorithm>
 
 namespace {
@@ -20,10 +18,11 @@ int ClPiecewisePort::write(const QByteArray& data, int timeoutMs, unsigned char 
     do {
         const qsizetype size = std::min(PIECE, data.size() - written);
         const auto piece = QByteArray::fromRawData(data.constData() + written, size);
-        QElapsedTimer clock;
-        clock.start();
-        if (m_controller.write(piece, timeoutMs, endpoint) != size) {
-            const int failure = failureOf(timeoutMs, clock.elapsed());
+        if (const int moved = m_controller.write(piece, timeoutMs, endpoint); moved != size) {
+            const int failure = writeFailure();
+            if (written + moved > 0) {
+                endPacket(timeoutMs, endpoint);
+            }
             // The whole size stands for success, even where it looks like a code.
             return failure == data.size() ? USB_ERROR_BUSY : failure;
         }
@@ -43,12 +42,24 @@ QByteArray ClPiecewisePort::read(int timeoutMs, unsigned char endpoint, int* sta
     return packet;
 }
 
-// The controller tells of a write only how far it came.
-int ClPiecewisePort::failureOf(int timeoutMs, qint64 elapsedMs) const {
+// A camera that is left within a packet takes the next command for the rest of it: an empty write
+// ends the packet.
+void ClPiecewisePort::endPacket(int timeoutMs, unsigned char endpoint) {
+    constexpr int ATTEMPTS = 3;
+    for (int i = 0; i < ATTEMPTS && m_controller.isOpened(); ++i) {
+        static_cast<void>(m_controller.write({}, timeoutMs, endpoint));
+        if (m_controller.writeError() == USB_ERROR_SUCCESS) {
+            return;
+        }
+    }
+}
+
+int ClPiecewisePort::writeFailure() const {
     if (!m_controller.isOpened()) {
         return USB_NO_DEVICE;
     }
-    return elapsedMs >= timeoutMs ? USB_ERROR_TIMEOUT : USB_ERROR_OTHER;
+    const unsigned short error = m_controller.writeError();
+    return error == USB_ERROR_SUCCESS ? USB_ERROR_OTHER : error;
 }
 
 void ClPiecewisePort::tell(Direction direction, const QByteArray& bytes) {

@@ -33,7 +33,8 @@ public:
     QByteArray read(int timeoutMs, unsigned char endpoint, int* status) override;
 
 private:
-    [[nodiscard]] int failureOf(int timeoutMs, qint64 elapsedMs) const;
+    [[nodiscard]] int writeFailure() const;
+    void endPacket(int timeoutMs, unsigned char endpoint);
     void tell(Direction direction, const QByteArray& bytes);
 
     ClUsbController& m_controller;

@@ -15,6 +15,18 @@ QString keyOf(const stSetting& setting) {
     return QString::fromLatin1(setting.key.data(), static_cast<qsizetype>(setting.key.size()));
 }
 
+QString outcomeText(const stChangeReport& change) {
+    switch (change.written) {
+        case Written::Yes:
+            return change.isVerified ? QString() : QStringLiteral(" (written, and not read back)");
+        case Written::No:
+            return QStringLiteral(" (not written)");
+        case Written::Unknown:
+            break;
+    }
+    return QStringLiteral(" (not known whether written)");
+}
+
 QString codeName(unsigned short code) {
     if (code == NOT_BEGUN) {
         return QStringLiteral("INTERRUPTED");
@@ -85,22 +97,18 @@ void ClReport::addChange(const stChangeReport& change) {
     const QString what =
         QStringLiteral("%1: %2 -> %3")
             .arg(keyOf(setting), shown(setting, change.before), shown(setting, change.after));
-    if (change.isWritten && change.isVerified) {
-        m_lines.append(what);
-    } else if (change.isWritten) {
-        m_lines.append(what + QStringLiteral(" (written, and not read back)"));
-    } else {
-        m_lines.append(what + QStringLiteral(" (not written)"));
-    }
-    if (change.isWritten) {
+    m_lines.append(what + outcomeText(change));
+    if (change.written != Written::No) {
         m_hasActed = true;
         m_written.append(&setting);
     }
-    m_changes.append(QJsonObject{{QStringLiteral("key"), keyOf(setting)},
-                                 {QStringLiteral("old"), shownJson(setting, change.before)},
-                                 {QStringLiteral("new"), shownJson(setting, change.after)},
-                                 {QStringLiteral("written"), change.isWritten},
-                                 {QStringLiteral("verified"), change.isVerified}});
+    m_changes.append(QJsonObject{
+        {QStringLiteral("key"), keyOf(setting)},
+        {QStringLiteral("old"), shownJson(setting, change.before)},
+        {QStringLiteral("new"), shownJson(setting, change.after)},
+        {QStringLiteral("written"),
+         change.written == Written::Unknown ? QJsonValue() : change.written == Written::Yes},
+        {QStringLiteral("verified"), change.isVerified}});
 }
 
 void ClReport::addError(const QString& what, unsigned short code) {

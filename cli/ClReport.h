@@ -22,12 +22,15 @@ struct stCameraIdentity {
     QString firmware{};  ///< empty while unknown
 };
 
+/// Whether a value went into the camera. Nobody knows when the link failed over it.
+enum class Written { No, Yes, Unknown };
+
 /// What became of a value that was to be set.
 struct stChangeReport {
     const stSetting* setting = nullptr;
     QVariant before{};
     QVariant after{};
-    bool isWritten = false;
+    Written written = Written::No;
     bool isVerified = false;  ///< read back, and equal
 };
 
@@ -70,7 +73,8 @@ public:
     void setHasActed() { m_hasActed = true; }
 
     [[nodiscard]] bool hasActed() const { return m_hasActed; }
-    [[nodiscard]] bool hasWritten(const stSetting& setting) const {
+    /// Whether the value was written, or may have been.
+    [[nodiscard]] bool mayHaveWritten(const stSetting& setting) const {
         return m_written.contains(&setting);
     }
     [[nodiscard]] bool hasFailed() const { return static_cast<bool>(m_failure); }

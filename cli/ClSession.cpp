@@ -3,6 +3,9 @@
 
 #include "cli/Interruption.h"
 #include "protocol/ClNuboTransactions.h"
+#include "protocol/ResultCodes.h"
+
+#include <QThread>
 
 namespace {
 
@@ -23,8 +26,14 @@ unsigned short ClSession::transact(Transaction transaction) {
     if (Interruption::isRequested()) {
         return NOT_BEGUN;
     }
-    ClNuboTransactions transactions(m_port, NEVER);
-    return transaction(transactions);
+    ClNuboTransactions transactions(m_port, NEVER, ClNuboTransactions::CutAnswers::Fail);
+    const unsigned short result = transaction(transactions);
+    if (isTransportError(result)) {
+        // The camera may still have an answer to this one. The next command is not to take it for
+        // its own, and transaction ids go by the clock's milliseconds.
+        QThread::msleep(2);
+    }
+    return result;
 }
 
 unsigned short ClSession::run(ClNuboCommand& command) {

@@ -78,12 +78,13 @@ void identify(ClSession& session, ClReport& report, bool isWanted) {
     report.setIdentity(serial.toString(), firmware.toString());
 }
 
-ExitCode runOn(const stCamera& camera, const stWork& work, int number = 1) {
+ExitCode runOn(stCamera camera, const stWork& work, int number = 1) {
     const stArguments& arguments = work.arguments;
+    stFailure failure;
+    const std::unique_ptr<ClSession> session = openCamera(arguments, work.finder, camera, failure);
     ClReport report({camera.serial, camera.port, camera.bus, camera.number, {}},
                     arguments.has("show-secrets") || arguments.has("secrets"));
-    stFailure failure;
-    if (const std::unique_ptr<ClSession> session = openCamera(arguments, camera, failure)) {
+    if (session) {
         traceTransfers(*session, work.console);
         work.console.note(QStringLiteral("camera at %1 opened").arg(camera.port));
         identify(*session, report, arguments.isJson() || arguments.has("all"));

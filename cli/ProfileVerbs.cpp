@@ -168,7 +168,7 @@ void tellWayBack(stRun& run, const QList<stDifference>& differences) {
     QStringList words;
     for (const stDifference& difference : differences) {
         const stSetting& row = *difference.wanted.setting;
-        if (!run.report.hasWritten(row)) {
+        if (!run.report.mayHaveWritten(row)) {
             continue;
         }
         words.append(row.is(SECRET) ? toText(row.key) + QLatin1String("=@FILE")
@@ -201,8 +201,9 @@ stFailure checkValues(const QList<stProfileEntry>& entries) {
 }  // namespace
 
 void runExport(stRun& run) {
-    const QString path =
-        filledIn(run.arguments.values.value(0, STANDARD), serialFor(run), run.number);
+    // What a camera tells leads to no other folder.
+    const QString serial = serialFor(run).replace(u'/', u'_');
+    const QString path = filledIn(run.arguments.values.value(0, STANDARD), serial, run.number);
     QList<stSettingChange> values;
     if (!readKept(run, values)) {
         return;

@@ -4,6 +4,7 @@
 #include "cli/ClConsole.h"
 #include "cli/ClReport.h"
 #include "cli/ClSession.h"
+#include "protocol/ResultCodes.h"
 #include "settings/SettingTable.h"
 #include "settings/SettingValue.h"
 
@@ -16,12 +17,19 @@ namespace {
 /// How far a clock may have gone on between writing and reading back.
 constexpr qint64 CLOCK_SLACK_S = 60;
 
+/// Summer time may skip a time here, but not where the camera is.
+QDateTime withoutZone(const QVariant& value) {
+    const QDateTime time = value.toDateTime();
+    return {time.date(), time.time(), Qt::UTC};
+}
+
 bool isEqual(const stSetting& setting, const QVariant& wanted, const QVariant& told) {
     if (setting.kind != SettingKind::Clock) {
         return wanted == told;
     }
-    const qint64 ahead = wanted.toDateTime().secsTo(told.toDateTime());
-    return told.toDateTime().isValid() && ahead >= 0 && ahead <= CLOCK_SLACK_S;
+    const QDateTime clock = withoutZone(told);
+    const qint64 ahead = withoutZone(wanted).secsTo(clock);
+    return clock.isValid() && ahead >= 0 && ahead <= CLOCK_SLACK_S;
 }
 
 QVariant valueToWrite(const stWantedValue& wanted) {
@@ -42,24 +50,60 @@ QList<stDifference> sharingExchange(const QList<stDifference>& differences, qsiz
 }
 
 stChangeReport changeOf(const stDifference& difference) {
-    return {difference.wanted.setting, difference.before, difference.wanted.value, false, false};
+    return {difference.wanted.setting, difference.before, difference.wanted.value, Written::No,
+            false};
+}
+
+void failReadingBack(stRun& run, const stChangeReport& change, const QVariant& told) {
+    const stSetting& setting = *change.setting;
+    run.report.fail({ExitCode::No,
+                     QStringLiteral("%1: written as %2, read back as %3")
+                         .arg(toText(setting.key), run.report.shown(setting, change.after),
+                              run.report.shown(setting, told)),
+                     {}});
 }
 
 void readBack(stRun& run, stChangeReport change) {
     const stSetting& setting = *change.setting;
     QVariant told;
-    change.isWritten = true;
+    change.written = Written::Yes;
     const unsigned short result = run.camera->settings().read(setting, told);
     change.isVerified = result == 0 && isEqual(setting, change.after, told);
     run.report.addChange(change);
     if (result != 0) {
         run.report.addError(toText(setting.key), result);
     } else if (!change.isVerified) {
-        run.report.fail({ExitCode::No,
-                         QStringLiteral("%1: written as %2, read back as %3")
-                             .arg(toText(setting.key), run.report.shown(setting, change.after),
-                                  run.report.shown(setting, told)),
-                         {}});
+        failReadingBack(run, change, told);
+    }
+}
+
+/// What became of a value whose write failed, when the camera tells it as @p told. A lost answer
+/// says nothing of it, and even a camera that refuses may have done it.
+void judge(stChangeReport& change, const QVariant& told) {
+    const stSetting& setting = *change.setting;
+    change.isVerified = isEqual(setting, change.after, told);
+    change.written =
+        !change.isVerified && isEqual(setting, change.before, told) ? Written::No : Written::Yes;
+}
+
+/// Asks the camera, once, after the write of @p changes failed with @p failure.
+void lookAfter(stRun& run, QList<stChangeReport> changes, unsigned short failure) {
+    unsigned short reading = failure == NOT_BEGUN ? NOT_BEGUN : USB_ERROR_SUCCESS;
+    for (stChangeReport& change : changes) {
+        QVariant told;
+        if (reading == USB_ERROR_SUCCESS) {
+            reading = run.camera->settings().read(*change.setting, told);
+        }
+        if (reading == USB_ERROR_SUCCESS) {
+            judge(change, told);
+        } else if (failure != NOT_BEGUN) {
+            change.written = Written::Unknown;
+        }
+        run.report.addChange(change);
+        run.report.addError(toText(change.setting->key), failure);
+        if (change.written == Written::Yes && !change.isVerified) {
+            failReadingBack(run, change, told);
+        }
     }
 }
 
@@ -75,15 +119,11 @@ void writeGroup(stRun& run, const QList<stDifference>& group) {
     }
     const unsigned short result =
         run.camera->settings().write({values.constData(), static_cast<std::size_t>(values.size())});
-    if (result == 0) {
-        std::ranges::for_each(changes,
-                              [&run](const stChangeReport& change) { readBack(run, change); });
+    if (result != USB_ERROR_SUCCESS) {
+        lookAfter(run, changes, result);
         return;
     }
-    for (const stChangeReport& change : changes) {
-        run.report.addChange(change);
-        run.report.addError(toText(change.setting->key), result);
-    }
+    std::ranges::for_each(changes, [&run](const stChangeReport& change) { readBack(run, change); });
 }
 
 }  // namespace

@@ -14,7 +14,7 @@ seconds=$1
 source packaging/packages.sh
 install_missing "${BUILD_PACKAGES[@]}" "${TEST_PACKAGES[@]}"
 
-targets=(packets data-receive dispatcher)
+targets=(packets data-receive dispatcher setting-values profiles arguments)
 build=build/fuzz
 findings=$build/findings
 configure fuzz

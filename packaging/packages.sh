@@ -1,5 +1,6 @@
 # SPDX-License-Identifier: MIT
-# Sourced by the scripts in the root: what has to be installed, and how.
+# Sourced by the scripts: what has to be installed, and how.
+# shellcheck disable=SC2034  # each script uses some of the lists
 
 BUILD_PACKAGES=(
     g++ cmake ninja-build ccache lld pkg-config
@@ -14,6 +15,13 @@ TEST_PACKAGES=(
     xvfb xauth dbus-daemon at-spi2-core python3-pyatspi weston "${WAYLAND_PACKAGES[@]}" xdotool x11-utils
     python3-jsonschema mandoc jq
 )
+
+DEBIAN_PACKAGES=(debhelper dpkg-dev fakeroot)
+CHECK_PACKAGES=(
+    appstream bash-completion desktop-file-utils devscripts fish lintian mandoc mmdebstrap scrot
+    socat xauth xdotool xvfb zsh
+)
+LINT_PACKAGES=(clang clang-format clang-tidy reuse shellcheck)
 
 # install_missing PACKAGE...: installs those that are not there yet, and asks no package registry
 # when all are.

@@ -7,6 +7,7 @@
 #include "protocol/ResultCodes.h"
 #include "protocol/TextPackets.h"
 
+#include <algorithm>
 #include <optional>
 
 namespace {
@@ -16,11 +17,17 @@ constexpr int WRITE_TIMEOUT_MS = 1000;
 constexpr int READ_TIMEOUT_MS = 1000;
 constexpr int SLOW_ANSWER_TIMEOUT_MS = 3000;  // Wi-Fi information and announcements of data
 constexpr int READS_PER_PACKET = 3;
+constexpr unsigned int MOST_ACCESSPOINTS = 1000;
 
 // A port that could not even try reports a negative value. That is a failure of the transport; its
 // low 16 bits would read as one of the camera's codes.
 unsigned short transportResult(int status) {
     return status < 0 ? USB_ERROR_OTHER : static_cast<unsigned short>(status);
+}
+
+bool isCut(const QByteArray& packet, const ClNuboCommand& head) {
+    constexpr qsizetype HEAD_LENGTH = 12;
+    return packet.size() < HEAD_LENGTH || packet.size() < qint64{head.length()};
 }
 
 }  // namespace
@@ -100,7 +107,7 @@ unsigned short ClNuboTransactions::accesspointList(AccesspointList& list) {
         return result;
     }
     stAccesspointInfo accesspoint;
-    const quint64 packetCount = quint64{2} * command.param(1);
+    const quint64 packetCount = quint64{2} * std::min(command.param(1), MOST_ACCESSPOINTS);
     for (quint64 k = 0; k < packetCount && !m_stop; ++k) {
         QByteArray packet;
         const unsigned short result =
@@ -170,6 +177,10 @@ unsigned short ClNuboTransactions::receive(unsigned short id, int timeoutMs, Cam
         const ClNuboCommand head(packet);
         const bool isSkippedError = errors == CameraErrors::Skip && head.getError() != 0;
         if (head.id() == id && !isSkippedError) {
+            if (m_cutAnswers == CutAnswers::Fail && isCut(packet, head)) {
+                packet.clear();
+                return USB_ERROR_RECEIVE_DATA;
+            }
             return USB_ERROR_SUCCESS;
         }
         packet.clear();

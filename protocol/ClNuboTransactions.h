@@ -35,11 +35,19 @@ class ClNuboTransactions {
 public:
     using Clock = std::function<std::chrono::steady_clock::time_point()>;
 
+    /// What becomes of an answer that ends before the length that it states itself: what is missing
+    /// reads as 0, or the transaction ends with USB_ERROR_RECEIVE_DATA.
+    enum class CutAnswers { ReadAsZeros, Fail };
+
     ClNuboTransactions(ClBulkPort& port, const std::atomic<bool>& stop,
                        Clock clock = std::chrono::steady_clock::now)
         : m_port(port),
           m_stop(stop),
           m_clock(std::move(clock)) {}
+    ClNuboTransactions(ClBulkPort& port, const std::atomic<bool>& stop, CutAnswers cutAnswers)
+        : ClNuboTransactions(port, stop) {
+        m_cutAnswers = cutAnswers;
+    }
 
     /// Sends @p command and parses the answer into it, waiting @p timeoutMs in each of three reads.
     [[nodiscard]] unsigned short command(ClNuboCommand& command, int timeoutMs);
@@ -57,7 +65,8 @@ public:
     [[nodiscard]] unsigned short wifiInfo(stWifiInfo& info);
 
     /// Scans for access points: an answer with their number and two packets for each. Those found
-    /// are appended to @p list, which keeps what it held.
+    /// are appended to @p list, which keeps what it held. A camera that announces more than 1000 is
+    /// believed the first 1000 only: there is an end to the scan, and to the memory that it takes.
     [[nodiscard]] unsigned short accesspointList(AccesspointList& list);
 
 private:
@@ -74,4 +83,5 @@ private:
     ClBulkPort& m_port;
     const std::atomic<bool>& m_stop;
     Clock m_clock;
+    CutAnswers m_cutAnswers = CutAnswers::ReadAsZeros;
 };

@@ -53,6 +53,9 @@ struct stSettingExchange {
     QUuid request;
     QUuid answer;
     QUuid write;  ///< takes the values in the order of the answer; null: only told
+
+    /// The same for whoever only shows the values.
+    [[nodiscard]] constexpr stSettingExchange toldOnly() const { return {request, answer, {}}; }
 };
 
 // What sets a setting apart; bits.

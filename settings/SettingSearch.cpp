@@ -31,12 +31,19 @@ int distance(const QString& from, const QString& to) {
     return row.back();
 }
 
+/// A glob as a regular expression: '*' for any characters, '?' for one. All others are themselves.
+QString globPattern(const QString& glob) {
+    QString pattern = QRegularExpression::escape(glob);
+    pattern.replace(QLatin1String("\\*"), QLatin1String(".*"));
+    pattern.replace(QLatin1String("\\?"), QLatin1String("."));
+    return QRegularExpression::anchoredPattern(pattern);
+}
+
 }  // namespace
 
 QList<const stSetting*> matchingSettings(const QString& pattern) {
     const bool isGlob = pattern.contains(u'*') || pattern.contains(u'?');
-    const QRegularExpression glob(isGlob ? QRegularExpression::wildcardToRegularExpression(pattern)
-                                         : QString());
+    const QRegularExpression glob(isGlob ? globPattern(pattern) : QString());
     QList<const stSetting*> found;
     for (const stSetting& setting : settings()) {
         const QString key = keyText(setting);

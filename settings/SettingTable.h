@@ -113,6 +113,12 @@ inline constexpr std::array FILE_SYSTEMS{
     stSettingChoice{"fat32", 3U},
 };
 
+/// The number of the choice @p name; another name does not compile.
+[[nodiscard]] consteval unsigned int number(std::span<const stSettingChoice> choices,
+                                            std::string_view name) {
+    return std::get<unsigned int>(std::ranges::find(choices, name, &stSettingChoice::name)->value);
+}
+
 }  // namespace SettingChoices
 
 /// The place of a Capacity that no message carries: what the first two leave.

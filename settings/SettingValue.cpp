@@ -212,9 +212,12 @@ QString valueText(const stSetting& setting, const QVariant& value) {
         case SettingKind::TimeZone:
             return zoneText(value.toLongLong());
         case SettingKind::Clock: {
-            const QDateTime time = value.toDateTime();
-            return time.isValid() ? time.toString(QStringLiteral("yyyy-MM-ddThh:mm:ss"))
-                                  : QStringLiteral("unknown");
+            // Summer time may skip it here, but not where the camera is.
+            const QDate date = value.toDateTime().date();
+            const QTime time = value.toDateTime().time();
+            return date.isValid() && time.isValid()
+                       ? date.toString(Qt::ISODate) + u'T' + time.toString(Qt::ISODate)
+                       : QStringLiteral("unknown");
         }
         case SettingKind::Number:
         case SettingKind::Capacity:

@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "simulator/BusLines.h"
 
-#include "simulator/FilePermissions.h"
 #include "simulator/Words.h"
 
 #include <algorithm>
 #include <array>
-#include <set>
 #include <utility>
 
 namespace nubo::simulator {
@@ -30,19 +28,13 @@ std::string takeCamera(ControlCall& call) {
 }  // namespace
 
 std::string runPlug(ControlCall& call) {
-    std::string failure = takeCamera(call);
-    if (failure.empty()) {
-        failure = plugCamera(call.target, call.index);
-    }
-    return failure.empty() ? "ok" : failure;
+    const std::string failure = takeCamera(call);
+    return failure.empty() ? reply(call.camera().port->plug()) : failure;
 }
 
 std::string runUnplug(ControlCall& call) {
-    std::string failure = takeCamera(call);
-    if (!failure.empty()) {
-        return failure;
-    }
-    return call.target.bus.unplug(call.camera().id) ? "ok" : error("the camera is not plugged in");
+    const std::string failure = takeCamera(call);
+    return failure.empty() ? reply(call.camera().port->unplug()) : failure;
 }
 
 std::string runAccess(ControlCall& call) {
@@ -56,13 +48,7 @@ std::string runAccess(ControlCall& call) {
     if (row == WORDS.end()) {
         return error("access is allowed, denied or missing, not " + quoted(call.rest));
     }
-    if (row->second == NodeAccess::Denied && passesOverFilePermissions()) {
-        return error("root may open every node: start the simulator with --as-user");
-    }
-    SimulatedCamera& camera = call.camera();
-    camera.options.access = row->second;
-    call.target.bus.setNodeAccess(camera.id, row->second);
-    return "ok";
+    return reply(call.camera().port->setAccess(row->second));
 }
 
 std::string runBusy(ControlCall& call) {
@@ -70,10 +56,7 @@ std::string runBusy(ControlCall& call) {
     if (!busy) {
         return error("busy is on or off, not " + quoted(call.rest));
     }
-    SimulatedCamera& camera = call.camera();
-    camera.options.busyInterfaces = *busy == ON ? std::set{0} : std::set<int>();
-    call.target.bus.setBusyInterfaces(camera.id, camera.options.busyInterfaces);
-    return "ok";
+    return reply(call.camera().port->setBusy(*busy == ON));
 }
 
 std::string runStatus(ControlCall& call) {
@@ -83,14 +66,8 @@ std::string runStatus(ControlCall& call) {
     std::string answer = "ok";
     std::size_t number = 0;
     for (const SimulatedCamera& camera : call.target.cameras) {
-        const auto device = call.target.bus.deviceNumber(camera.id);
-        const DeviceLog log = call.target.bus.log(camera.id);
         answer += number == 0 ? " " : "; ";
-        answer += "camera " + std::to_string(++number) + ": ";
-        answer += device ? "device " + std::to_string(*device) : "unplugged";
-        answer += ", open " + std::to_string(log.openHandles);
-        answer += ", transfers " + std::to_string(log.transferCount);
-        answer += ", commands " + std::to_string(log.commandCount);
+        answer += "camera " + std::to_string(++number) + ": " + camera.port->status();
     }
     return answer;
 }

@@ -16,6 +16,8 @@ public:
     /// blocked. An empty text, or what went wrong.
     std::string start(const std::vector<std::string>& command);
 
+    bool isRunning() const { return m_process > 0; }
+
     /// Sends a signal to the child, if it still runs.
     void signal(int number) const;
 

@@ -24,6 +24,11 @@ inline std::string error(const std::string& text) {
     return "error: " + text;
 }
 
+/// The answer of a line that a port has carried out, or has refused for this reason.
+inline std::string reply(const std::string& refusal) {
+    return refusal.empty() ? "ok" : error(refusal);
+}
+
 inline std::string quoted(std::string_view text) {
     return "\"" + std::string(text) + "\"";
 }

@@ -27,7 +27,7 @@ std::string runClearFaults(ControlCall& call) {
     if (!call.rest.empty()) {
         return error("too many words");
     }
-    call.target.bus.clearFaults(call.camera().id);
+    call.camera().port->clearFaults();
     return "ok";
 }
 
@@ -135,18 +135,6 @@ std::string runControlLine(ControlTarget& target, std::string_view line) {
         return error("no command " + quoted(name) + ", try \"help\"");
     }
     return command->run(call);
-}
-
-std::string plugCamera(ControlTarget& target, std::size_t index) {
-    SimulatedCamera& camera = target.cameras[index];
-    if (target.bus.deviceNumber(camera.id)) {
-        return error("the camera is plugged in already");
-    }
-    if (camera.id) {
-        return target.bus.replug(camera.id) ? "" : error("the bus has no room");
-    }
-    camera.id = target.bus.plug(camera.camera, camera.options);
-    return camera.id ? "" : error("the bus has no room");
 }
 
 std::string controlLineHelp() {

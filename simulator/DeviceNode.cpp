@@ -248,6 +248,11 @@ DeviceNode::Reply DeviceNode::reapUrb(UMockdevIoctlClient* client, UMockdevIoctl
 void DeviceNode::clientConnected(UMockdevIoctlClient* client) {
     {
         const std::lock_guard lock(m_hooks.mutex);
+        // A kernel opens no node of a device that has gone. This client's first call says so; when
+        // it closes its end is not always noticed, for the testbed is leaving the node as well.
+        if (m_gone) {
+            return;
+        }
         m_claims.addClient(client);
         ++m_record->log.openHandles;
         ++m_record->log.timesOpened;

@@ -28,6 +28,7 @@ constexpr std::array FAULTS = {
     FaultInfo{FaultKind::Babble,         "babble",          FaultEffect::Finish,      -EOVERFLOW,  FaultArgument::None,         "the camera sends more than it may"},
     FaultInfo{FaultKind::Delay,          "delay",           FaultEffect::Delay,       0,           FaultArgument::Milliseconds, "the transfer is served so many milliseconds later"},
     FaultInfo{FaultKind::UnplugBefore,   "unplug-before",   FaultEffect::LeaveBefore, 0,           FaultArgument::None,         "the cable is pulled before the transfer begins"},
+    FaultInfo{FaultKind::LinkError,      "link-error",      FaultEffect::LeaveBroken, -EPROTO,     FaultArgument::None,         "the cable is pulled in the middle: the transfer ends in an error of the link"},
 };
 // clang-format on
 
@@ -115,6 +116,7 @@ void rewritePacket(const Fault& fault, std::size_t requested, std::vector<std::u
         case FaultKind::Babble:
         case FaultKind::Delay:
         case FaultKind::UnplugBefore:
+        case FaultKind::LinkError:
             break;
     }
 }

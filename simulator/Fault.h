@@ -25,6 +25,7 @@ enum class FaultKind {
     Babble,
     Delay,
     UnplugBefore,
+    LinkError,
 };
 
 /// What a fault does to the transfer that it strikes.
@@ -35,6 +36,7 @@ enum class FaultEffect {
     Delay,        ///< the transfer is served later
     Leave,        ///< the device leaves the bus with the transfer on its way
     LeaveBefore,  ///< the device leaves the bus before the transfer is accepted
+    LeaveBroken,  ///< the transfer ends at once (code as of Finish), and the device leaves the bus
     Rewrite,      ///< the packet to the host is altered on its way
 };
 

@@ -58,11 +58,7 @@ std::string runFault(ControlCall& call) {
         return error("how often is once, forever or xCOUNT, not " + quoted(word));
     }
     fault.count = *count;
-    if (!call.camera().id) {
-        return error("the camera has never been plugged in");
-    }
-    call.target.bus.addFault(call.camera().id, fault);
-    return "ok";
+    return reply(call.camera().port->addFault(fault));
 }
 
 }  // namespace nubo::simulator

@@ -40,6 +40,14 @@ constexpr std::array OPTIONS = {
            }},
     Option{"--unplugged", "", "starts with no camera plugged in",
            [](Options& options, const std::string&) { return options.unplugged = true; }},
+    Option{"--gadget", "",
+           "is a camera at this computer's USB device port; COMMAND may be left out",
+           [](Options& options, const std::string&) { return options.gadget = true; }},
+    Option{"--udc", "NAME", "the device controller of --gadget, of /sys/class/udc (the first free)",
+           [](Options& options, const std::string& value) {
+               options.controller = value;
+               return !value.empty();
+           }},
     Option{"--control", "PATH", "takes control lines from a Unix socket",
            [](Options& options, const std::string& value) {
                options.control = value;
@@ -103,8 +111,17 @@ std::string parseOptions(std::span<const std::string> arguments, Options& option
         ++next;
     }
     options.command.assign(next, arguments.end());
-    if (options.command.empty() && !options.help && !options.version) {
+    if (options.help || options.version) {
+        return {};
+    }
+    if (options.command.empty() && !options.gadget) {
         return "no command to run, try --help";
+    }
+    if (options.gadget && options.cameras > 1) {
+        return "--gadget is one camera: start the simulator once for every controller";
+    }
+    if (!options.gadget && !options.controller.empty()) {
+        return "--udc is the controller of --gadget";
     }
     return {};
 }
@@ -117,9 +134,11 @@ std::string optionHelp() {
     constexpr std::size_t LEFT_WIDTH = 20;
     std::string text =
         "Usage: nubo-camera-simulator [options] -- COMMAND...\n"
+        "       nubo-camera-simulator --gadget [options] [-- COMMAND...]\n"
         "\n"
         "Runs COMMAND on a machine whose USB bus holds simulated cameras, and ends with its exit\n"
-        "code (127 when it cannot be run, 128 and the signal when a signal ended it).\n"
+        "code (127 when it cannot be run, 128 and the signal when a signal ended it). With\n"
+        "--gadget the camera is a real one to whatever is at the other end of the cable.\n"
         "\n"
         "Options:\n";
     for (const Option& option : OPTIONS) {

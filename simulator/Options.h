@@ -17,6 +17,8 @@ struct Options {
     bool version = false;
     bool asUser = false;  ///< the command heeds file permissions, even as root
     bool interactive = false;
+    bool gadget = false;       ///< a real USB device port instead of the virtual bus
+    std::string controller{};  ///< of that port; empty: the first free one
     std::string control = {};  ///< path of the control socket; empty: none
     std::string script = {};   ///< path of the script; empty: none
     std::chrono::milliseconds restartDelay{1000};

@@ -1,13 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "simulator/Testbed.h"
 
+#include "simulator/Latin1.h"
+
 #include <dlfcn.h>
 
 #include <array>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <span>
+#include <string_view>
 
 namespace nubo::simulator {
 
@@ -44,34 +46,20 @@ std::string systemPath(const BusAddress& address) {
     return "/devices/usb1/1-" + std::to_string(address.port);
 }
 
-std::string hexadecimal(std::span<const std::uint8_t> bytes) {
+template <class Bytes>
+std::string hexadecimal(const Bytes& bytes) {
     std::string text;
-    for (const std::uint8_t byte : bytes) {
+    for (const auto byte : bytes) {
         std::array<char, 3> digits{};
-        std::snprintf(digits.data(), digits.size(), "%02X", byte);
+        std::snprintf(digits.data(), digits.size(), "%02X", static_cast<std::uint8_t>(byte));
         text += digits.data();
     }
     return text;
 }
 
 /// The kernel's way to write such a text into sysfs: UTF-8 and a line end.
-std::vector<std::uint8_t> attributeBytes(std::string_view latin1) {
-    constexpr std::uint8_t FIRST_OF_TWO = 0xC0;
-    constexpr std::uint8_t SECOND_OF_TWO = 0x80;
-    constexpr int BITS_IN_SECOND = 6;
-    constexpr std::uint8_t LOW_BITS = 0x3F;
-    std::vector<std::uint8_t> bytes;
-    for (const char character : latin1) {
-        const auto code = static_cast<std::uint8_t>(character);
-        if (code < SECOND_OF_TWO) {
-            bytes.push_back(code);
-        } else {
-            bytes.push_back(static_cast<std::uint8_t>(FIRST_OF_TWO | code >> BITS_IN_SECOND));
-            bytes.push_back(static_cast<std::uint8_t>(SECOND_OF_TWO | (code & LOW_BITS)));
-        }
-    }
-    bytes.push_back('\n');
-    return bytes;
+std::string attributeText(std::string_view latin1) {
+    return utf8FromLatin1(latin1) + "\n";
 }
 
 std::string deviceText(const BusAddress& address, const SystemEntry& entry) {
@@ -88,7 +76,7 @@ std::string deviceText(const BusAddress& address, const SystemEntry& entry) {
     text += "A: dev=" + std::to_string(USB_DEVICE_MAJOR) + ":" +
             std::to_string(address.number - 1) + "\\n\n";
     if (!entry.serialNumber.empty()) {
-        text += "H: serial=" + hexadecimal(attributeBytes(entry.serialNumber)) + "\n";
+        text += "H: serial=" + hexadecimal(attributeText(entry.serialNumber)) + "\n";
     }
     text += "H: descriptors=" + hex + "\n\n";
     return text;

@@ -45,6 +45,9 @@ TransferQueue::Outcome TransferQueue::submit(Transfer transfer) {
             case FaultEffect::Leave:
                 add(std::move(transfer));
                 return {0, true};
+            case FaultEffect::LeaveBroken:
+                finish(std::move(transfer), info.code);
+                return {0, true};
             case FaultEffect::Finish:
                 finish(std::move(transfer), info.code);
                 return {};

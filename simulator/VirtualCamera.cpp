@@ -74,6 +74,11 @@ std::optional<std::vector<std::uint8_t>> VirtualCamera::send() {
     return m_outbox.next();
 }
 
+std::optional<std::chrono::steady_clock::time_point> VirtualCamera::sendTime() const {
+    const std::lock_guard lock(m_mutex);
+    return m_outbox.isEmpty() ? std::nullopt : std::optional(m_notBefore);
+}
+
 std::string VirtualCamera::serialNumber() const {
     const std::lock_guard lock(m_mutex);
     return m_state.identity.serialNumber;

@@ -30,6 +30,7 @@ class VirtualCamera : public VirtualDevice {
 public:
     void receive(std::span<const std::uint8_t> packet) override;
     std::optional<std::vector<std::uint8_t>> send() override;
+    std::optional<std::chrono::steady_clock::time_point> sendTime() const override;
     std::string serialNumber() const override;
     void plugged() override;
     bool wantsRestart() override;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <optional>
 #include <span>
@@ -9,7 +10,7 @@
 
 namespace nubo::simulator {
 
-/// The device side of a bulk pipe, as a VirtualUsbBus drives it.
+/// The device side of a bulk pipe, as a VirtualUsbBus or a GadgetPipe drives it.
 ///
 /// The bus makes every call under its own lock, from the thread that happens to serve the USB
 /// client: an implementation must not call the bus from here, and must not wait. A device whose
@@ -24,6 +25,10 @@ public:
     /// The next message for the host, or nothing yet: then the IN transfer stays pending, and the
     /// bus asks again. A message longer than the transfer continues in the next IN transfers.
     virtual std::optional<std::vector<std::uint8_t>> send() = 0;
+
+    /// When send() has a message, as far as is known now; nothing when none waits. Only receive()
+    /// changes that.
+    virtual std::optional<std::chrono::steady_clock::time_point> sendTime() const { return {}; }
 
     /// The serial number for the USB string descriptor, one byte a character (Latin-1); empty for
     /// none. Read each time the device is plugged in.

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
+#include "simulator/BusPort.h"
 #include "simulator/ChildProcess.h"
 #include "simulator/ControlLine.h"
 #include "simulator/ControlSocket.h"
 #include "simulator/ControlTerminal.h"
 #include "simulator/FileDescriptor.h"
 #include "simulator/FilePermissions.h"
+#include "simulator/GadgetPort.h"
 #include "simulator/Options.h"
 #include "simulator/RootHub.h"
 #include "simulator/Script.h"
@@ -98,12 +100,16 @@ int untilFirst(std::initializer_list<std::optional<Script::Clock::time_point>> t
     return static_cast<int>(std::max<std::chrono::milliseconds::rep>(left.count(), 0));
 }
 
-/// Serves script, socket, terminal and signals until the child has ended; its exit code.
+/// Serves script, socket, terminal and signals until the child has ended; its exit code. Without a
+/// child, until the program is asked to end.
 int serveUntilEnd(ChildProcess& child, const FileDescriptor& signals, ControlTarget& target,
                   ControlSocket& socket, ControlTerminal& terminal, Script& script) {
     const auto runLine = [&](std::string_view line) { return runControlLine(target, line); };
     std::optional<Script::Clock::time_point> killTime;
+    const bool alone = !child.isRunning();
+    bool ends = false;
     const auto endChild = [&] {
+        ends = true;
         if (!killTime) {
             child.signal(SIGTERM);
             killTime = Script::Clock::now() + PATIENCE;
@@ -126,6 +132,9 @@ int serveUntilEnd(ChildProcess& child, const FileDescriptor& signals, ControlTar
             child.signal(SIGKILL);
             killTime = std::nullopt;
         }
+        if (alone && ends) {
+            return EXIT_SUCCESS;
+        }
         if (const auto exitCode = child.exitCode()) {
             return *exitCode;
         }
@@ -138,7 +147,7 @@ int serveUntilEnd(ChildProcess& child, const FileDescriptor& signals, ControlTar
 CameraIdentity identityOf(int number) {
     CameraIdentity identity;
     if (number > 1) {
-        std::array<char, 8> digits{};
+        std::array<char, 12> digits{};
         std::snprintf(digits.data(), digits.size(), "%04d", number);
         identity.serialNumber = std::string("SIM") + digits.data();
         identity.ssid = std::string("NuBo-") + digits.data();
@@ -158,6 +167,19 @@ std::shared_ptr<VirtualCamera> makeCamera(int number, std::uint32_t answerDelay)
     return camera;
 }
 
+/// What a camera is plugged into; @p failure is empty, or tells what is missing.
+std::unique_ptr<CameraPort> makePort(const Options& options, std::optional<VirtualUsbBus>& bus,
+                                     std::shared_ptr<VirtualDevice> camera, std::string& failure) {
+    DeviceOptions device;
+    device.restartDelay = options.restartDelay;
+    if (bus) {
+        return std::make_unique<BusPort>(*bus, std::move(camera), std::move(device));
+    }
+    auto port = std::make_unique<GadgetPort>(std::move(camera), std::move(device));
+    failure = port->open(options.controller);
+    return port;
+}
+
 int run(const Options& options) {
     Script script;
     if (!options.script.empty() && !script.load(options.script)) {
@@ -170,18 +192,22 @@ int run(const Options& options) {
         }
     }
     const FileDescriptor signals = watchSignals();
-    VirtualUsbBus bus;
-    plugRootHub(bus);
-    ControlTarget target{bus};
-    DeviceOptions device;
-    device.restartDelay = options.restartDelay;
+    std::optional<VirtualUsbBus> bus;
+    if (!options.gadget) {
+        plugRootHub(bus.emplace());
+    }
+    ControlTarget target;
     for (int number = 1; number <= options.cameras; ++number) {
-        target.cameras.push_back({makeCamera(number, options.answerDelay), DeviceId{}, device});
-        const std::string failure =
-            options.unplugged ? "" : plugCamera(target, target.cameras.size() - 1);
+        auto camera = makeCamera(number, options.answerDelay);
+        std::string failure;
+        auto port = makePort(options, bus, camera, failure);
+        if (failure.empty() && !options.unplugged) {
+            failure = port->plug();
+        }
         if (!failure.empty()) {
             return fail(CANNOT_RUN, failure);
         }
+        target.cameras.push_back({std::move(camera), std::move(port)});
     }
     ControlSocket socket;
     if (!options.control.empty()) {
@@ -195,7 +221,8 @@ int run(const Options& options) {
         terminal.open();
     }
     ChildProcess child;
-    const std::string failure = child.start(options.command);
+    const std::string failure =
+        options.command.empty() ? std::string() : child.start(options.command);
     if (!failure.empty()) {
         return fail(CANNOT_RUN, failure);
     }
@@ -222,7 +249,7 @@ int main(int count, char** arguments) {
         std::fputs(optionHelp().c_str(), stdout);
         return EXIT_SUCCESS;
     }
-    if (!VirtualUsbBus::isAvailable()) {
+    if (!options.gadget && !VirtualUsbBus::isAvailable()) {
         return startPreloaded(arguments);
     }
     return run(options);

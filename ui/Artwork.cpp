@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <array>
+#include <span>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -70,6 +71,30 @@ QPixmap artwork(const QString& path, qreal devicePixelRatio) {
 
 QPixmap artwork(const QString& path) {
     return artwork(path, qGuiApp->devicePixelRatio());
+}
+
+QRegion artworkShape(const QString& path) {
+    const QImage image =
+        artwork(path, 1.0).toImage().convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    const auto isOpaque = [](QRgb pixel) { return qAlpha(pixel) > 0; };
+    // Rows that are alike are one rectangle.
+    QRect rows;
+    QRegion shape;
+    for (int y = 0; y < image.height(); ++y) {
+        const std::span pixels(reinterpret_cast<const QRgb*>(image.constScanLine(y)),
+                               static_cast<std::size_t>(image.width()));
+        const auto first = std::ranges::find_if(pixels, isOpaque);
+        const auto last = std::find_if(pixels.rbegin(), pixels.rend(), isOpaque);
+        const QRect row(QPoint(static_cast<int>(first - pixels.begin()), y),
+                        QPoint(static_cast<int>(last.base() - pixels.begin()) - 1, y));
+        if (row.left() == rows.left() && row.right() == rows.right()) {
+            rows.setBottom(y);
+        } else {
+            shape += rows;
+            rows = row;
+        }
+    }
+    return shape + rows;
 }
 
 void drawArtwork(QPainter& painter, const QRect& area, const QPixmap& picture) {

@@ -12,6 +12,12 @@ ClLabelSsid::ClLabelSsid(QWidget* parent) : QLabel(parent) {
 
 void ClLabelSsid::fitInto(int width) {
     setMaximumWidth(width);
+    if (text().isEmpty()) {
+        // Not measured: a start without an access point would load the bold font for nothing.
+        resize(0, 0);
+        setToolTip(QString());
+        return;
+    }
     adjustSize();
     const bool isCut = sizeHint().width() > width;
     // A tool tip has no plain format: it takes for markup whatever looks like it.

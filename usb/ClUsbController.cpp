@@ -151,6 +151,7 @@ QByteArray ClUsbController::read(int timeoutMs, unsigned char endpoint, int* err
 
 int ClUsbController::write(const QByteArray& data, int timeoutMs, unsigned char /*endpoint*/) {
     const unsigned char address = m_isOpened ? getEndPoint(LIBUSB_ENDPOINT_OUT) : 0;
+    m_writeError = USB_ERROR_SUCCESS;
     if (address == 0) {
         return NOTHING_TRIED;
     }
@@ -162,6 +163,7 @@ int ClUsbController::write(const QByteArray& data, int timeoutMs, unsigned char 
         libusb_bulk_transfer(m_handle.get(), address, bytes, static_cast<int>(data.size()),
                              &transferred, static_cast<unsigned int>(timeoutMs));
     if (result < 0) {
+        m_writeError = transportCode(result);
         qCDebug(usbWireLog) << "out" << libusb_error_name(result) << "after" << transferred
                             << "bytes";
     }

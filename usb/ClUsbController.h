@@ -49,6 +49,8 @@ public:
     /// @return the number of bytes that went out, also after a failure: a failed write shows in a
     /// count that differs from the size. -4 when not open or without an OUT endpoint.
     [[nodiscard]] int write(const QByteArray& data, int timeoutMs, unsigned char endpoint) override;
+    /// Why the latest write failed, as a code of read(); 0 when it did not, or was not tried.
+    [[nodiscard]] unsigned short writeError() const { return m_writeError; }
 
 Q_SIGNALS:
     void sigClose(ClUsbController* controller);
@@ -65,5 +67,6 @@ private:
     QList<unsigned char> m_endpointList;  ///< addresses in the order of the descriptors
     QList<int> m_claimedInterfaces;       ///< one entry for each successful claim
     int m_claimError = LIBUSB_ERROR_NOT_FOUND;
+    unsigned short m_writeError = 0;
     bool m_isOpened = false;
 };

@@ -3,6 +3,7 @@
 
 #include "pages/basic/ClBasicSettingText.h"
 #include "pages/common/ControlGroups.h"
+#include "settings/SettingTable.h"
 #include "ui/ClDialogColumn.h"
 
 #include <QComboBox>
@@ -45,7 +46,7 @@ constexpr std::array ZONES{
     QT_TRANSLATE_NOOP("ClDialogTimezone", "Auckland/Fiji\nGMT+12:00"),
 };
 constexpr unsigned int GREENWICH = 12;  // index
-constexpr unsigned int WESTMOST = 24;   // zone
+constexpr unsigned int WESTMOST = setting("camera.time-zone").range.most;
 static_assert(ZONES.size() == WESTMOST + 1);
 
 // The zones west of Greenwich and those from it on are counted from opposite ends.
@@ -87,17 +88,26 @@ QVariantList ClDialogTimezone::getParam() {
 
 namespace {
 
-constexpr unsigned int AUTO = 4;  // the country value, and the last one
+// In the order of the choices, which count from 1.
+constexpr std::array COUNTRY_NAMES{
+    QT_TRANSLATE_NOOP("ClWidgetBasicSetting", "Japan"),
+    QT_TRANSLATE_NOOP("ClWidgetBasicSetting", "United States,Canada,Taiwan"),
+    QT_TRANSLATE_NOOP("ClWidgetBasicSetting", "EU"),
+    QT_TRANSLATE_NOOP("ClWidgetBasicSetting", "Auto"),
+};
+constexpr unsigned int AUTO = SettingChoices::number(SettingChoices::COUNTRIES, "auto");
 constexpr int AUTO_INDEX = AUTO - 1;
+static_assert(COUNTRY_NAMES.size() == SettingChoices::COUNTRIES.size() &&
+              AUTO == COUNTRY_NAMES.size());
 
 }  // namespace
 
 ClDialogWifiCountry::ClDialogWifiCountry(QWidget* parent)
     : ClDialogBase(parent),
       m_country(new QComboBox(this)) {
-    m_country->addItems({ClBasicSettingText::tr("Japan"),
-                         ClBasicSettingText::tr("United States,Canada,Taiwan"),
-                         ClBasicSettingText::tr("EU"), ClBasicSettingText::tr("Auto")});
+    for (const char* const name : COUNTRY_NAMES) {
+        m_country->addItem(ClBasicSettingText::tr(name));
+    }
     auto* group =
         new ClControlGroup(ClBasicSettingText::tr("Setting Wi-Fi country"), m_country, this);
     (new ClDialogColumn(this))->addWidget(group);
@@ -115,7 +125,7 @@ void ClDialogWifiCountry::setParam(const QVariantList& params) {
     if (isCountryNeeded) {
         m_country->removeItem(AUTO_INDEX);
     } else if (m_country->count() <= AUTO_INDEX) {
-        m_country->addItem(ClBasicSettingText::tr("Auto"));
+        m_country->addItem(ClBasicSettingText::tr(COUNTRY_NAMES[AUTO_INDEX]));
     }
     if (isCountryNeeded && country == AUTO) {
         return;
@@ -168,8 +178,8 @@ constexpr std::array<stText, 4> TEXTS{{
      QT_TRANSLATE_NOOP("ClDialogGps", "Not adjust time")},
 }};
 
-constexpr int SHORT_FORMAT = 1;
-constexpr int FULL_FORMAT = 2;
+constexpr int SHORT_FORMAT = SettingChoices::number(SettingChoices::LOG_FORMATS, "short");
+constexpr int FULL_FORMAT = SettingChoices::number(SettingChoices::LOG_FORMATS, "full");
 
 }  // namespace
 
@@ -215,7 +225,7 @@ QVariantList ClDialogGps::getParam() {
 
 namespace {
 
-constexpr int DARKEST = 4;
+constexpr int DARKEST = setting("image.contrast").range.most;
 constexpr int SLIDER_WIDTH = 160;  // pixels
 
 }  // namespace
@@ -228,7 +238,8 @@ ClDialogImageQuarity::ClDialogImageQuarity(QWidget* parent)
     m_contrast->setRange(0, DARKEST);
     m_contrast->setPageStep(1);
     m_contrast->setMinimumWidth(SLIDER_WIDTH);
-    m_contrast->setTickPosition(QSlider::TicksBelow);
+    // With ticks on one side only some styles cut the edge of the handle on the other.
+    m_contrast->setTickPosition(QSlider::TicksBothSides);
 
     auto* row = new QHBoxLayout;
     row->addWidget(new QLabel(tr("Light"), this));

@@ -3,6 +3,8 @@
 
 #include "pages/basic/ClBasicSettingText.h"
 #include "pages/common/ControlGroups.h"
+#include "settings/SettingTable.h"
+#include "settings/SettingValue.h"
 #include "ui/ClDialogColumn.h"
 #include "ui/ClMessageBox.h"
 
@@ -36,7 +38,7 @@ ClDialogAuthorization::ClDialogAuthorization(QWidget* parent)
 
     auto* grid = new QGridLayout(m_passwords);
     grid->setContentsMargins(ClDialogColumn::DEPENDENT_INDENT, 0, 0, 0);
-    const QRegularExpression password(QStringLiteral("[!-~]{1,16}"));
+    const QRegularExpression password(textPattern(setting("live.password").range));
     for (std::size_t i = 0; i < m_fields.size(); ++i) {
         auto* field = new QLineEdit(m_passwords);
         field->setEchoMode(QLineEdit::Password);

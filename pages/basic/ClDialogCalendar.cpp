@@ -16,12 +16,25 @@ namespace {
 struct stMonthButton {
     const char* objectName;  ///< given by the toolkit
     const char* name;
+    QChar arrow;
 };
 
 constexpr std::array MONTH_BUTTONS{
-    stMonthButton{"qt_calendar_prevmonth", QT_TRANSLATE_NOOP("ClDialogCalendar", "Previous month")},
-    stMonthButton{"qt_calendar_nextmonth", QT_TRANSLATE_NOOP("ClDialogCalendar", "Next month")},
+    stMonthButton{"qt_calendar_prevmonth", QT_TRANSLATE_NOOP("ClDialogCalendar", "Previous month"),
+                  u'\u2039'},
+    stMonthButton{"qt_calendar_nextmonth", QT_TRANSLATE_NOOP("ClDialogCalendar", "Next month"),
+                  u'\u203A'},
 };
+
+/// Of the bar above the days. The toolkit's own arrows are green discs, and its mark of the menu
+/// of months is hardly visible on the accent colour.
+const QString BAR_STYLE = QStringLiteral(
+    "#qt_calendar_navigationbar { background: %1 }"
+    "QToolButton { color: white; background: transparent; border-radius: 4px;"
+    "              padding: 2px 8px; font-weight: bold }"
+    "QToolButton:hover, QToolButton:pressed, QToolButton:open { background: rgba(0, 0, 0, 25%) }"
+    "QToolButton::menu-indicator { image: none }"
+    "#qt_calendar_prevmonth, #qt_calendar_nextmonth { font-size: 20px; padding: 0px 8px 3px 8px }");
 
 constexpr QColor WEEKEND_ON_LIGHT{0xB4, 0x19, 0x08};
 constexpr QColor WEEKEND_ON_DARK{0xF0, 0x6C, 0x64};
@@ -53,7 +66,12 @@ ClDialogCalendar::ClDialogCalendar(QWidget* parent)
         auto* button = m_calendar->findChild<QToolButton*>(QLatin1String(row.objectName));
         if (button != nullptr) {
             button->setAccessibleName(tr(row.name));
+            button->setToolButtonStyle(Qt::ToolButtonTextOnly);
+            button->setText(row.arrow);
         }
+    }
+    if (auto* bar = m_calendar->findChild<QWidget*>(QStringLiteral("qt_calendar_navigationbar"))) {
+        bar->setStyleSheet(BAR_STYLE.arg(ACCENT_COLOUR.name()));
     }
     setReadableColours(*m_calendar);
     m_calendar->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "settings/SettingTable.h"
 #include "ui/ClDialogBase.h"
 
 class QCalendarWidget;
@@ -12,8 +13,8 @@ class ClDialogCalendar : public ClDialogBase {
     Q_OBJECT
 
 public:
-    static constexpr int FIRST_YEAR = 2000;
-    static constexpr int LAST_YEAR = 2100;
+    static constexpr int FIRST_YEAR = setting("camera.clock").range.least;
+    static constexpr int LAST_YEAR = setting("camera.clock").range.most;
 
     explicit ClDialogCalendar(QWidget* parent = nullptr);
 

@@ -2,6 +2,8 @@
 #include "pages/basic/ClDialogCameraName.h"
 
 #include "pages/basic/ClBasicSettingText.h"
+#include "settings/SettingTable.h"
+#include "settings/SettingValue.h"
 #include "ui/ClDialogColumn.h"
 #include "ui/ClMessageBox.h"
 
@@ -15,7 +17,7 @@ ClDialogCameraName::ClDialogCameraName(QWidget* parent)
     auto* label = new QLabel(ClBasicSettingText::tr("Set the favarite camera name"), this);
     label->setBuddy(m_name);
     m_name->setValidator(new QRegularExpressionValidator(
-        QRegularExpression(QStringLiteral("[0-9a-zA-Z]{1,8}")), m_name));
+        QRegularExpression(textPattern(setting("camera.name").range)), m_name));
 
     auto* column = new ClDialogColumn(this);
     column->addWidget(label);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "pages/basic/ClTimeRow.h"
 
+#include "settings/Setting.h"
+
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QSignalBlocker>
@@ -12,17 +14,15 @@ namespace {
 
 struct stUnit {
     const char* name;
-    int maximum;
     unsigned int seconds;
 };
 
-constexpr int MAXIMUM_HOURS = 72;
 constexpr std::array<stUnit, 3> UNIT_ROWS{{
-    {QT_TRANSLATE_NOOP("ClTimeRow", "Hours"), MAXIMUM_HOURS, 3600},
-    {QT_TRANSLATE_NOOP("ClTimeRow", "Minutes"), 59, 60},
-    {QT_TRANSLATE_NOOP("ClTimeRow", "Seconds"), 59, 1},
+    {QT_TRANSLATE_NOOP("ClTimeRow", "Hours"), 3600},
+    {QT_TRANSLATE_NOOP("ClTimeRow", "Minutes"), 60},
+    {QT_TRANSLATE_NOOP("ClTimeRow", "Seconds"), 1},
 }};
-constexpr unsigned int GREATEST = MAXIMUM_HOURS * UNIT_ROWS.front().seconds;
+constexpr int MAXIMUM_REST = 59;  // of minutes, and of seconds
 
 std::array<int, 3> split(unsigned int seconds) {
     std::array<int, 3> parts{};
@@ -52,7 +52,10 @@ void correct(QSpinBox* box, int value) {
 
 }  // namespace
 
-ClTimeRow::ClTimeRow(unsigned int least, QWidget* parent) : ClControlGroup(parent), m_least(least) {
+ClTimeRow::ClTimeRow(const stSettingRange& range, QWidget* parent)
+    : ClControlGroup(parent),
+      m_least(static_cast<unsigned int>(range.least)),
+      m_greatest(static_cast<unsigned int>(range.most)) {
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
     for (std::size_t i = 0; i < m_boxes.size(); ++i) {
@@ -60,21 +63,21 @@ ClTimeRow::ClTimeRow(unsigned int least, QWidget* parent) : ClControlGroup(paren
             row->addWidget(new QLabel(QStringLiteral(":"), this));
         }
         auto* box = new QSpinBox(this);
-        box->setMaximum(UNIT_ROWS[i].maximum);
+        box->setMaximum(i == Hours ? split(m_greatest)[Hours] : MAXIMUM_REST);
         box->setAccessibleName(tr(UNIT_ROWS[i].name));
         connect(box, &QSpinBox::valueChanged, this, &ClTimeRow::sigValueChanged);
         row->addWidget(box);
         m_boxes[i] = box;
     }
     row->addWidget(
-        new QLabel(QStringLiteral("(%1 - %2)").arg(written(m_least), written(GREATEST)), this));
+        new QLabel(QStringLiteral("(%1 - %2)").arg(written(m_least), written(m_greatest)), this));
     row->addStretch();
     setFocusProxy(m_boxes[Hours]);
     setSeconds(m_least);
 }
 
 void ClTimeRow::setSeconds(unsigned int seconds) {
-    const auto parts = split(std::clamp(seconds, m_least, GREATEST));
+    const auto parts = split(std::clamp(seconds, m_least, m_greatest));
     for (std::size_t i = 0; i < m_boxes.size(); ++i) {
         // Between the first box and the last, the three together may well be out of range.
         const QSignalBlocker quiet(m_boxes[i]);
@@ -91,7 +94,7 @@ unsigned int ClTimeRow::seconds() const {
 }
 
 void ClTimeRow::keepInRange() {
-    if (m_boxes[Hours]->value() == MAXIMUM_HOURS) {
+    if (m_boxes[Hours]->value() == m_boxes[Hours]->maximum()) {
         correct(m_boxes[Minutes], 0);
         correct(m_boxes[Seconds], 0);
     } else if (seconds() < m_least) {

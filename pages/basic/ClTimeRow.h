@@ -6,10 +6,10 @@
 #include <array>
 #include <cstdint>
 
+struct stSettingRange;
 class QSpinBox;
 
-/// A time in hours, minutes and seconds, with the range that it may have written beside it: from a
-/// least time to 72 hours.
+/// A time in hours, minutes and seconds, with the range that it may have written beside it.
 ///
 /// The three boxes limit only themselves. The owner listens to sigValueChanged() and calls
 /// keepInRange().
@@ -17,8 +17,8 @@ class ClTimeRow : public ClControlGroup {
     Q_OBJECT
 
 public:
-    /// @p least in seconds, below an hour.
-    ClTimeRow(unsigned int least, QWidget* parent);
+    /// @p range in seconds: from less than an hour to whole hours.
+    ClTimeRow(const stSettingRange& range, QWidget* parent);
 
     /// Shows @p seconds, or the end of the range next to it.
     void setSeconds(unsigned int seconds);
@@ -35,5 +35,6 @@ private:
     enum Unit : std::uint8_t { Hours, Minutes, Seconds, UNITS };
 
     unsigned int m_least;
+    unsigned int m_greatest;
     std::array<QSpinBox*, UNITS> m_boxes{};
 };

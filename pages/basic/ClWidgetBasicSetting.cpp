@@ -4,6 +4,7 @@
 #include "pages/common/PageParts.h"
 #include "protocol/CommandIdentifiers.h"
 #include "protocol/ResultCodes.h"
+#include "settings/SettingTable.h"
 #include "ui/ClDialogBase.h"
 #include "ui/ClLabelSepalator.h"
 
@@ -15,6 +16,7 @@
 #include <QScrollArea>
 
 #include <algorithm>
+#include <iterator>
 #include <memory>
 #include <optional>
 #include <span>
@@ -31,18 +33,42 @@ constexpr int CAPTION_INDENT = 37;
 constexpr int CAPTION_HEIGHT = 16;
 const QString UNKNOWN_NAME = QStringLiteral("--");
 
-using Identifier = QUuid stCameraSetting::*;
+using Identifier = QUuid stSettingExchange::*;
 
-/// The setting of @p row whose identifier of that kind is @p command, or null.
-const stCameraSetting* settingWith(const stBasicSettingRow& row, Identifier kind,
-                                   const QUuid& command) {
-    const auto* found = std::ranges::find(row.settings, command, kind);
-    return command.isNull() || found == row.settings.end() ? nullptr : found;
+/// Whether @p command is that identifier of one of the row's exchanges.
+bool hasExchange(const stBasicSettingRow& row, Identifier kind, const QUuid& command) {
+    return !command.isNull() && std::ranges::any_of(row.exchanges, [&](const stRowExchange& each) {
+        return each.exchange.*kind == command;
+    });
 }
 
-std::span<const stCameraSetting> settingsOf(const stBasicSettingRow& row) {
-    const auto* end = std::ranges::find_if(row.settings, &QUuid::isNull, &stCameraSetting::request);
-    return {row.settings.begin(), end};
+std::span<const stRowExchange> exchangesOf(const stBasicSettingRow& row) {
+    const auto* end = std::ranges::find_if(
+        row.exchanges, [](const stRowExchange& each) { return each.exchange.request.isNull(); });
+    return {row.exchanges.begin(), end};
+}
+
+/// The settings whose values travel together by @p exchange, in the order of these.
+std::vector<stSetting> settingsOf(const stSettingExchange& exchange) {
+    std::vector<stSetting> found;
+    std::ranges::copy_if(settings(), std::back_inserter(found), [&](const stSetting& each) {
+        return each.exchange.request == exchange.request;
+    });
+    return found;
+}
+
+/// @p value in just the type that messages carry; what is missing becomes the type's default.
+QVariant typed(SettingKind kind, const QVariant& value) {
+    switch (kind) {
+        case SettingKind::Switch:
+            return value.toBool();
+        case SettingKind::Text:
+            return value.toString();
+        case SettingKind::Clock:
+            return value.toDateTime();
+        default:
+            return value.toUInt();
+    }
 }
 
 bool showsName(const stBasicSettingRow& row) {
@@ -134,7 +160,7 @@ void ClWidgetBasicSetting::showName(const QString& name) {
 
 void ClWidgetBasicSetting::showInit(bool /*isPolling*/) {
     showName(UNKNOWN_NAME);
-    sendUsbCommand(USB_REQ_NUBO_CMD_GET_CAMERANAME);
+    sendUsbCommand(SettingExchange::CAMERA_NAME.request);
 }
 
 void ClWidgetBasicSetting::hideEvent(QHideEvent* event) {
@@ -188,8 +214,8 @@ void ClWidgetBasicSetting::handle(const VX_CMD& message) {
 
 bool ClWidgetBasicSetting::isRequestOrCommand(const QUuid& command) const {
     return std::ranges::any_of(m_rows, [&command](const stBasicSettingRow& row) {
-        return settingWith(row, &stCameraSetting::request, command) != nullptr ||
-               settingWith(row, &stCameraSetting::command, command) != nullptr;
+        return hasExchange(row, &stSettingExchange::request, command) ||
+               hasExchange(row, &stSettingExchange::write, command);
     });
 }
 
@@ -200,17 +226,17 @@ void ClWidgetBasicSetting::handleResult(const QUuid& command, unsigned short res
         if (isRequestOrCommand(command)) {
             showErrorMsgBox(result);
         }
-    } else if (command == USB_NUBO_CMD_SET_CAMERANAME) {
+    } else if (command == SettingExchange::CAMERA_NAME.write) {
         showName(m_sentName);
     }
 }
 
 void ClWidgetBasicSetting::addReads(const stBasicSettingRow& row) {
     ClReadChain& reads = m_reads.emplace_back(this);
-    const auto settings = settingsOf(row);
-    for (const stCameraSetting& setting : settings) {
-        const bool isLast = &setting == &settings.back();
-        reads.add({setting.request, setting.answer, [this, &row, isLast](const VX_CMD& answer) {
+    const auto exchanges = exchangesOf(row);
+    for (const stRowExchange& each : exchanges) {
+        const bool isLast = &each == &exchanges.back();
+        reads.add({each.exchange, [this, &row, isLast](const VX_CMD& answer) {
                        m_answers.insert(getCommand(answer), answer);
                        if (isLast) {
                            finish(row, answer);
@@ -240,7 +266,7 @@ void ClWidgetBasicSetting::showDialog(const stBasicSettingRow& row) {
     }
     // A double click has read the same setting twice; the second answer is out of date by now.
     m_waiting.removeIf([&row](const VX_CMD& message) {
-        return settingWith(row, &stCameraSetting::answer, getCommand(message)) != nullptr;
+        return hasExchange(row, &stSettingExchange::answer, getCommand(message));
     });
     if (isAccepted) {
         write(row, dialog->getParam());
@@ -249,12 +275,11 @@ void ClWidgetBasicSetting::showDialog(const stBasicSettingRow& row) {
 
 QVariantList ClWidgetBasicSetting::readValues(const stBasicSettingRow& row) const {
     QVariantList values;
-    for (const stCameraSetting& setting : row.settings) {
-        const VX_CMD answer = m_answers.value(setting.answer);
-        for (auto key = Key::VALUES.begin(); const auto convert : setting.values) {
-            if (convert != nullptr) {
-                values.append(convert(answer.value(*key++)));
-            }
+    for (const auto& [exchange, convert] : exchangesOf(row)) {
+        const VX_CMD answer = m_answers.value(exchange.answer);
+        for (const stSetting& setting : settingsOf(exchange)) {
+            const QVariant value = answer.value(Key::VALUES[setting.place]);
+            values.append(convert != nullptr ? convert(value) : typed(setting.kind, value));
         }
     }
     return values;
@@ -262,19 +287,19 @@ QVariantList ClWidgetBasicSetting::readValues(const stBasicSettingRow& row) cons
 
 void ClWidgetBasicSetting::write(const stBasicSettingRow& row, const QVariantList& values) {
     qsizetype written = 0;
-    for (const stCameraSetting& setting : row.settings) {
-        if (setting.command.isNull()) {
+    for (const stRowExchange& each : exchangesOf(row)) {
+        const stSettingExchange& exchange = each.exchange;
+        if (exchange.write.isNull()) {
             continue;
         }
         VX_CMD message;
-        for (auto key = Key::VALUES.begin(); const auto convert : setting.values) {
-            if (convert != nullptr) {
-                message.insert(*key++, convert(values.value(written++)));
-            }
+        for (const stSetting& setting : settingsOf(exchange)) {
+            message.insert(Key::VALUES[setting.place],
+                           typed(setting.kind, values.value(written++)));
         }
-        if (setting.command == USB_NUBO_CMD_SET_CAMERANAME) {
+        if (exchange.write == SettingExchange::CAMERA_NAME.write) {
             m_sentName = message.value(Key::PARAM2).toString();
         }
-        sendUsbCommand(setting.command, message);
+        sendUsbCommand(exchange.write, message);
     }
 }

@@ -4,6 +4,7 @@
 #include "pages/basic/ClBasicSettingText.h"
 #include "pages/basic/ClTimeRow.h"
 #include "pages/common/ControlGroups.h"
+#include "settings/SettingTable.h"
 #include "ui/ClDialogColumn.h"
 
 #include <QHBoxLayout>
@@ -12,17 +13,11 @@
 #include <QSpinBox>
 #include <QVBoxLayout>
 
-namespace {
-
-constexpr unsigned int LEAST_TIME = 60;  // seconds
-
-}  // namespace
-
 ClDialogAutoPoweroff::ClDialogAutoPoweroff(QWidget* parent) : ClDialogBase(parent) {
     auto* choice = new ClRadioGroup(tr("Set the time of auto power off"), this);
     m_never = choice->addButton(tr("Not auto power off"));
     m_timed = choice->addButton(tr("Time of auto power off"));
-    m_time = new ClTimeRow(LEAST_TIME, this);
+    m_time = new ClTimeRow(setting("camera.auto-power-off").range, this);
     m_time->setAccessibleName(m_timed->text());
     m_time->setContentsMargins(ClDialogColumn::DEPENDENT_INDENT, 0, 0, 0);
     m_time->setEnabled(false);
@@ -60,8 +55,9 @@ void ClDialogAutoPoweroff::slotChangeValue(int /*value*/) {
 namespace {
 
 constexpr int SECONDS_A_MINUTE = 60;
-constexpr int LEAST = 1;      // minutes
-constexpr int GREATEST = 10;  // minutes
+constexpr stSettingRange AUTO_WIFI_OFF = setting("wifi.auto-off").range;
+constexpr int LEAST = AUTO_WIFI_OFF.least / SECONDS_A_MINUTE;
+constexpr int GREATEST = AUTO_WIFI_OFF.most / SECONDS_A_MINUTE;
 
 }  // namespace
 
@@ -108,9 +104,6 @@ QVariantList ClDialogAutoWifiOff::getParam() {
 
 namespace {
 
-constexpr unsigned int LEAST_INTERVAL = 1;  // seconds
-constexpr unsigned int LEAST_DELAY = 0;     // seconds
-
 void addRow(QVBoxLayout* column, const QString& text, ClTimeRow* row) {
     auto* label = new QLabel(text, column->parentWidget());
     label->setBuddy(row);
@@ -130,8 +123,8 @@ ClDialogInterval::ClDialogInterval(QWidget* parent) : ClDialogBase(parent) {
 
     auto* settings = new QWidget(this);
     connect(m_use, &QRadioButton::toggled, settings, &QWidget::setEnabled);
-    m_interval = new ClTimeRow(LEAST_INTERVAL, settings);
-    m_delay = new ClTimeRow(LEAST_DELAY, settings);
+    m_interval = new ClTimeRow(setting("interval.period").range, settings);
+    m_delay = new ClTimeRow(setting("interval.delay").range, settings);
     connect(m_interval, &ClTimeRow::sigValueChanged, this, &ClDialogInterval::slotValueChange);
     connect(m_delay, &ClTimeRow::sigValueChanged, this, &ClDialogInterval::slotValueChange);
     auto* rows = new QVBoxLayout(settings);

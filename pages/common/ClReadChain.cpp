@@ -13,7 +13,7 @@ void ClReadChain::add(stRead read) {
 }
 
 void ClReadChain::start() {
-    send(m_reads.front().request);
+    send(m_reads.front().exchange.request);
 }
 
 void ClReadChain::startAt(const QUuid& request) {
@@ -26,7 +26,8 @@ void ClReadChain::send(const QUuid& request) {
 }
 
 bool ClReadChain::asks(const QUuid& command) const {
-    return std::ranges::find(m_reads, command, &stRead::request) != m_reads.end();
+    return std::ranges::any_of(
+        m_reads, [&command](const stRead& read) { return read.exchange.request == command; });
 }
 
 bool ClReadChain::take(const VX_CMD& message) {
@@ -37,20 +38,22 @@ bool ClReadChain::take(const VX_CMD& message) {
         }
         return false;
     }
-    const auto read = std::ranges::find(m_reads, received, &stRead::answer);
-    if (read == m_reads.end() || (m_rules.takesOnlyAwaited && read->request != m_awaited)) {
+    const auto read = std::ranges::find_if(
+        m_reads, [&received](const stRead& each) { return each.exchange.answer == received; });
+    if (read == m_reads.end() ||
+        (m_rules.takesOnlyAwaited && read->exchange.request != m_awaited)) {
         return false;
     }
     const auto next = std::next(read);
     if (next == m_reads.end()) {
         abandon();
         read->show(message);
-    } else if (m_rules.asksOnce && m_awaited == next->request) {
+    } else if (m_rules.asksOnce && m_awaited == next->exchange.request) {
         read->show(message);
     } else {
         abandon();
         read->show(message);
-        send(next->request);
+        send(next->exchange.request);
     }
     return true;
 }

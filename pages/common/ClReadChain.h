@@ -2,6 +2,7 @@
 #pragma once
 
 #include "protocol/CommandMessage.h"
+#include "settings/Setting.h"
 
 #include <QUuid>
 
@@ -10,10 +11,9 @@
 
 class ClWidgetBase;
 
-/// A read of a chain: the request, its answer, and what the page does with that.
+/// A read of a chain: request and answer, and what the page does with that.
 struct stRead {
-    QUuid request;
-    QUuid answer;
+    stSettingExchange exchange;
     std::function<void(const VX_CMD& answer)> show;
 };
 

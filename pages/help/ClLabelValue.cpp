@@ -35,10 +35,24 @@ ClLabelValue::ClLabelValue(int widest, QWidget* parent) : QLabel(parent), m_wide
 }
 
 void ClLabelValue::setValue(const QString& text) {
-    const QString line = text.isEmpty() ? QStringLiteral("--") : onOneLine(text);
-    setText(fontMetrics().elidedText(line, Qt::ElideRight, m_widest));
-    setToolTip(this->text() == line ? QString() : Qt::convertFromPlainText(line));
+    m_line = text.isEmpty() ? QStringLiteral("--") : onOneLine(text);
+    if (isVisible()) {
+        showLine();
+    }
+}
+
+void ClLabelValue::showLine() {
+    setText(fontMetrics().elidedText(m_line, Qt::ElideRight, m_widest));
+    setToolTip(text() == m_line ? QString() : Qt::convertFromPlainText(m_line));
     adjustSize();
+}
+
+void ClLabelValue::showEvent(QShowEvent* event) {
+    QLabel::showEvent(event);
+    // A window that comes back keeps what was selected.
+    if (!event->spontaneous()) {
+        showLine();
+    }
 }
 
 void ClLabelValue::focusInEvent(QFocusEvent* event) {

@@ -19,10 +19,16 @@ public:
     void setValue(const QString& text);
 
 protected:
+    void showEvent(QShowEvent* event) override;
     /// The keyboard selects the value that it reaches, which shows where it is.
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
 
 private:
+    /// Shows the line in the room that it needs. Only on a label on show: loading the bold font
+    /// takes longer than all else that the page does when it is made.
+    void showLine();
+
     int m_widest;
+    QString m_line;
 };

@@ -5,7 +5,7 @@
 #include "pages/common/CommandResult.h"
 #include "pages/help/ClLabelValue.h"
 #include "pages/help/ClWidgetLogo.h"
-#include "protocol/CommandIdentifiers.h"
+#include "settings/SettingTable.h"
 #include "ui/ClLabelSepalator.h"
 
 #include <QDateTime>
@@ -40,36 +40,31 @@ QString asCountry(const QVariant& value) {
 struct stCameraRow {
     int y;
     const char* caption;
-    QUuid request;
-    QUuid answer;
+    stSettingExchange exchange;
     QString (*toText)(const QVariant&);
 };
 
 constexpr std::array CAMERA_ROWS{
     stCameraRow{195, QT_TRANSLATE_NOOP("ClWidgetHelp", "NuBo firmware version"),
-                USB_REQ_NUBO_CMD_GET_FWVERSION, USB_RES_NUBO_CMD_GET_FWVERSION, asItStands},
-    stCameraRow{322, QT_TRANSLATE_NOOP("ClWidgetHelp", "Serial number"),
-                USB_REQ_NUBO_CMD_GET_SERIALNO, USB_RES_NUBO_CMD_GET_SERIALNO, asItStands},
-    stCameraRow{352, QT_TRANSLATE_NOOP("ClWidgetHelp", "MAC address"),
-                USB_REQ_NUBO_CMD_GET_MACADDRESS, USB_RES_NUBO_CMD_GET_MACADDRESS, asItStands},
-    stCameraRow{382, QT_TRANSLATE_NOOP("ClWidgetHelp", "Create day"),
-                USB_REQ_NUBO_CMD_GET_CREATEDAY, USB_RES_NUBO_CMD_GET_CREATEDAY, asDay},
-    stCameraRow{412, QT_TRANSLATE_NOOP("ClWidgetHelp", "Country"), USB_REQ_NUBO_CMD_GET_COUNTRY,
-                USB_RES_NUBO_CMD_GET_COUNTRY, asCountry},
+                SettingExchange::FIRMWARE, asItStands},
+    stCameraRow{322, QT_TRANSLATE_NOOP("ClWidgetHelp", "Serial number"), SettingExchange::SERIAL,
+                asItStands},
+    stCameraRow{352, QT_TRANSLATE_NOOP("ClWidgetHelp", "MAC address"), SettingExchange::MAC,
+                asItStands},
+    stCameraRow{382, QT_TRANSLATE_NOOP("ClWidgetHelp", "Create day"), SettingExchange::CREATED,
+                asDay},
+    stCameraRow{412, QT_TRANSLATE_NOOP("ClWidgetHelp", "Country"), SettingExchange::COUNTRY,
+                asCountry},
 };
 
 }  // namespace
 
-ClWidgetHelp::ClWidgetHelp(QWidget* parent) : ClWidgetBase(parent) {
-    auto* logo = new ClWidgetLogo(this);
-    logo->adjustSize();
-    logo->move((PAGE_WIDTH - logo->width()) / 2, LOGO_Y);
-
+ClWidgetHelp::ClWidgetHelp(QWidget* parent) : ClWidgetBase(parent), m_logo(new ClWidgetLogo(this)) {
     addRow(TOOL_VERSION_Y, tr("NuBoSettingTool version"))->setValue(TOOL_VERSION);
     for (const stCameraRow& row : CAMERA_ROWS) {
         ClLabelValue* value = addRow(row.y, tr(row.caption));
         m_values.append(value);
-        m_reads.add({row.request, row.answer, [value, toText = row.toText](const VX_CMD& answer) {
+        m_reads.add({row.exchange, [value, toText = row.toText](const VX_CMD& answer) {
                          value->setValue(toText(answer.value(Key::PARAM2)));
                      }});
     }
@@ -83,6 +78,13 @@ ClLabelValue* ClWidgetHelp::addRow(int y, const QString& caption) {
     value->move(VALUE_X, y);
     value->setAccessibleDescription(caption);
     return value;
+}
+
+void ClWidgetHelp::showEvent(QShowEvent* event) {
+    ClWidgetBase::showEvent(event);
+    // Not earlier: its letters take a font of their own, which a start without them need not load.
+    m_logo->adjustSize();
+    m_logo->move((PAGE_WIDTH - m_logo->width()) / 2, LOGO_Y);
 }
 
 void ClWidgetHelp::showInit(bool /*isPolling*/) {

@@ -7,6 +7,7 @@
 #include <QList>
 
 class ClLabelValue;
+class ClWidgetLogo;
 
 /// The help page: the version of the tool and, asked for each time the page is shown, what the
 /// camera reports about itself.
@@ -31,9 +32,13 @@ public Q_SLOTS:
     void slotUpdateNubo();
     void slotShowLicense();
 
+protected:
+    void showEvent(QShowEvent* event) override;
+
 private:
     ClLabelValue* addRow(int y, const QString& caption);
 
+    ClWidgetLogo* m_logo;
     QList<ClLabelValue*> m_values;  ///< of the camera, in the order of the chain
     ClReadChain m_reads{this};
 };

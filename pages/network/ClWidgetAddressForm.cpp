@@ -46,7 +46,7 @@ void ClWidgetAddressForm::addButtons(int y) {
 
 void ClWidgetAddressForm::addItem(stFormItem item) {
     item.read = item.shown();
-    m_reads.add({item.request, item.answer, [this, index = m_items.size()](const VX_CMD& answer) {
+    m_reads.add({item.exchange, [this, index = m_items.size()](const VX_CMD& answer) {
                      stFormItem& answered = m_items[index];
                      answered.show(answer.value(Key::PARAM2));
                      answered.read = answered.shown();
@@ -54,10 +54,8 @@ void ClWidgetAddressForm::addItem(stFormItem item) {
     m_items.push_back(std::move(item));
 }
 
-void ClWidgetAddressForm::addAddress(const QUuid& request, const QUuid& answer, const QUuid& write,
-                                     QLineEdit* edit) {
-    addItem({request, answer, write,
-             [edit](const QVariant& value) { edit->setText(value.toString()); },
+void ClWidgetAddressForm::addAddress(const stSettingExchange& exchange, QLineEdit* edit) {
+    addItem({exchange, [edit](const QVariant& value) { edit->setText(value.toString()); },
              [edit] { return edit->text(); }});
 }
 
@@ -79,9 +77,9 @@ void ClWidgetAddressForm::writeChanges() {
     m_sent = 0;
     for (const stFormItem& item : m_items) {
         const QVariant value = item.shown();
-        if (!item.write.isNull() && value != item.read) {
+        if (!item.exchange.write.isNull() && value != item.read) {
             ++m_sent;
-            sendUsbCommand(item.write, {{Key::PARAM2, value}});
+            sendUsbCommand(item.exchange.write, {{Key::PARAM2, value}});
         }
     }
     if (m_sent == 0) {
@@ -105,6 +103,7 @@ void ClWidgetAddressForm::slotReceiveCommand(const VX_CMD& clCommand) {
 }
 
 bool ClWidgetAddressForm::isOwnWrite(const QUuid& command) const {
-    return !command.isNull() &&
-           std::ranges::find(m_items, command, &stFormItem::write) != m_items.end();
+    return !command.isNull() && std::ranges::any_of(m_items, [&command](const stFormItem& item) {
+        return item.exchange.write == command;
+    });
 }

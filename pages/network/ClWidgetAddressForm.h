@@ -4,7 +4,6 @@
 #include "pages/common/ClReadChain.h"
 #include "ui/ClWidgetBase.h"
 
-#include <QUuid>
 #include <QVariant>
 
 #include <functional>
@@ -16,9 +15,7 @@ class QLineEdit;
 
 /// A value of the camera on a form.
 struct stFormItem {
-    QUuid request;
-    QUuid answer;
-    QUuid write;  ///< null: the user cannot change it
+    stSettingExchange exchange;  ///< without a write: the user cannot change it
     std::function<void(const QVariant& value)> show;
     std::function<QVariant()> shown;
     QVariant read = {};  ///< what stood here when the camera's value had been shown
@@ -60,7 +57,7 @@ protected:
     /// The next value of the chain.
     void addItem(stFormItem item);
     /// The next value of the chain, in a line edit of addAddressRow().
-    void addAddress(const QUuid& request, const QUuid& answer, const QUuid& write, QLineEdit* edit);
+    void addAddress(const stSettingExchange& exchange, QLineEdit* edit);
 
     /// Whether the addresses may be written.
     [[nodiscard]] virtual bool isValid() const = 0;

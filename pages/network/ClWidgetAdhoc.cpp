@@ -5,7 +5,7 @@
 #include "pages/network/ClNetworkText.h"
 #include "pages/network/NetworkParts.h"
 #include "pages/network/NetworkState.h"
-#include "protocol/CommandIdentifiers.h"
+#include "settings/SettingTable.h"
 #include "ui/ClLabelSepalator.h"
 #include "ui/ClLabelSsid.h"
 #include "ui/Ipv4.h"
@@ -41,15 +41,13 @@ ClWidgetAdhoc::ClWidgetAdhoc(QWidget* parent)
 }
 
 void ClWidgetAdhoc::buildNetwork() {
-    const auto addRow = [this](const QString& caption, QPoint place, const QUuid& request,
-                               const QUuid& answer) {
+    const auto addRow = [this](const QString& caption, QPoint place,
+                               const stSettingExchange& exchange) {
         addCaption(caption, NETWORK_CAPTION_RIGHT, place.y(), this);
         auto* value = new ClLabelSsid(this);
         setBold(value);
         value->move(place);
-        addItem({request,
-                 answer,
-                 {},
+        addItem({exchange.toldOnly(),
                  [value](const QVariant& read) {
                      value->setText(read.toString());
                      value->fitInto(VALUE_WIDTH);
@@ -57,10 +55,9 @@ void ClWidgetAdhoc::buildNetwork() {
                  [value] { return value->text(); }});
         return value;
     };
-    m_ssid = addRow(ClNetworkText::tr("SSID of adhoc"), SSID_PLACE, USB_REQ_NUBO_CMD_GET_SSID,
-                    USB_RES_NUBO_CMD_GET_SSID);
-    m_key = addRow(ClNetworkText::tr("Encryption key of adhoc"), KEY_PLACE,
-                   USB_REQ_NUBO_CMD_GET_ADHOCKEY, USB_RES_NUBO_CMD_GET_ADHOCKEY);
+    m_ssid = addRow(ClNetworkText::tr("SSID of adhoc"), SSID_PLACE, SettingExchange::ADHOC_SSID);
+    m_key =
+        addRow(ClNetworkText::tr("Encryption key of adhoc"), KEY_PLACE, SettingExchange::ADHOC_KEY);
 }
 
 void ClWidgetAdhoc::buildAddresses() {
@@ -68,15 +65,13 @@ void ClWidgetAdhoc::buildAddresses() {
              ADDRESS_TITLE_PLACE, this);
     m_address = addAddressRow(ClNetworkText::tr("IP Address"), ADDRESS_Y).edit;
     m_subnetmask = addAddressRow(ClNetworkText::tr("Subnetmask"), SUBNETMASK_Y).edit;
-    addAddress(USB_REQ_NUBO_CMD_GET_ADHOC_ADDRESS, USB_RES_NUBO_CMD_GET_ADHOC_ADDRESS,
-               USB_NUBO_CMD_SET_ADHOC_ADDRESS, m_address);
-    addAddress(USB_REQ_NUBO_CMD_GET_ADHOC_SUBNETMASK, USB_RES_NUBO_CMD_GET_ADHOC_SUBNETMASK,
-               USB_NUBO_CMD_SET_ADHOC_SUBNETMASK, m_subnetmask);
+    addAddress(SettingExchange::ADHOC_ADDRESS, m_address);
+    addAddress(SettingExchange::ADHOC_NETMASK, m_subnetmask);
 }
 
 void ClWidgetAdhoc::showInit(bool /*isPolling*/) {
-    reads().startAt(m_ssid->text().isEmpty() ? USB_REQ_NUBO_CMD_GET_SSID
-                                             : USB_REQ_NUBO_CMD_GET_ADHOC_ADDRESS);
+    reads().startAt(m_ssid->text().isEmpty() ? SettingExchange::ADHOC_SSID.request
+                                             : SettingExchange::ADHOC_ADDRESS.request);
 }
 
 void ClWidgetAdhoc::setUseAdhoc(bool isUsed) {

@@ -4,7 +4,7 @@
 #include "pages/common/PageParts.h"
 #include "pages/network/ClNetworkText.h"
 #include "pages/network/NetworkParts.h"
-#include "protocol/CommandIdentifiers.h"
+#include "settings/SettingTable.h"
 #include "ui/ClLabelSepalator.h"
 #include "ui/Ipv4.h"
 
@@ -60,8 +60,7 @@ void ClWidgetInfrastructureDhcp::buildDhcpRow() {
     layout->addWidget(m_off);
     moveEndTo(row, DHCP_ROW_RIGHT, DHCP_ROW_Y);
 
-    addItem({USB_REQ_NUBO_CMD_GET_INFRA_USE_DHCP, USB_RES_NUBO_CMD_GET_INFRA_USE_DHCP,
-             USB_NUBO_CMD_SET_INFRA_USE_DHCP,
+    addItem({SettingExchange::DHCP,
              [this](const QVariant& value) { (value.toBool() ? m_on : m_off)->setChecked(true); },
              [this] { return m_on->isChecked(); }});
 }
@@ -81,12 +80,9 @@ void ClWidgetInfrastructureDhcp::buildAddresses() {
     m_subnetmask = addRow(ClNetworkText::tr("Subnetmask"), SUBNETMASK_Y);
     m_gateway = addRow(ClNetworkText::tr("Default Gateway"), GATEWAY_Y);
 
-    addAddress(USB_REQ_NUBO_CMD_GET_INFRA_ADDRESS, USB_RES_NUBO_CMD_GET_INFRA_ADDRESS,
-               USB_NUBO_CMD_SET_INFRA_ADDRESS, m_address);
-    addAddress(USB_REQ_NUBO_CMD_GET_INFRA_SUBNETMASK, USB_RES_NUBO_CMD_GET_INFRA_SUBNETMASK,
-               USB_NUBO_CMD_SET_INFRA_SUBNETMASK, m_subnetmask);
-    addAddress(USB_REQ_NUBO_CMD_GET_INFRA_GATEWAY, USB_RES_NUBO_CMD_GET_INFRA_GATEWAY,
-               USB_NUBO_CMD_SET_INFRA_GATEWAY, m_gateway);
+    addAddress(SettingExchange::ADDRESS, m_address);
+    addAddress(SettingExchange::NETMASK, m_subnetmask);
+    addAddress(SettingExchange::GATEWAY, m_gateway);
 }
 
 void ClWidgetInfrastructureDhcp::showInit(bool /*isPolling*/) {

@@ -6,7 +6,8 @@
 #include "pages/network/ClDialogInputKey.h"
 #include "pages/network/ClNetworkText.h"
 #include "pages/network/NetworkParts.h"
-#include "protocol/CommandIdentifiers.h"
+#include "settings/SettingTable.h"
+#include "settings/SettingValue.h"
 
 #include <QDialogButtonBox>
 #include <QHBoxLayout>
@@ -40,9 +41,11 @@ ClWidgetInfrastructureManual::ClWidgetInfrastructureManual(QWidget* parent)
 
 void ClWidgetInfrastructureManual::buildSsidRow() {
     m_ssid->setFixedWidth(EDIT_WIDTH);
-    // 1 to 32 printable characters of ASCII, without the space.
+    // The camera takes more characters than can be typed here.
+    stSettingRange typed = setting("wifi.infrastructure.ssid").range;
+    typed.characters = SettingCharacters::Visible;
     m_ssid->setValidator(
-        new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[!-~]{1,32}")), m_ssid));
+        new QRegularExpressionValidator(QRegularExpression(textPattern(typed)), m_ssid));
     auto* caption = new QLabel(ClNetworkText::tr("SSID"));
     caption->setBuddy(m_ssid);
 
@@ -74,18 +77,18 @@ void ClWidgetInfrastructureManual::decide() {
         return;
     }
     const QString key = dialog.getParam().value(0).toString();
-    sendUsbCommand(USB_NUBO_CMD_SET_INFRA_SSID, {{Key::PARAM2, ssid}});
-    m_last = USB_NUBO_CMD_SET_INFRA_SSID;
+    sendUsbCommand(SettingExchange::SSID.write, {{Key::PARAM2, ssid}});
+    m_last = SettingExchange::SSID.write;
     if (!key.isEmpty()) {
-        sendUsbCommand(USB_NUBO_CMD_SET_INFRA_KEY, {{Key::PARAM2, key}});
-        m_last = USB_NUBO_CMD_SET_INFRA_KEY;
+        sendUsbCommand(SettingExchange::KEY.write, {{Key::PARAM2, key}});
+        m_last = SettingExchange::KEY.write;
     }
 }
 
 void ClWidgetInfrastructureManual::slotReceiveCommand(const VX_CMD& clCommand) {
     const stCommandResult result(clCommand);
-    if (result.command != USB_NUBO_CMD_SET_INFRA_SSID &&
-        result.command != USB_NUBO_CMD_SET_INFRA_KEY) {
+    if (result.command != SettingExchange::SSID.write &&
+        result.command != SettingExchange::KEY.write) {
         return;
     }
     if (result.isFailure) {

@@ -23,9 +23,11 @@
 
 namespace {
 
+constexpr stSettingExchange ACCESSPOINT_LIST{
+    USB_REQ_NUBO_CMD_GET_ACCESSPOINT_LIST, USB_RES_NUBO_CMD_GET_ACCESSPOINT_LIST, {}};
 constexpr std::array WRITES{
-    USB_NUBO_CMD_SET_INFRA_SSID,
-    USB_NUBO_CMD_SET_INFRA_KEY,
+    SettingExchange::SSID.write,
+    SettingExchange::KEY.write,
 };
 
 // A write that fails on the way to the camera is not reported; one that the camera refuses is.
@@ -64,10 +66,9 @@ ClWidgetInfrastructureSearch::ClWidgetInfrastructureSearch(QWidget* parent)
         connect(button, &QPushButton::clicked, this, &ClWidgetInfrastructureSearch::slotClicked);
     }
 
-    m_reads.add({USB_REQ_NUBO_CMD_GET_WIFI_INFO, USB_RES_NUBO_CMD_GET_WIFI_INFO,
-                 [this](const VX_CMD& answer) { takeLink(answer); }});
-    m_reads.add({USB_REQ_NUBO_CMD_GET_ACCESSPOINT_LIST, USB_RES_NUBO_CMD_GET_ACCESSPOINT_LIST,
-                 [this](const VX_CMD& answer) { showList(accesspointList(answer)); }});
+    m_reads.add({SettingExchange::WIFI_INFO, [this](const VX_CMD& answer) { takeLink(answer); }});
+    m_reads.add(
+        {ACCESSPOINT_LIST, [this](const VX_CMD& answer) { showList(accesspointList(answer)); }});
 }
 
 void ClWidgetInfrastructureSearch::showInit(bool /*isPolling*/) {
@@ -76,7 +77,7 @@ void ClWidgetInfrastructureSearch::showInit(bool /*isPolling*/) {
 
 void ClWidgetInfrastructureSearch::slotClicked() {
     if (sender() == m_research) {
-        m_reads.startAt(USB_REQ_NUBO_CMD_GET_ACCESSPOINT_LIST);
+        m_reads.startAt(ACCESSPOINT_LIST.request);
     } else if (sender() == m_back) {
         Q_EMIT sigChangePage(INFRASTRUCTURE_TOP);
     }
@@ -91,12 +92,12 @@ void ClWidgetInfrastructureSearch::slotSelect(const QString& ssid, bool isEncryp
         }
         key = dialog.getParam().value(0).toString();
     }
-    m_awaited = USB_NUBO_CMD_SET_INFRA_SSID;
-    m_underWay = {USB_NUBO_CMD_SET_INFRA_SSID};
-    sendUsbCommand(USB_NUBO_CMD_SET_INFRA_SSID, {{Key::PARAM2, ssid}});
+    m_awaited = SettingExchange::SSID.write;
+    m_underWay = {SettingExchange::SSID.write};
+    sendUsbCommand(SettingExchange::SSID.write, {{Key::PARAM2, ssid}});
     if (isEncrypted) {
-        m_underWay.append(USB_NUBO_CMD_SET_INFRA_KEY);
-        sendUsbCommand(USB_NUBO_CMD_SET_INFRA_KEY, {{Key::PARAM2, key}});
+        m_underWay.append(SettingExchange::KEY.write);
+        sendUsbCommand(SettingExchange::KEY.write, {{Key::PARAM2, key}});
     }
 }
 
@@ -104,7 +105,7 @@ void ClWidgetInfrastructureSearch::slotReceiveCommand(const VX_CMD& clCommand) {
     const QUuid received = getCommand(clCommand);
     // The top sub-page may have asked for the link, too, the moment before it was left for this
     // one.
-    if (received == USB_RES_NUBO_CMD_GET_WIFI_INFO && isAnswerToAnother(clCommand)) {
+    if (received == SettingExchange::WIFI_INFO.answer && isAnswerToAnother(clCommand)) {
         return;
     }
     if (!m_reads.take(clCommand)) {

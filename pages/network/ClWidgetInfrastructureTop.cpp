@@ -48,10 +48,9 @@ ClWidgetInfrastructureTop::ClWidgetInfrastructureTop(QWidget* parent)
         connect(button, &QAbstractButton::clicked, this, &ClWidgetInfrastructureTop::slotClicked);
     }
 
-    m_reads.add({USB_REQ_NUBO_CMD_GET_INFRA_SSID, USB_RES_NUBO_CMD_GET_INFRA_SSID,
+    m_reads.add({SettingExchange::SSID,
                  [this](const VX_CMD& answer) { m_ssid = answer.value(Key::PARAM2).toString(); }});
-    m_reads.add({USB_REQ_NUBO_CMD_GET_WIFI_INFO, USB_RES_NUBO_CMD_GET_WIFI_INFO,
-                 [this](const VX_CMD& answer) { showLink(answer); }});
+    m_reads.add({SettingExchange::WIFI_INFO, [this](const VX_CMD& answer) { showLink(answer); }});
 }
 
 void ClWidgetInfrastructureTop::showInit(bool isPolling) {
@@ -98,7 +97,7 @@ void ClWidgetInfrastructureTop::showLink(const VX_CMD& answer) {
 
 void ClWidgetInfrastructureTop::showResult(const stCommandResult& result) {
     const bool isOwn =
-        m_reads.asks(result.command) || result.command == USB_REQ_NUBO_CMD_GET_INFRA_KEY;
+        m_reads.asks(result.command) || result.command == SettingExchange::KEY.request;
     if (!result.isFailure || !isOwn) {
         return;
     }

@@ -7,7 +7,6 @@
 #include "pages/network/ClWidgetInfrastructureTop.h"
 #include "pages/network/NetworkParts.h"
 #include "pages/network/NetworkState.h"
-#include "protocol/CommandIdentifiers.h"
 #include "ui/Artwork.h"
 #include "ui/ButtonKeys.h"
 #include "ui/ClButtonNetworkTab.h"
@@ -132,7 +131,7 @@ void ClWidgetNetworkSetting::showInit(bool isPolling) {
 }
 
 void ClWidgetNetworkSetting::readOnOff() {
-    sendUsbCommand(WifiOnOffRequest::USB_RES_NUBO_CMD_GET_WIFI_ONOFF);
+    sendUsbCommand(SettingExchange::WIFI_ENABLED.request);
 }
 
 void ClWidgetNetworkSetting::startPolling() {
@@ -161,11 +160,11 @@ void ClWidgetNetworkSetting::slotStartPolling() {
 void ClWidgetNetworkSetting::slotReceiveCommand(const VX_CMD& clCommand) {
     const QUuid received = getCommand(clCommand);
     const auto* sender = clCommand.value(Key::SENDER).value<QObject*>();
-    if (received == USB_RES_NUBO_CMD_GET_WIFI_ONOFF) {
+    if (received == SettingExchange::WIFI_ENABLED.answer) {
         g_bIsWifiON = clCommand.value(Key::PARAM2).toBool();
         m_isSwitchedOffUnread = false;
         showWifiOnOff(sender == this);
-    } else if (received == USB_RES_NUBO_CMD_GET_WIFIMODE) {
+    } else if (received == SettingExchange::WIFI_MODE.answer) {
         g_ulWifiMode = clCommand.value(Key::PARAM2).toUInt();
         if (g_bIsWifiON) {
             showMode(g_ulWifiMode);
@@ -187,7 +186,7 @@ void ClWidgetNetworkSetting::showWifiOnOff(bool isSenderThis) {
     } else if (g_ulWifiMode != WIFI_MODE_UNKNOWN) {
         showMode(g_ulWifiMode);
     } else if (isSenderThis) {
-        sendUsbCommand(USB_REQ_NUBO_CMD_GET_WIFIMODE);
+        sendUsbCommand(SettingExchange::WIFI_MODE.request);
     }
 }
 
@@ -199,8 +198,8 @@ void ClWidgetNetworkSetting::showMode(quint32 mode) {
 }
 
 void ClWidgetNetworkSetting::showResult(const stCommandResult& result) {
-    const bool isOnOff = result.command == USB_NUBO_CMD_SET_WIFI_ONOFF;
-    if (!isOnOff && result.command != USB_NUBO_CMD_SET_WIFI_MODE) {
+    const bool isOnOff = result.command == SettingExchange::WIFI_ENABLED.write;
+    if (!isOnOff && result.command != SettingExchange::WIFI_MODE.write) {
         return;
     }
     if (!isOnOff) {
@@ -240,11 +239,11 @@ void ClWidgetNetworkSetting::slotChangeNetworkMode(bool isChecked) {
     }
     if (!isOnWanted || !g_bIsWifiON || m_isSwitchedOffUnread) {
         m_isSwitchedOffUnread = !isOnWanted;
-        sendUsbCommand(USB_NUBO_CMD_SET_WIFI_ONOFF, {{Key::PARAM2, isOnWanted}});
+        sendUsbCommand(SettingExchange::WIFI_ENABLED.write, {{Key::PARAM2, isOnWanted}});
     }
     if (isOnWanted) {
         m_isModeUnconfirmed = true;
-        sendUsbCommand(USB_NUBO_CMD_SET_WIFI_MODE, {{Key::PARAM2, wanted}});
+        sendUsbCommand(SettingExchange::WIFI_MODE.write, {{Key::PARAM2, wanted}});
     }
     g_ulWifiMode = wanted;
 }

@@ -42,7 +42,15 @@ constexpr std::array ACTIONS{
              USB_NUBO_CMD_RESTART},
 };
 
-constexpr std::array<const char*, 4> FILE_SYSTEMS{"", "FAT12", "FAT16", "FAT32"};
+/// As people write it, empty for one that does not exist.
+QString fileSystemName(unsigned int fileSystem) {
+    for (const stSettingChoice& choice : SettingChoices::FILE_SYSTEMS) {
+        if (std::get<unsigned int>(choice.value) == fileSystem) {
+            return QString::fromLatin1(choice.name).toUpper();
+        }
+    }
+    return {};
+}
 
 constexpr QSize WIFI_PANEL_SIZE{600, 50};
 constexpr int BUTTONS_RIGHT = 586;
@@ -64,12 +72,9 @@ ClWidgetCameraState::ClWidgetCameraState(QWidget* parent)
     buildSdCard();
     buildButtons();
 
-    m_reads.add({USB_REQ_NUBO_CMD_GET_BATTERY, USB_RES_NUBO_CMD_GET_BATTERY,
-                 [this](const VX_CMD& answer) { showBattery(answer); }});
-    m_reads.add({USB_REQ_NUBO_CMD_GET_WIFI_INFO, USB_RES_NUBO_CMD_GET_WIFI_INFO,
-                 [this](const VX_CMD& answer) { showWifi(answer); }});
-    m_reads.add({USB_REQ_NUBO_CMD_GET_SDINFO, USB_RES_NUBO_CMD_GET_SDINFO,
-                 [this](const VX_CMD& answer) { showSdCard(answer); }});
+    m_reads.add({SettingExchange::BATTERY, [this](const VX_CMD& answer) { showBattery(answer); }});
+    m_reads.add({SettingExchange::WIFI_INFO, [this](const VX_CMD& answer) { showWifi(answer); }});
+    m_reads.add({SettingExchange::SD_CARD, [this](const VX_CMD& answer) { showSdCard(answer); }});
 }
 
 void ClWidgetCameraState::buildWifiPanel() {
@@ -192,10 +197,7 @@ void ClWidgetCameraState::setWifiState(unsigned int state, int sensitivity, unsi
 void ClWidgetCameraState::setSdInfo(unsigned long long total, unsigned long long used,
                                     int fileSystem) {
     constexpr unsigned long long KIB = 1024;
-    const bool isKnown =
-        fileSystem > 0 && static_cast<std::size_t>(fileSystem) < FILE_SYSTEMS.size();
-    setValue(m_sdFileSystem,
-             QString::fromLatin1(FILE_SYSTEMS[isKnown ? static_cast<std::size_t>(fileSystem) : 0]));
+    setValue(m_sdFileSystem, fileSystemName(static_cast<unsigned int>(fileSystem)));
     setValue(m_sdTotal, tr("%1 Byte").arg(total * KIB));
 
     // A camera without a card reports a size of 0, and one that reports more used than there is has

@@ -6,6 +6,7 @@
 #include "pages/stream/StreamDialogs.h"
 #include "protocol/CommandIdentifiers.h"
 #include "protocol/ResultCodes.h"
+#include "settings/SettingTable.h"
 #include "ui/ClLabelSepalator.h"
 #include "ui/ClMessageBox.h"
 
@@ -16,22 +17,26 @@
 
 namespace {
 
-struct stWrites {
-    QUuid size;
-    QUuid rate;
+struct stExchanges {
+    stSettingExchange size;
+    stSettingExchange rate;
 };
 
-// By dialog type.
-constexpr std::array WRITES{
-    stWrites{USB_NUBO_CMD_SET_REC_IMAGESIZE, USB_NUBO_CMD_SET_REC_FRAMERATE},
-    stWrites{USB_NUBO_CMD_SET_LIVE_IMAGESIZE, USB_NUBO_CMD_SET_LIVE_FRAMERATE},
+/// By dialog type.
+constexpr std::array EXCHANGES{
+    stExchanges{SettingExchange::RECORDING_SIZE, SettingExchange::RECORDING_RATE},
+    stExchanges{SettingExchange::LIVE_SIZE, SettingExchange::LIVE_RATE},
 };
+
+const stExchanges& exchangesOf(ClWidgetStreamSetting::eDialogType type) {
+    return EXCHANGES[static_cast<std::size_t>(type)];
+}
 
 constexpr int BUTTON_X = 143;
 
 bool isWrite(const QUuid& command) {
-    return std::ranges::any_of(WRITES, [&command](const stWrites& writes) {
-        return command == writes.size || command == writes.rate;
+    return std::ranges::any_of(EXCHANGES, [&command](const stExchanges& exchanges) {
+        return command == exchanges.size.write || command == exchanges.rate.write;
     });
 }
 
@@ -41,19 +46,14 @@ ClWidgetStreamSetting::ClWidgetStreamSetting(QWidget* parent) : ClWidgetBase(par
     addButton(tr("Rec"), 49, &ClWidgetStreamSetting::slotSetRec);
     (new ClLabelSepalator(this))->move(0, 110);
     addButton(tr("LiveView"), 164, &ClWidgetStreamSetting::slotSetStream);
-    addReads(m_recReads, eDialogType::Rec,
-             {USB_REQ_NUBO_CMD_GET_REC_IMAGESIZE, USB_RES_NUBO_CMD_GET_REC_IMAGESIZE},
-             {USB_REQ_NUBO_CMD_GET_REC_FRAMERATE, USB_RES_NUBO_CMD_GET_REC_FRAMERATE});
-    addReads(m_liveReads, eDialogType::Stream,
-             {USB_REQ_NUBO_CMD_GET_LIVE_IMAGESIZE, USB_RES_NUBO_CMD_GET_LIVE_IMAGESIZE},
-             {USB_REQ_NUBO_CMD_GET_LIVE_FRAMERATE, USB_RES_NUBO_CMD_GET_LIVE_FRAMERATE});
+    addReads(m_recReads, eDialogType::Rec);
+    addReads(m_liveReads, eDialogType::Stream);
 }
 
-void ClWidgetStreamSetting::addReads(ClReadChain& reads, eDialogType type, const stExchange& size,
-                                     const stExchange& rate) {
-    reads.add({size.request, size.answer,
+void ClWidgetStreamSetting::addReads(ClReadChain& reads, eDialogType type) {
+    reads.add({exchangesOf(type).size,
                [this](const VX_CMD& answer) { m_imageSize = answer.value(Key::PARAM2).toSize(); }});
-    reads.add({rate.request, rate.answer, [this, type](const VX_CMD& answer) {
+    reads.add({exchangesOf(type).rate, [this, type](const VX_CMD& answer) {
                    m_frameRate = answer.value(Key::PARAM2).toUInt();
                    showDialog(type);
                }});
@@ -100,7 +100,7 @@ void ClWidgetStreamSetting::showResult(const VX_CMD& message) {
         return;
     }
     const bool isRefusal = getCommand(message) == USB_NUBO_CMD_RESPONSE;
-    if (isRefusal && result.command == USB_NUBO_CMD_SET_REC_IMAGESIZE &&
+    if (isRefusal && result.command == SettingExchange::RECORDING_SIZE.write &&
         result.code == NUBO_CMD_ERROR_EXEC) {
         ClMessageBox::tell(this, tr("Set failed for recording"));
     } else if (m_recReads.asks(result.command) || m_liveReads.asks(result.command) ||
@@ -120,15 +120,15 @@ void ClWidgetStreamSetting::showDialog(eDialogType type) {
     const std::unique_ptr<ClDialogBase> dialog = createDialog(type);
     dialog->setParam({m_imageSize, m_frameRate});
     if (ask(*dialog)) {
-        const stWrites& writes = WRITES[static_cast<std::size_t>(type)];
+        const stExchanges& exchanges = exchangesOf(type);
         const QVariantList chosen = dialog->getParam();
         const QSize size = chosen.value(0).toSize();
         const unsigned int rate = chosen.value(1, m_frameRate).toUInt();
         if (size != m_imageSize) {
-            sendUsbCommand(writes.size, {{Key::PARAM2, size}});
+            sendUsbCommand(exchanges.size.write, {{Key::PARAM2, size}});
         }
         if (rate != m_frameRate) {
-            sendUsbCommand(writes.rate, {{Key::PARAM2, rate}});
+            sendUsbCommand(exchanges.rate.write, {{Key::PARAM2, rate}});
         }
     }
     m_imageSize = {};

@@ -5,7 +5,6 @@
 #include "ui/ClWidgetBase.h"
 
 #include <QSize>
-#include <QUuid>
 
 #include <memory>
 
@@ -41,15 +40,9 @@ public Q_SLOTS:
     void slotReceiveCommand(const VX_CMD& clCommand) override;
 
 private:
-    struct stExchange {
-        QUuid request;
-        QUuid answer;
-    };
-
     [[nodiscard]] std::unique_ptr<ClDialogBase> createDialog(eDialogType type);
     void addButton(const QString& use, int y, void (ClWidgetStreamSetting::*clicked)());
-    void addReads(ClReadChain& reads, eDialogType type, const stExchange& size,
-                  const stExchange& rate);
+    void addReads(ClReadChain& reads, eDialogType type);
     /// Starts @p wanted, unless it is under way, in place of @p other.
     static void read(ClReadChain& wanted, ClReadChain& other);
     /// Deals with a plain result of one of this page's commands; others are left alone.

@@ -3,6 +3,7 @@
 
 #include "pages/common/ControlGroups.h"
 #include "pages/stream/ClStreamText.h"
+#include "settings/SettingTable.h"
 #include "ui/ClDialogColumn.h"
 
 #include <QList>
@@ -13,44 +14,40 @@
 #include <array>
 #include <span>
 
-/// One radio button of the stream setting page's dialogs and the value that it stands for. The text
-/// is translated in the page's context.
-template <class Value>
-struct stStreamChoice {
-    const char* text;
-    Value value;
-};
-
-/// A radio group whose buttons stand for values.
-template <class Value>
+/// A radio group whose buttons stand for the values of a setting.
 class ClStreamChoices : public ClRadioGroup {
 public:
-    using Choices = std::span<const stStreamChoice<Value>>;
+    using Choices = std::span<const stSettingChoice>;
+    using Value = decltype(stSettingChoice::value);
 
-    /// @p choices outlives this object; @p fallback is the value of one of them.
-    ClStreamChoices(const QString& label, Choices choices, const Value& fallback, QWidget* parent)
+    /// @p texts are those of the buttons, in the page's context. Until another is chosen, and for a
+    /// value that is no choice, @p fallback is checked.
+    ClStreamChoices(const QString& label, Choices choices, std::span<const char* const> texts,
+                    const stSettingChoice& fallback, QWidget* parent)
         : ClRadioGroup(label, parent),
           m_choices(choices),
-          m_fallback(fallback) {
-        for (const stStreamChoice<Value>& choice : m_choices) {
-            m_buttons.append(addButton(ClStreamText::tr(choice.text)));
+          m_fallback(fallback.value) {
+        for (const char* const text : texts) {
+            m_buttons.append(addButton(ClStreamText::tr(text)));
         }
         check(m_fallback);
     }
 
     /// Checks the button that stands for @p value, or the fallback's when there is none.
     void check(const Value& value) {
-        auto found = std::ranges::find(m_choices, value, &stStreamChoice<Value>::value);
+        auto found = std::ranges::find(m_choices, value, &stSettingChoice::value);
         if (found == m_choices.end()) {
-            found = std::ranges::find(m_choices, m_fallback, &stStreamChoice<Value>::value);
+            found = std::ranges::find(m_choices, m_fallback, &stSettingChoice::value);
         }
         m_buttons[found - m_choices.begin()]->setChecked(true);
     }
 
     /// The value of the checked button.
-    [[nodiscard]] Value value() const {
+    template <class Type>
+    [[nodiscard]] Type value() const {
         const auto checked = std::ranges::find_if(m_buttons, &QRadioButton::isChecked);
-        return m_choices[static_cast<std::size_t>(checked - m_buttons.begin())].value;
+        return std::get<Type>(
+            m_choices[static_cast<std::size_t>(checked - m_buttons.begin())].value);
     }
 
 private:
@@ -61,24 +58,22 @@ private:
 
 namespace {
 
-constexpr QSize FULL_HD{1920, 1080};
-
+// In the order of the choices.
 constexpr std::array REC_SIZES{
-    stStreamChoice<QSize>{QT_TRANSLATE_NOOP("ClWidgetStreamSetting", "Full HD(1920x1080)"),
-                          FULL_HD},
-    stStreamChoice<QSize>{QT_TRANSLATE_NOOP("ClWidgetStreamSetting", "HD(1280x720)"),
-                          QSize(1280, 720)},
-    stStreamChoice<QSize>{QT_TRANSLATE_NOOP("ClWidgetStreamSetting", "Economy(640x480)"),
-                          QSize(640, 480)},
+    QT_TRANSLATE_NOOP("ClWidgetStreamSetting", "Full HD(1920x1080)"),
+    QT_TRANSLATE_NOOP("ClWidgetStreamSetting", "HD(1280x720)"),
+    QT_TRANSLATE_NOOP("ClWidgetStreamSetting", "Economy(640x480)"),
 };
+static_assert(REC_SIZES.size() == SettingChoices::RECORDING_SIZES.size());
 
 }  // namespace
 
 ClDialogRecSetting::ClDialogRecSetting(QWidget* parent)
     : ClDialogBase(parent),
-      m_sizes(new ClStreamChoices<QSize>(
+      m_sizes(new ClStreamChoices(
           ClStreamText::tr("Set the image quality at the time of %1").arg(ClStreamText::tr("Rec")),
-          REC_SIZES, FULL_HD, this)) {
+          SettingChoices::RECORDING_SIZES, REC_SIZES, SettingChoices::RECORDING_SIZES.front(),
+          this)) {
     (new ClDialogColumn(this))->addWidget(m_sizes);
     addButtons();
 }
@@ -88,42 +83,37 @@ void ClDialogRecSetting::setParam(const QVariantList& params) {
 }
 
 QVariantList ClDialogRecSetting::getParam() {
-    return {m_sizes->value()};
+    return {m_sizes->value<QSize>()};
 }
 
 namespace {
 
-constexpr QSize STANDARD{320, 240};
-constexpr unsigned int SMOOTHEST = 30;
-
+// In the order of the choices.
 constexpr std::array LIVE_SIZES{
-    stStreamChoice<QSize>{QT_TRANSLATE_NOOP("ClWidgetStreamSetting", "Fine(800x480)"),
-                          QSize(800, 480)},
-    stStreamChoice<QSize>{QT_TRANSLATE_NOOP("ClWidgetStreamSetting", "Standard(320x240)"),
-                          STANDARD},
+    QT_TRANSLATE_NOOP("ClWidgetStreamSetting", "Fine(800x480)"),
+    QT_TRANSLATE_NOOP("ClWidgetStreamSetting", "Standard(320x240)"),
 };
-
-constexpr std::array RATES{
-    stStreamChoice<unsigned int>{QT_TRANSLATE_NOOP("ClWidgetStreamSetting", "30 sheets(30fps)"),
-                                 SMOOTHEST},
-    stStreamChoice<unsigned int>{QT_TRANSLATE_NOOP("ClWidgetStreamSetting", "15 sheets(15fps)"),
-                                 15},
-    stStreamChoice<unsigned int>{QT_TRANSLATE_NOOP("ClWidgetStreamSetting", "10 sheets(10fps)"),
-                                 10},
-    stStreamChoice<unsigned int>{QT_TRANSLATE_NOOP("ClWidgetStreamSetting", "6 sheets(6fps)"), 6},
-    stStreamChoice<unsigned int>{QT_TRANSLATE_NOOP("ClWidgetStreamSetting", "1 sheets(1fps)"), 1},
+constexpr std::array LIVE_RATES{
+    QT_TRANSLATE_NOOP("ClWidgetStreamSetting", "30 sheets(30fps)"),
+    QT_TRANSLATE_NOOP("ClWidgetStreamSetting", "15 sheets(15fps)"),
+    QT_TRANSLATE_NOOP("ClWidgetStreamSetting", "10 sheets(10fps)"),
+    QT_TRANSLATE_NOOP("ClWidgetStreamSetting", "6 sheets(6fps)"),
+    QT_TRANSLATE_NOOP("ClWidgetStreamSetting", "1 sheets(1fps)"),
 };
+static_assert(LIVE_SIZES.size() == SettingChoices::LIVE_SIZES.size());
+static_assert(LIVE_RATES.size() == SettingChoices::LIVE_RATES.size());
 
 }  // namespace
 
 ClDialogStreamSetting::ClDialogStreamSetting(QWidget* parent)
     : ClDialogBase(parent),
-      m_sizes(new ClStreamChoices<QSize>(ClStreamText::tr("Set the image quality at the time of %1")
-                                             .arg(ClStreamText::tr("LiveView")),
-                                         LIVE_SIZES, STANDARD, this)),
-      m_rates(new ClStreamChoices<unsigned int>(
+      m_sizes(new ClStreamChoices(ClStreamText::tr("Set the image quality at the time of %1")
+                                      .arg(ClStreamText::tr("LiveView")),
+                                  SettingChoices::LIVE_SIZES, LIVE_SIZES,
+                                  SettingChoices::LIVE_SIZES.back(), this)),
+      m_rates(new ClStreamChoices(
           ClStreamText::tr("Set the fps at the time of %1").arg(ClStreamText::tr("LiveView")),
-          RATES, SMOOTHEST, this)) {
+          SettingChoices::LIVE_RATES, LIVE_RATES, SettingChoices::LIVE_RATES.front(), this)) {
     auto* column = new ClDialogColumn(this);
     column->addWidget(m_sizes);
     column->addWidget(m_rates);
@@ -136,5 +126,5 @@ void ClDialogStreamSetting::setParam(const QVariantList& params) {
 }
 
 QVariantList ClDialogStreamSetting::getParam() {
-    return {m_sizes->value(), m_rates->value()};
+    return {m_sizes->value<QSize>(), m_rates->value<unsigned int>()};
 }

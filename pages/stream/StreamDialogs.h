@@ -3,8 +3,6 @@
 
 #include "ui/ClDialogBase.h"
 
-class QSize;
-template <class Value>
 class ClStreamChoices;
 
 // The dialogs of the stream setting page.
@@ -23,7 +21,7 @@ public:
     [[nodiscard]] QVariantList getParam() override;
 
 private:
-    ClStreamChoices<QSize>* m_sizes;
+    ClStreamChoices* m_sizes;
 };
 
 /// Asks for the picture size and the frame rate of the live view.
@@ -40,6 +38,6 @@ public:
     [[nodiscard]] QVariantList getParam() override;
 
 private:
-    ClStreamChoices<QSize>* m_sizes;
-    ClStreamChoices<unsigned int>* m_rates;
+    ClStreamChoices* m_sizes;
+    ClStreamChoices* m_rates;
 };

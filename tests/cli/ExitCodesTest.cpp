@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "cli/ExitCode.h"
 #include "tests/cli/CliBench.h"
+#include "tests/support/Patience.h"
 #include "tests/support/TestSubject.h"
 #include "tests/support/WithoutFileOverride.h"
 
@@ -19,6 +20,19 @@ public:
     void receive(std::span<const std::uint8_t> packet) override {
         RecordingCamera::receive(packet);
         set("camera-name", "Gull");
+    }
+};
+
+/// Takes any contrast for one out of range.
+class StubbornCamera : public RecordingCamera {
+public:
+    void receive(std::span<const std::uint8_t> packet) override {
+        constexpr std::uint16_t SET_CONTRAST = 0x5849;
+        ByteVector heard(packet.begin(), packet.end());
+        if (readU16(packet, CODE_OFFSET) == SET_CONTRAST) {
+            writeU32(heard, HEADER_SIZE, 5);
+        }
+        RecordingCamera::receive(heard);
     }
 };
 
@@ -170,11 +184,8 @@ void ExitCodesTest::theLinkFailedWhenTheCameraGoes() {
 
 void ExitCodesTest::partlyDoneTellsWhatWasWrittenAndWhatNot() {
     CliBench bench;
-    const auto camera = bench.plug();
-    // Three reads, a write, its reading back; the second write is refused.
-    bench.bus.addFault(
-        bench.ids[0],
-        {.kind = FaultKind::CameraError, .argument = 0xFFFA, .unit = FaultUnit::Command, .nth = 6});
+    const auto camera = std::make_shared<StubbornCamera>();
+    bench.bus.plug(camera);
     const stRunResult run = CliBench::run(
         {u"set"_s, u"camera.name=Tern"_s, u"image.contrast=3"_s, u"live.rtsp-port=8554"_s});
     QCOMPARE(run.exit, codeOf(ExitCode::PartlyDone));
@@ -184,7 +195,7 @@ void ExitCodesTest::partlyDoneTellsWhatWasWrittenAndWhatNot() {
              "live.rtsp-port: 554 -> 8554 (not written)\n"_s);
     QCOMPARE(camera->item("camera-name"), u"Tern"_s);
     QCOMPARE(camera->item("rtsp-port"), u"554"_s);
-    QVERIFY(run.err.contains(u"image.contrast: the camera refuses (NUBO_CMD_ERROR_EXEC"_s));
+    QVERIFY(run.err.contains(u"image.contrast: the camera refuses (NUBO_CMD_ERROR_PARAM"_s));
 }
 
 void ExitCodesTest::aMissingFileIsOfThisComputer() {
@@ -204,7 +215,8 @@ void ExitCodesTest::interruptedBeforeTheNextTransaction() {
     const stRunResult run = CliBench::run({u"set"_s, u"camera.name=Tern"_s});
     QCOMPARE(run.exit, codeOf(ExitCode::Interrupted));
     QVERIFY(camera->takeCodes().isEmpty());
-    QCOMPARE(bench.bus.log(bench.ids[0]).openHandles, 0);
+    // The bus notices a little later that the handle is closed.
+    TRY_COMPARE(bench.bus.log(bench.ids[0]).openHandles, 0);
 }
 
 void ExitCodesTest::resultsThatCannotBeWrittenAreOfThisComputer() {

@@ -102,8 +102,12 @@ void FirmwareOnBusTest::init() {
 }
 
 void FirmwareOnBusTest::cleanup() {
-    m_bench.bus.clearFaults(m_bench.ids.front());
-    static_cast<void>(m_bench.bus.replug(m_bench.ids.front()));
+    const nubo::simulator::DeviceId id = m_bench.ids.front();
+    m_bench.bus.clearFaults(id);
+    // One that was told to update itself, whatever it answered, may be about to restart.
+    m_bench.bus.settle();
+    static_cast<void>(m_bench.bus.unplug(id));
+    static_cast<void>(m_bench.bus.replug(id));
     Interruption::reset();
 }
 

@@ -5,6 +5,7 @@
 #include "tests/cli/CliBench.h"
 #include "tests/support/TestSubject.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QRandomGenerator>
@@ -71,6 +72,7 @@ private Q_SLOTS:
     void twoFilesAreComparedWithoutACamera();
     void jsonIsTakenToo();
     void aStopTellsTheWayBack();
+    void aSerialNumberLeadsToNoOtherFolder();
 
 private:
     QString file(const char* name, const QByteArray& text = {}) const {
@@ -254,6 +256,18 @@ void ProfileTest::aStopTellsTheWayBack() {
     QCOMPARE(run.exit, 8);
     QVERIFY2(run.err.contains(u"to go back: nuboctl set 'camera.name=Gull'"_s),
              qPrintable(run.err));
+}
+
+void ProfileTest::aSerialNumberLeadsToNoOtherFolder() {
+    QVERIFY(m_first->set("serial-number", "../SIM0001"));
+    // The bus tells the number that the camera was plugged in with.
+    QVERIFY(m_bench.bus.unplug(m_bench.ids[0]));
+    QVERIFY(m_bench.bus.replug(m_bench.ids[0]));
+    QVERIFY(QDir(m_folder.path()).mkdir(u"in"_s));
+    const QString path = m_folder.filePath(u"in/{serial}.nubo"_s);
+    QCOMPARE(CliBench::run({u"-c"_s, u"1-2"_s, u"export"_s, path}).exit, 0);
+    QCOMPARE(QDir(m_folder.filePath(u"in"_s)).entryList(QDir::Files | QDir::Hidden),
+             QStringList{u".._SIM0001.nubo"_s});
 }
 
 const TestSubject registered = subjectWithoutApplication<ProfileTest>();

@@ -32,15 +32,18 @@ def controls_below(node):
     """All that is on show below a node; what goes meanwhile is left out."""
     try:
         node.clear_cache()
-        control = Control(node, node.getRole(), node.name, node.getState().getStates())
+        states = node.getState().getStates()
+        # Each question is a message to the program: a hidden page is asked no more.
+        if pyatspi.STATE_SHOWING not in states:
+            return
+        control = Control(node, node.getRole(), node.name, states)
         children = list(node)
     except GONE:
         return
-    if control.has_state(pyatspi.STATE_SHOWING):
-        yield control
-        for child in children:
-            if child is not None:
-                yield from controls_below(child)
+    yield control
+    for child in children:
+        if child is not None:
+            yield from controls_below(child)
 
 
 def click(control):
@@ -62,10 +65,15 @@ class Screen:
                 return program
         return None
 
-    def controls(self):
+    def _walk(self):
         # A program itself is never on show, but its windows are.
         self._application.clear_cache()
-        return [c for window in self._application if window for c in controls_below(window)]
+        for window in self._application:
+            if window is not None:
+                yield from controls_below(window)
+
+    def controls(self):
+        return list(self._walk())
 
     def texts(self):
         """The names of all that is on show: of a label, its text."""
@@ -75,7 +83,7 @@ class Screen:
         """The control of this role and name; waits until it is on show."""
 
         def search():
-            found = (c for c in self.controls() if c.role == role and c.name == name)
+            found = (c for c in self._walk() if c.role == role and c.name == name)
             return next(found, None)
 
         return wait_for(search, f"{role} '{name}'")
@@ -99,7 +107,7 @@ class Screen:
         self.find(pyatspi.ROLE_TEXT, name).node.queryEditableText().setTextContents(text)
 
     def wait_for_text(self, text):
-        wait_for(lambda: text in self.texts(), f"text '{text}'")
+        wait_for(lambda: any(c.name == text for c in self._walk()), f"text '{text}'")
 
     def wait_until_gone(self, text):
         wait_for(lambda: text not in self.texts(), f"the end of text '{text}'")

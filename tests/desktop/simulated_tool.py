@@ -34,6 +34,11 @@ class SimulatedTool:
             stderr=errors,
         )
 
+    @property
+    def pid(self):
+        """Of the simulator, which has started the tool."""
+        return self._process.pid
+
     def wait(self):
         """Waits until the tool has ended by itself; its exit code."""
         return self._process.wait(PATIENCE_S)

@@ -12,6 +12,9 @@
 #include <QSignalSpy>
 #include <QTest>
 
+#include <memory>
+#include <utility>
+
 /// Has the network pages know what they know when the program has just started. @return no parent
 inline QWidget* startAnew() {
     g_bIsWifiON = false;
@@ -41,9 +44,15 @@ inline const QStringList FAILURE_TEXTS{
 /// the camera ends in a spy.
 template <class Page>
 class PageBench {
+    std::unique_ptr<Page> m_page;
+
 public:
     explicit PageBench(QSize size = {600, 466})
-        : page(startAnew()),
+        : PageBench(std::make_unique<Page>(startAnew()), size) {}
+    /// @param created after startAnew().
+    explicit PageBench(std::unique_ptr<Page> created, QSize size = {600, 466})
+        : m_page(std::move(created)),
+          page(*m_page),
           sent(&page, &ClWidgetBase::sigSendCommand),
           user(page) {
         page.resize(size);
@@ -90,7 +99,7 @@ public:
     }
 
     BoxUser boxes;
-    Page page;
+    Page& page;
     QSignalSpy sent;
     PageUser user;
 };

@@ -10,10 +10,29 @@
 #include <QSignalSpy>
 #include <QTest>
 
+#include <array>
 #include <limits>
 #include <memory>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+struct stLook {
+    const char* caption;
+    const char* picture;
+};
+
+/// Of the buttons, from left to right.
+constexpr std::array LOOKS{
+    stLook{"Camera state", ":/img/button_camera"},
+    stLook{"Network setting", ":/img/button_network"},
+    stLook{"Basic setting", ":/img/button_setting"},
+    stLook{"Stream setting", ":/img/button_stream"},
+    stLook{"Help", ":/img/button_help"},
+};
+
+}  // namespace
 
 /// The bar of five buttons that choose the page.
 class SelectModeTest : public QObject {
@@ -24,17 +43,17 @@ private Q_SLOTS:
     void cleanup();
 
     void fiveButtonsStandInARow();
-    void aButtonHasItsCaptionAndPicture_data();
+    void aButtonHasItsCaptionAndPicture_data() { addModes(); }
     void aButtonHasItsCaptionAndPicture();
     void theBarStartsDisabled();
-    void activatingAModeChecksItsButtonAndEnablesAll_data();
+    void activatingAModeChecksItsButtonAndEnablesAll_data() { addModes(); }
     void activatingAModeChecksItsButtonAndEnablesAll();
     void noModeDisablesAllButtons();
     void aModeThatStandsIsAnnouncedAgain_data();
     void aModeThatStandsIsAnnouncedAgain();
     void anUnknownModeChangesNothing_data();
     void anUnknownModeChangesNothing();
-    void aClickAnnouncesTheMode_data();
+    void aClickAnnouncesTheMode_data() { addModes(); }
     void aClickAnnouncesTheMode();
     void aClickOnTheCheckedButtonAnnouncesItsModeAgain();
     void aDisabledButtonCannotBeClicked();
@@ -42,6 +61,7 @@ private Q_SLOTS:
     void theBarSendsNothingToTheCamera();
 
 private:
+    static void addModes();
     [[nodiscard]] QList<int> announced() const;
     [[nodiscard]] QList<bool> enabled() const;
     [[nodiscard]] int checkedMode() const;
@@ -64,6 +84,13 @@ void SelectModeTest::init() {
 void SelectModeTest::cleanup() {
     m_modes.reset();
     m_bar.reset();
+}
+
+void SelectModeTest::addModes() {
+    QTest::addColumn<int>("mode");
+    for (std::size_t index = 0; index < LOOKS.size(); ++index) {
+        QTest::newRow(LOOKS[index].caption) << static_cast<int>(index + 1);
+    }
 }
 
 QList<int> SelectModeTest::announced() const {
@@ -105,41 +132,24 @@ void SelectModeTest::fiveButtonsStandInARow() {
     QCOMPARE(group->buttons(), QList<QAbstractButton*>(m_buttons.begin(), m_buttons.end()));
 }
 
-void SelectModeTest::aButtonHasItsCaptionAndPicture_data() {
-    QTest::addColumn<int>("mode");
-    QTest::addColumn<QString>("caption");
-    QTest::addColumn<QString>("picture");
-    QTest::newRow("camera state") << 1 << u"Camera state"_s << u":/img/button_camera"_s;
-    QTest::newRow("network setting") << 2 << u"Network setting"_s << u":/img/button_network"_s;
-    QTest::newRow("basic setting") << 3 << u"Basic setting"_s << u":/img/button_setting"_s;
-    QTest::newRow("stream setting") << 4 << u"Stream setting"_s << u":/img/button_stream"_s;
-    QTest::newRow("help") << 5 << u"Help"_s << u":/img/button_help"_s;
-}
-
 void SelectModeTest::aButtonHasItsCaptionAndPicture() {
     QFETCH(int, mode);
-    QFETCH(QString, picture);
+    const stLook& look = LOOKS[static_cast<std::size_t>(mode - 1)];
     ClButtonMode* button = m_buttons.at(mode - 1);
-    QTEST(button->findChild<QLabel*>()->text(), "caption");
+    QCOMPARE(button->findChild<QLabel*>()->text(), QLatin1String(look.caption));
 
     // An idle button paints nothing but its picture.
     QImage canvas(button->size(), QImage::Format_ARGB32_Premultiplied);
     canvas.fill(Qt::transparent);
     button->render(&canvas, QPoint(), QRegion(), QWidget::RenderFlags());
-    const QImage expected = artwork(picture, 1).toImage();
+    const QImage expected = artwork(QLatin1String(look.picture), 1).toImage();
+    QVERIFY(!expected.isNull());
     QCOMPARE(canvas.copy(26, 7, expected.width(), expected.height()), expected);
 }
 
 void SelectModeTest::theBarStartsDisabled() {
     QCOMPARE(enabled(), QList<bool>(5, false));
     QCOMPARE(checkedMode(), 0);
-}
-
-void SelectModeTest::activatingAModeChecksItsButtonAndEnablesAll_data() {
-    QTest::addColumn<int>("mode");
-    for (int mode = 1; mode <= 5; ++mode) {
-        QTest::addRow("%d", mode) << mode;
-    }
 }
 
 void SelectModeTest::activatingAModeChecksItsButtonAndEnablesAll() {
@@ -188,10 +198,6 @@ void SelectModeTest::anUnknownModeChangesNothing() {
     QCOMPARE(enabled(), QList<bool>(5, true));
     QCOMPARE(checkedMode(), 4);
     QCOMPARE(announced(), QList<int>{4});
-}
-
-void SelectModeTest::aClickAnnouncesTheMode_data() {
-    activatingAModeChecksItsButtonAndEnablesAll_data();
 }
 
 void SelectModeTest::aClickAnnouncesTheMode() {

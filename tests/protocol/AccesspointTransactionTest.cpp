@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "protocol/ClBulkPort.h"
 #include "protocol/ClNuboTransactions.h"
 #include "tests/protocol/WirePackets.h"
 #include "tests/support/ScriptedPort.h"
@@ -35,6 +36,29 @@ stAccesspointInfo listed() {
     return {QStringLiteral("before"), QStringLiteral("too"), 71, 72, 73, 74};
 }
 
+/// A camera that announces as many access points as can be, and never runs out of them.
+class EndlessPort : public ClBulkPort {
+public:
+    int write(const QByteArray& data, int /*timeoutMs*/, unsigned char /*endpoint*/) override {
+        m_id = data.mid(2, 2);
+        return static_cast<int>(data.size());
+    }
+
+    QByteArray read(int /*timeoutMs*/, unsigned char /*endpoint*/, int* /*status*/) override {
+        const int number = (m_reads + 1) / 2;
+        const QByteArray announced = m_reads++ == 0
+                                         ? QByteArray(4, '\xff')
+                                         : QByteArray(1, static_cast<char>(number)) +
+                                               QByteArray(1, static_cast<char>(number / 256)) +
+                                               QByteArray(2, '\0');
+        return QByteArray(2, '\0') + m_id + QByteArray(8, '\0') + announced + QByteArray(16, '\0');
+    }
+
+private:
+    QByteArray m_id;
+    int m_reads = 0;
+};
+
 }  // namespace
 
 /// The scan for access points: an answer with their number and two packets for each.
@@ -49,6 +73,7 @@ private Q_SLOTS:
     void aFailureKeepsWhatWasFoundBefore();
     void theStopFlagEndsTheScan_data();
     void theStopFlagEndsTheScan();
+    void aScanWithoutEndEnds();
 
 private:
     static void runAndCompare();
@@ -178,6 +203,14 @@ void AccesspointTransactionTest::theStopFlagEndsTheScan_data() {
 
 void AccesspointTransactionTest::theStopFlagEndsTheScan() {
     runAndCompare();
+}
+
+void AccesspointTransactionTest::aScanWithoutEndEnds() {
+    EndlessPort port;
+    const std::atomic<bool> isStopped = false;
+    AccesspointList list;
+    QCOMPARE(ClNuboTransactions(port, isStopped).accesspointList(list), 0);
+    QCOMPARE(list.size(), 1000);
 }
 
 const TestSubject registered = subjectWithoutScreen<AccesspointTransactionTest>();

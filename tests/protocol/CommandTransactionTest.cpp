@@ -38,6 +38,8 @@ private Q_SLOTS:
     void theWriteDecidesWhetherAnAnswerIsRead_data();
     void theWriteDecidesWhetherAnAnswerIsRead();
     void aCommandWithoutBytesIsNotWritten();
+    void anAnswerCutShortFailsWhereItIsWanted_data();
+    void anAnswerCutShortFailsWhereItIsWanted();
 
     void threeReadsWaitForTheAnswer_data();
     void threeReadsWaitForTheAnswer();
@@ -126,6 +128,35 @@ void CommandTransactionTest::aCommandWithoutBytesIsNotWritten() {
     QCOMPARE(ClNuboTransactions(port, port.stop()).command(command, TIMEOUT_MS), 0xEF01);
     QCOMPARE(port.complaint(), QString());
     QVERIFY(port.transfers().isEmpty());
+}
+
+void CommandTransactionTest::anAnswerCutShortFailsWhereItIsWanted_data() {
+    QTest::addColumn<QByteArray>("answer");
+    QTest::addColumn<unsigned short>("result");
+    const auto row = [](const char* name, const QByteArray& answer, unsigned short result) {
+        QTest::newRow(name) << answer << result;
+    };
+    row("whole", ANSWER, 0);
+    row("whole, of a text", "0000 <id> 1d000000 0000 0000 01000000 6e 01000000 02000000 03000000",
+        0);
+    row("longer than it says", ANSWER + " a5a5", 0);
+    row("cut in the last value", ANSWER.chopped(2), 0xEF04);
+    row("cut in the text", "0000 <id> 1f000000 0000 0000 03000000 6e75", 0xEF04);
+    row("head alone", "0000 <id> 20000000 0000 0000", 0xEF04);
+    row("head alone, and says so", "0000 <id> 0c000000 0000 0000", 0);
+    row("cut in the head", "0000 <id> 00000000 00", 0xEF04);
+    row("cut in the length", "0000 <id> 20", 0xEF04);
+    row("cut, of a camera that is busy", "0000 <id> 20000000 f9ff", 0xEF04);
+}
+
+void CommandTransactionTest::anAnswerCutShortFailsWhereItIsWanted() {
+    QFETCH(const QByteArray, answer);
+    QFETCH(const unsigned short, result);
+    ScriptedPort port({writes(GET_BATTERY), reads(answer)});
+    ClNuboCommandGetBatteryState command;
+    ClNuboTransactions transactions(port, port.stop(), ClNuboTransactions::CutAnswers::Fail);
+    QCOMPARE(transactions.command(command, TIMEOUT_MS), result);
+    QCOMPARE(port.complaint(), QString());
 }
 
 void CommandTransactionTest::threeReadsWaitForTheAnswer_data() {

@@ -3,6 +3,6 @@
 # writes the files that name the camera's identity.
 include(${CMAKE_CURRENT_LIST_DIR}/../../cmake/NuboUsbIdentity.cmake)
 set(packaging ${CMAKE_CURRENT_LIST_DIR}/../../packaging)
-foreach(file IN ITEMS 70-nubo-setting-tool.rules nubo-setting-tool.metainfo.xml)
+foreach(file IN ITEMS 70-nubo-setting-tool.rules metainfo.xml)
     nubo_configure_identity_file(${packaging}/${file}.in ${OUTPUT}/${file})
 endforeach()

@@ -51,7 +51,7 @@ class IdentityOptionsTest(unittest.TestCase):
                 )
                 self.assertIn(
                     f"<modalias>usb:{alias}d*</modalias>",
-                    self.written("nubo-setting-tool.metainfo.xml"),
+                    self.written("metainfo.xml"),
                 )
 
     def test_what_is_no_identifier_is_refused_by_its_option_and_value(self):

@@ -83,7 +83,12 @@ void SettingTableTest::groupsPatternsAndKeysAreFound() {
     QCOMPARE(matchingSettings(u"*.size"_s).size(), 2);
     QCOMPARE(matchingSettings(u"camera.name"_s), (QList{&setting("camera.name")}));
     QCOMPARE(matchingSettings(u"*"_s).size(), static_cast<qsizetype>(settings().size()));
+    QCOMPARE(matchingSettings(u"gps.sav?-log"_s), (QList{&setting("gps.save-log")}));
     QVERIFY(matchingSettings(u"camera.nam"_s).isEmpty());
+    // In a pattern only the two are special.
+    QVERIFY(matchingSettings(u"*[wifi"_s).isEmpty());
+    QVERIFY(matchingSettings(u"camera?name.*"_s).isEmpty());
+    QVERIFY(matchingSettings(u"[a-z]*"_s).isEmpty());
 }
 
 void SettingTableTest::aMisspeltKeyIsGuessed_data() {

@@ -107,6 +107,7 @@ void BusFaultTest::transferEndsAsTheFaultSays_data() {
              Row{FaultKind::Stall, LIBUSB_ERROR_PIPE},
              Row{FaultKind::Babble, LIBUSB_ERROR_OVERFLOW},
              Row{FaultKind::UnplugBefore, LIBUSB_ERROR_NO_DEVICE},
+             Row{FaultKind::LinkError, LIBUSB_ERROR_IO},
          }) {
         const std::string_view name = faultInfo(row.kind).name;
         QTest::addRow("%s, IN", name.data()) << row.kind << true << row.code;
@@ -125,7 +126,7 @@ void BusFaultTest::transferEndsAsTheFaultSays() {
         in ? bulkIn(m_handle, 1024, timeout).code : bulkOut(m_handle, bytes(COMMAND), timeout);
     QCOMPARE(struck, code);
     QVERIFY(m_device->received().empty());
-    const bool leaves = code == LIBUSB_ERROR_NO_DEVICE;
+    const bool leaves = code == LIBUSB_ERROR_NO_DEVICE || kind == FaultKind::LinkError;
     QVERIFY(m_bus->waitForPlugged(m_id, !leaves, PATIENCE));
     if (!leaves) {
         QCOMPARE(bulkIn(m_handle, 1024).bytes, bytes(ANSWER));

@@ -38,6 +38,8 @@ void SimulatorProgramTest::helpNamesEveryOptionLineItemAndFault() {
                                    "--restart-delay MS",
                                    "--answer-delay MS",
                                    "--as-user",
+                                   "--gadget",
+                                   "--udc NAME",
                                    "--version",
                                    "picture FILE",
                                    "save-firmware FILE",
@@ -94,6 +96,9 @@ void SimulatorProgramTest::wrongArgumentIsAOneLineError_data() {
     QTest::newRow("no camera") << QStringList{u"--cameras"_s, u"0"_s, u"--"_s, u"true"_s};
     QTest::newRow("value missing") << QStringList{u"--control"_s};
     QTest::newRow("value empty") << QStringList{u"--script"_s, QString(), u"--"_s, u"true"_s};
+    QTest::newRow("two gadgets") << QStringList{u"--gadget"_s, u"--cameras"_s, u"2"_s};
+    QTest::newRow("controller of no gadget")
+        << QStringList{u"--udc"_s, u"a.usb"_s, u"--"_s, u"true"_s};
     QTest::newRow("negative delay")
         << QStringList{u"--restart-delay"_s, u"-1"_s, u"--"_s, u"true"_s};
     QTest::newRow("socket path too long")

@@ -141,9 +141,15 @@ void FaultMatrixUnplugTest::theToolIsToldOnceAndGoesOn() {
 }
 
 void FaultMatrixUnplugTest::everyCameraWorksWhenItIsBack() {
+    // The announcements of the emulated bus end the process when nobody has read the last ten.
+    constexpr int BURST = 5;
     m_bench.ui.forgetArrivals();
+    int back = 0;
     for (const auto& [charge, camera] : m_cameras) {
         QVERIFY(m_bench.bus.replug(camera));
+        if (++back % BURST == 0) {
+            QVERIFY(m_bench.ui.waitForOpened(back));
+        }
     }
     QVERIFY(m_bench.ui.waitForOpened(std::ssize(m_cameras)));
     QCOMPARE(m_bench.ui.closed().size(), 0);

@@ -40,6 +40,7 @@ private Q_SLOTS:
     void aClosedControllerTransfersNothing();
     void theDeviceGoesInTheMiddleOfATransfer_data();
     void theDeviceGoesInTheMiddleOfATransfer();
+    void aTornTransferFailsAndTheNextOneTellsThatTheDeviceHasGone();
 };
 
 void UsbControllerTransferTest::readTakesWhatArrives_data() {
@@ -251,6 +252,20 @@ void UsbControllerTransferTest::theDeviceGoesInTheMiddleOfATransfer() {
     QCOMPARE(error, -4);
     QCOMPARE(bench.controller.write("request", TIMEOUT_MS, OWN_ENDPOINT), -4);
     bench.controller.close();
+    QCOMPARE(closings.size(), 1);
+}
+
+// As the kernel has it: what is under way ends in an error of the link.
+void UsbControllerTransferTest::aTornTransferFailsAndTheNextOneTellsThatTheDeviceHasGone() {
+    ControllerBench bench;
+    QSignalSpy closings(&bench.controller, &ClUsbController::sigClose);
+    QCOMPARE(bench.controller.open(), 0);
+    bench.bus.addFault(bench.id, {.kind = FaultKind::LinkError});
+    int error = 0;
+    QCOMPARE(bench.controller.read(TIMEOUT_MS, OWN_ENDPOINT, &error), QByteArray());
+    QCOMPARE(error, 0xEF05);
+    QCOMPARE(bench.controller.read(TIMEOUT_MS, OWN_ENDPOINT, &error), QByteArray());
+    QCOMPARE(error, 0xEF00);
     QCOMPARE(closings.size(), 1);
 }
 

@@ -42,17 +42,23 @@ void UsbManagerShutdownTest::anIdleManagerEnds_data() {
 
 void UsbManagerShutdownTest::anIdleManagerEnds() {
     QFETCH(const bool, isStarted);
+    constexpr int ROUNDS = 20;
     ManagerBench bench;
     const qsizetype files = openFileCount();
-    if (isStarted) {
-        QCOMPARE(bench.start(), 0);
-        QCOMPARE_GT(openFileCount(), files);
+    for (int round = 0; round < ROUNDS; ++round) {
+        bench.manager = std::make_unique<ClUsbManager>();
+        if (isStarted) {
+            const qsizetype filesBefore = openFileCount();
+            QCOMPARE(bench.start(), 0);
+            QCOMPARE_GT(openFileCount(), filesBefore);
+        }
+        const qint64 before = bench.ui.now();
+        bench.manager.reset();
+        QCOMPARE_LT(bench.ui.now() - before, SLACK_MS);
     }
-    const qint64 before = bench.ui.now();
-    bench.manager.reset();
-    QCOMPARE_LT(bench.ui.now() - before, SLACK_MS);
-    // libusb has ended too.
-    TRY_VERIFY(openFileCount() <= files);
+    // libusb has ended too, each time. The emulated bus opens a file of its own when its thread
+    // comes to it, which may be only now.
+    TRY_VERIFY(openFileCount() < files + ROUNDS);
 }
 
 void UsbManagerShutdownTest::anOpenCameraIsGivenBackWithoutAMessage_data() {

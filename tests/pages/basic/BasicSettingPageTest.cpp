@@ -2,6 +2,7 @@
 #include "pages/basic/ClDialogCameraName.h"
 #include "pages/basic/ClWidgetBasicSetting.h"
 #include "tests/pages/PageBench.h"
+#include "tests/pages/Refusals.h"
 #include "tests/pages/basic/BasicSettingMessages.h"
 #include "tests/support/DialogControls.h"
 #include "tests/support/TestSubject.h"
@@ -23,8 +24,6 @@ public:
 
     int pollingStarts = 0;
 };
-
-const QString UNKNOWN_ERROR = u"Exec failed, unknown error"_s;
 
 VX_CMD nameAnswer(const QString& name) {
     return valuesMessage(USB_RES_NUBO_CMD_GET_CAMERANAME, {name});
@@ -204,12 +203,9 @@ void BasicSettingPageTest::aFailureIsShownForThePagesOwnCommands_data() {
     const auto add = [](const QUuid& kind, unsigned short code, const QString& text) {
         QTest::addRow("0x%04X", code) << kind << code << text;
     };
-    add(USB_NUBO_CMD_RESPONSE, 0xFFFF, UNKNOWN_ERROR);
-    add(USB_NUBO_CMD_RESPONSE, 0xFFFE, u"Timeout error, please reset"_s);
-    add(USB_NUBO_CMD_RESPONSE, 0xFFFC, u"Command error, version up"_s);
-    add(USB_NUBO_CMD_RESPONSE, 0xFFFB, u"Parameter setting failed"_s);
-    add(USB_NUBO_CMD_RESPONSE, 0xFFFA, u"Timeout error, please reset"_s);
-    add(USB_NUBO_CMD_RESPONSE, 0x0001, UNKNOWN_ERROR);
+    for (const auto& [code, text] : REFUSALS) {
+        add(USB_NUBO_CMD_RESPONSE, code, text);
+    }
     add(USB_CMD_ERROR, 0xEF00, UNKNOWN_ERROR);
     add(USB_CMD_ERROR, 0xEF03, UNKNOWN_ERROR);
     add(USB_CMD_ERROR, 0xEF05, UNKNOWN_ERROR);

@@ -2,9 +2,11 @@
 #include "pages/basic/ClDialogCalendar.h"
 #include "pages/basic/ClDialogTime.h"
 #include "tests/support/BoxUser.h"
+#include "tests/support/Contrast.h"
 #include "tests/support/DialogControls.h"
 #include "tests/support/Patience.h"
 #include "tests/support/TestSubject.h"
+#include "ui/Colours.h"
 
 #include <QAccessible>
 #include <QCalendarWidget>
@@ -21,7 +23,7 @@ QCalendarWidget* calendar(const QWidget& dialog) {
     return dialog.findChild<QCalendarWidget*>();
 }
 
-/// The days, which have the keyboard.
+/// The days, which have the focus.
 QWidget* days(const QWidget& dialog) {
     return calendar(dialog)->findChild<QTableView*>();
 }
@@ -54,6 +56,7 @@ private Q_SLOTS:
     void leavesTheFieldsWhenItIsDeclined();
     void opensFromTheKeyboard();
     void theArrowsAreNamed();
+    void theBarIsWhiteOnTheAccent();
 };
 
 void CalendarDialogTest::isLimitedToTheYearsOfTheCamera_data() {
@@ -212,11 +215,32 @@ void CalendarDialogTest::theArrowsAreNamed() {
     const ClDialogCalendar dialog;
     QStringList names;
     for (QToolButton* const button : dialog.findChildren<QToolButton*>()) {
-        if (button->text().isEmpty()) {
+        if (button->text().size() == 1) {
             names.append(QAccessible::queryAccessibleInterface(button)->text(QAccessible::Name));
         }
     }
     QCOMPARE(names, (QStringList{u"Previous month"_s, u"Next month"_s}));
+}
+
+void CalendarDialogTest::theBarIsWhiteOnTheAccent() {
+    ClDialogCalendar dialog;
+    QVERIFY(open(dialog));
+    const QRect bar(0, 0, calendar(dialog)->width(), days(dialog)->y());
+    const QImage picture = calendar(dialog)->grab(bar).toImage();
+    QCOMPARE(groundOf(picture), ACCENT_COLOUR);
+    bool hasWhite = false;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            // What is drawn smoothly lies between the two.
+            const QColor colour = picture.pixelColor(x, y);
+            QVERIFY2(colour.red() >= ACCENT_COLOUR.red() &&
+                         colour.green() >= ACCENT_COLOUR.green() &&
+                         colour.blue() >= ACCENT_COLOUR.blue(),
+                     qPrintable(u"%1 at %2, %3"_s.arg(colour.name()).arg(x).arg(y)));
+            hasWhite = hasWhite || colour == Qt::white;
+        }
+    }
+    QVERIFY(hasWhite);
 }
 
 const TestSubject registered = subjectWithWidgets<CalendarDialogTest>();

@@ -7,9 +7,12 @@
 #include <QLabel>
 #include <QRadioButton>
 #include <QSlider>
+#include <QStyle>
+#include <QStyleOptionSlider>
 #include <QTest>
 
 #include <algorithm>
+#include <cstdlib>
 
 using namespace Qt::StringLiterals;
 
@@ -48,6 +51,7 @@ private Q_SLOTS:
     void contrastLoads();
     void contrastCannotLeaveItsRange();
     void contrastIsLightAtTheLowEnd();
+    void theContrastsTextsStandInLineWithItsHandle();
 };
 
 void OptionDialogsTest::ledLoads_data() {
@@ -260,6 +264,27 @@ void OptionDialogsTest::contrastIsLightAtTheLowEnd() {
     const DialogControls controls(dialog);
     controls.slide(Qt::Key_Left);
     QCOMPARE(dialog.getParam().constFirst().toInt(), 1);
+}
+
+void OptionDialogsTest::theContrastsTextsStandInLineWithItsHandle() {
+    ClDialogImageQuarity dialog;
+    QVERIFY(open(dialog));
+    auto* const slider = dialog.findChild<QSlider*>();
+    QStyleOptionSlider option;
+    option.initFrom(slider);
+    option.tickPosition = slider->tickPosition();
+    option.maximum = slider->maximum();
+    const QRect handle = slider->style()->subControlRect(QStyle::CC_Slider, &option,
+                                                         QStyle::SC_SliderHandle, slider);
+    // Some styles draw the edge of the handle around this place.
+    QVERIFY(slider->rect().adjusted(0, 1, 0, -1).contains(handle));
+    const int middle = slider->mapTo(&dialog, handle.center()).y();
+    for (const QLabel* label : dialog.findChildren<QLabel*>()) {
+        if (label->buddy() == nullptr) {
+            QVERIFY2(std::abs(label->geometry().center().y() - middle) <= 1,
+                     qPrintable(label->text()));
+        }
+    }
 }
 
 const TestSubject registered = subjectWithWidgets<OptionDialogsTest>();

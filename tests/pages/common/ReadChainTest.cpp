@@ -63,9 +63,9 @@ ClReadChain& ReadChainTest::createChain(stReadRules rules) {
             m_chain->start();
         }
     };
-    m_chain->add({USB_REQ_NUBO_CMD_GET_INFRA_SSID, USB_RES_NUBO_CMD_GET_INFRA_SSID, show});
-    m_chain->add({USB_REQ_NUBO_CMD_GET_WIFI_INFO, USB_RES_NUBO_CMD_GET_WIFI_INFO, show});
-    m_chain->add({USB_REQ_NUBO_CMD_GET_TIME, USB_RES_NUBO_CMD_GET_TIME, show});
+    m_chain->add({{USB_REQ_NUBO_CMD_GET_INFRA_SSID, USB_RES_NUBO_CMD_GET_INFRA_SSID, {}}, show});
+    m_chain->add({{USB_REQ_NUBO_CMD_GET_WIFI_INFO, USB_RES_NUBO_CMD_GET_WIFI_INFO, {}}, show});
+    m_chain->add({{USB_REQ_NUBO_CMD_GET_TIME, USB_RES_NUBO_CMD_GET_TIME, {}}, show});
     return *m_chain;
 }
 

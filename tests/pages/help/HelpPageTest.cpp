@@ -2,6 +2,7 @@
 #include "pages/help/ClWidgetHelp.h"
 #include "pages/help/ClWidgetLogo.h"
 #include "tests/pages/PageBench.h"
+#include "tests/pages/Refusals.h"
 #include "tests/support/HelpReader.h"
 #include "tests/support/SummerTime.h"
 #include "tests/support/TestSubject.h"
@@ -20,25 +21,28 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-struct stRead {
+struct stRow {
     const char* name;
+    int y;
+    QString caption;
     QUuid request;
     QUuid answer;
     QVariant value;
     QString text;
 };
 
-/// The chain, with a value for each.
-const QList<stRead> CHAIN{
-    {"firmware", USB_REQ_NUBO_CMD_GET_FWVERSION, USB_RES_NUBO_CMD_GET_FWVERSION, u"1.00"_s,
-     u"1.00"_s},
-    {"serial number", USB_REQ_NUBO_CMD_GET_SERIALNO, USB_RES_NUBO_CMD_GET_SERIALNO, u"SIM0001"_s,
-     u"SIM0001"_s},
-    {"MAC address", USB_REQ_NUBO_CMD_GET_MACADDRESS, USB_RES_NUBO_CMD_GET_MACADDRESS,
-     u"02:00:5e:10:00:01"_s, u"02:00:5e:10:00:01"_s},
-    {"day", USB_REQ_NUBO_CMD_GET_CREATEDAY, USB_RES_NUBO_CMD_GET_CREATEDAY,
+/// What the camera is asked for, in that order, with a value for each.
+const QList<stRow> CHAIN{
+    {"firmware", 195, u"NuBo firmware version"_s, USB_REQ_NUBO_CMD_GET_FWVERSION,
+     USB_RES_NUBO_CMD_GET_FWVERSION, u"1.00"_s, u"1.00"_s},
+    {"serial number", 322, u"Serial number"_s, USB_REQ_NUBO_CMD_GET_SERIALNO,
+     USB_RES_NUBO_CMD_GET_SERIALNO, u"SIM0001"_s, u"SIM0001"_s},
+    {"MAC address", 352, u"MAC address"_s, USB_REQ_NUBO_CMD_GET_MACADDRESS,
+     USB_RES_NUBO_CMD_GET_MACADDRESS, u"02:00:5e:10:00:01"_s, u"02:00:5e:10:00:01"_s},
+    {"day", 382, u"Create day"_s, USB_REQ_NUBO_CMD_GET_CREATEDAY, USB_RES_NUBO_CMD_GET_CREATEDAY,
      QDateTime({2014, 3, 5}, {23, 59, 59}), u"2014/03/05"_s},
-    {"country", USB_REQ_NUBO_CMD_GET_COUNTRY, USB_RES_NUBO_CMD_GET_COUNTRY, u"EU"_s, u"Europe"_s},
+    {"country", 412, u"Country"_s, USB_REQ_NUBO_CMD_GET_COUNTRY, USB_RES_NUBO_CMD_GET_COUNTRY,
+     u"EU"_s, u"Europe"_s},
 };
 
 }  // namespace
@@ -93,11 +97,9 @@ void HelpPageTest::theRowsStandAtTheirPlaces_data() {
     QTest::addColumn<QString>("caption");
     QTest::addColumn<QString>("value");
     QTest::newRow("tool") << 100 << u"NuBoSettingTool version"_s << u"01.00.020"_s;
-    QTest::newRow("firmware") << 195 << u"NuBo firmware version"_s << u"1.00"_s;
-    QTest::newRow("serial number") << 322 << u"Serial number"_s << u"SIM0001"_s;
-    QTest::newRow("MAC address") << 352 << u"MAC address"_s << u"02:00:5e:10:00:01"_s;
-    QTest::newRow("day") << 382 << u"Create day"_s << u"2014/03/05"_s;
-    QTest::newRow("country") << 412 << u"Country"_s << u"Europe"_s;
+    for (const stRow& row : CHAIN) {
+        QTest::newRow(row.name) << row.y << row.caption << row.text;
+    }
 }
 
 void HelpPageTest::theRowsStandAtTheirPlaces() {
@@ -141,6 +143,7 @@ void HelpPageTest::theBannerStandsInTheMiddle() {
 void HelpPageTest::theTextsAreThePages() {
     const TaggingTranslator translator;
     ClWidgetHelp page(nullptr);
+    page.show();
     page.slotReceiveCommand(valueAnswer(CHAIN[3].answer, CHAIN[3].value));
     for (const QLabel* label : page.findChildren<QLabel*>()) {
         const bool isValue = label->x() == 236 || label->text().isEmpty();
@@ -255,27 +258,15 @@ void HelpPageTest::aFailureEndsTheChain_data() {
     QTest::addColumn<QUuid>("kind");
     QTest::addColumn<unsigned short>("code");
     QTest::addColumn<QStringList>("texts");
-    const QString unknown = u"Exec failed, unknown error"_s;
-    const QString timeout = u"Timeout error, please reset"_s;
-    const QList<std::pair<unsigned short, QString>> errors{
-        {0xFFFF, unknown},
-        {0xFFFE, timeout},
-        {0xFFFD, unknown},
-        {0xFFFC, u"Command error, version up"_s},
-        {0xFFFB, u"Parameter setting failed"_s},
-        {0xFFFA, timeout},
-        {0xFFF5, unknown},
-        {0x0001, unknown},
-    };
     for (int step = 0; step < CHAIN.size(); ++step) {
         const auto row = [step](const QUuid& kind, unsigned short code, const QStringList& texts) {
             QTest::addRow("%s, 0x%04X", CHAIN[step].name, code) << step << kind << code << texts;
         };
-        for (const auto& [code, text] : errors) {
+        for (const auto& [code, text] : REFUSALS) {
             row(USB_NUBO_CMD_RESPONSE, code, {text});
         }
         for (unsigned short code = 0xEF01; code <= 0xEF05; ++code) {
-            row(USB_CMD_ERROR, code, {unknown});
+            row(USB_CMD_ERROR, code, {UNKNOWN_ERROR});
         }
         row(USB_CMD_ERROR, 0xEF00, {});
         row(USB_NUBO_CMD_RESPONSE, 0, {});

@@ -19,6 +19,7 @@ class JapaneseHelpTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase() { m_page.show(); }
     void theLogoIsTheJapaneseOneAndSharp();
     void theBannerStandsInTheMiddle();
     void captionsEndBeforeTheValues();

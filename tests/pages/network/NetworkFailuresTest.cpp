@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "pages/network/ClWidgetInfrastructureTop.h"
+#include "tests/pages/Refusals.h"
 #include "tests/pages/network/AccesspointMessages.h"
 #include "tests/pages/network/NetworkBench.h"
 #include "tests/support/ManualClock.h"
@@ -13,8 +14,6 @@ using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
 namespace {
-
-const QString UNKNOWN_ERROR = u"Exec failed, unknown error"_s;
 
 const QList<QUuid> WRITES{USB_NUBO_CMD_SET_WIFI_ONOFF, USB_NUBO_CMD_SET_WIFI_MODE};
 
@@ -76,17 +75,9 @@ void NetworkFailuresTest::aFailedWriteIsShownAndStopsThePolling_data() {
     QTest::addColumn<QUuid>("command");
     QTest::addColumn<unsigned short>("code");
     QTest::addColumn<QString>("text");
-    const QList<std::pair<unsigned short, QString>> refusals{
-        {0xFFFF, UNKNOWN_ERROR},
-        {0xFFFE, u"Timeout error, please reset"_s},
-        {0xFFFC, u"Command error, version up"_s},
-        {0xFFFB, u"Parameter setting failed"_s},
-        {0xFFFA, u"Timeout error, please reset"_s},
-        {0x0001, UNKNOWN_ERROR},
-    };
     for (const QUuid& command : WRITES) {
         const QByteArray name = getUsbCommand(command).toLatin1();
-        for (const auto& [code, text] : refusals) {
+        for (const auto& [code, text] : REFUSALS) {
             QTest::addRow("%s 0x%04X", name.constData(), code)
                 << USB_NUBO_CMD_RESPONSE << command << code << text;
         }

@@ -42,6 +42,8 @@ private Q_SLOTS:
 private:
     /// The boxes as the camera has them.
     void start(bool isOn, quint32 mode);
+    /// Of a row of aClickSwitchesTheCamera_data().
+    void clickBoxOfRow();
     [[nodiscard]] QList<bool> boxes() const {
         return {m_bench->network.box(INFRASTRUCTURE).isChecked(),
                 m_bench->network.box(ADHOC).isChecked()};
@@ -55,6 +57,19 @@ void NetworkModeTest::start(bool isOn, quint32 mode) {
     g_ulWifiMode = mode;
     m_bench->network.box(INFRASTRUCTURE).setChecked(isOn && mode == 1);
     m_bench->network.box(ADHOC).setChecked(isOn && mode == 2);
+}
+
+void NetworkModeTest::clickBoxOfRow() {
+    QFETCH(const bool, isOn);
+    QFETCH(const quint32, mode);
+    QFETCH(const quint32, clicked);
+    QFETCH(const bool, isChecked);
+    const QString tab = clicked == 1 ? INFRASTRUCTURE : ADHOC;
+    m_bench->network.clickTab(tab);
+    start(isOn, mode);
+    m_bench->network.box(tab).setChecked(!isChecked);
+    m_bench->takeSent();
+    m_bench->network.clickBox(tab);
 }
 
 void NetworkModeTest::aClickSwitchesTheCamera_data() {
@@ -93,17 +108,10 @@ void NetworkModeTest::aClickSwitchesTheCamera_data() {
 
 void NetworkModeTest::aClickSwitchesTheCamera() {
     QFETCH(const bool, isOn);
-    QFETCH(const quint32, mode);
     QFETCH(const quint32, clicked);
     QFETCH(const bool, isChecked);
     QFETCH(const quint32, modeAfter);
-    const QString tab = clicked == 1 ? INFRASTRUCTURE : ADHOC;
-    m_bench->network.clickTab(tab);
-    start(isOn, mode);
-    m_bench->network.box(tab).setChecked(!isChecked);
-    m_bench->takeSent();
-
-    m_bench->network.clickBox(tab);
+    clickBoxOfRow();
     QTEST(m_bench->takeSent(), "sent");
     QTEST(boxes(), "after");
     QCOMPARE(g_ulWifiMode, modeAfter);
@@ -120,14 +128,8 @@ void NetworkModeTest::theNextPollShowsACameraThatRefused() {
     QFETCH(const bool, isOn);
     QFETCH(const quint32, mode);
     QFETCH(const quint32, clicked);
-    QFETCH(const bool, isChecked);
     QFETCH(const QList<bool>, after);
-    const QString tab = clicked == 1 ? INFRASTRUCTURE : ADHOC;
-    m_bench->network.clickTab(tab);
-    start(isOn, mode);
-    m_bench->network.box(tab).setChecked(!isChecked);
-    m_bench->takeSent();
-    m_bench->network.clickBox(tab);
+    clickBoxOfRow();
     const QStringList sent = m_bench->takeSent();
     for (const QUuid& command : {USB_NUBO_CMD_SET_WIFI_ONOFF, USB_NUBO_CMD_SET_WIFI_MODE}) {
         if (!sent.filter(getUsbCommand(command)).isEmpty()) {

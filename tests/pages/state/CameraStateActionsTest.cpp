@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "pages/state/ClWidgetCameraState.h"
 #include "tests/pages/CameraMessages.h"
+#include "tests/pages/Refusals.h"
 #include "tests/support/BoxUser.h"
 #include "tests/support/CameraStateReader.h"
 #include "tests/support/TestSubject.h"
@@ -32,8 +33,6 @@ public:
 
     QStringList notes;
 };
-
-const QString UNKNOWN_ERROR = u"Exec failed, unknown error"_s;
 
 struct stCommand {
     const char* name;
@@ -252,18 +251,7 @@ void CameraStateActionsTest::aCameraErrorIsShownAndPollingGoesOn_data() {
     QTest::addColumn<QUuid>("command");
     QTest::addColumn<unsigned short>("code");
     QTest::addColumn<QStringList>("texts");
-    const QList<std::pair<unsigned short, QString>> errors{
-        {0xFFFF, UNKNOWN_ERROR},
-        {0xFFFE, u"Timeout error, please reset"_s},
-        {0xFFFD, UNKNOWN_ERROR},
-        {0xFFFC, u"Command error, version up"_s},
-        {0xFFFB, u"Parameter setting failed"_s},
-        {0xFFFA, u"Timeout error, please reset"_s},
-        {0xFFF5, UNKNOWN_ERROR},
-        {0xEF06, UNKNOWN_ERROR},
-        {0x0001, UNKNOWN_ERROR},
-    };
-    for (const auto& [code, text] : errors) {
+    for (const auto& [code, text] : REFUSALS) {
         for (const auto& [name, command] : OWN_COMMANDS) {
             QTest::addRow("%s, 0x%04X", name, code) << command << code << QStringList{text};
         }

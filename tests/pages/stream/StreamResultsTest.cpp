@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "pages/stream/ClWidgetStreamSetting.h"
 #include "tests/pages/CameraMessages.h"
+#include "tests/pages/Refusals.h"
 #include "tests/pages/stream/StreamMessages.h"
 #include "tests/support/BoxUser.h"
 #include "tests/support/TestSubject.h"
@@ -15,9 +16,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString UNKNOWN_ERROR = u"Exec failed, unknown error"_s;
-const QString TIMEOUT_ERROR = u"Timeout error, please reset"_s;
-
 struct stCommand {
     const char* name;
     QUuid command;
@@ -29,21 +27,6 @@ const QList<stCommand> OWN_COMMANDS{
     {"get recording rate", REC.getRate}, {"set recording rate", REC.setRate},
     {"get live size", LIVE.getSize},     {"set live size", LIVE.setSize},
     {"get live rate", LIVE.getRate},     {"set live rate", LIVE.setRate},
-};
-
-const QList<std::pair<unsigned short, QString>> CAMERA_ERRORS{
-    {0xFFFF, UNKNOWN_ERROR},
-    {0xFFFE, TIMEOUT_ERROR},
-    {0xFFFD, UNKNOWN_ERROR},
-    {0xFFFC, u"Command error, version up"_s},
-    {0xFFFB, u"Parameter setting failed"_s},
-    {0xFFFA, TIMEOUT_ERROR},
-    {0xFFF9, UNKNOWN_ERROR},
-    {0xFFF8, UNKNOWN_ERROR},
-    {0xFFF7, UNKNOWN_ERROR},
-    {0xFFF6, UNKNOWN_ERROR},
-    {0xFFF5, UNKNOWN_ERROR},
-    {0x0001, UNKNOWN_ERROR},
 };
 
 }  // namespace
@@ -108,7 +91,7 @@ void StreamResultsTest::aResultIsShown_data() {
             << kind << QUuid() << code << QStringList();
     };
     rows(USB_NUBO_CMD_RESPONSE, 0, {});
-    for (const auto& [code, text] : CAMERA_ERRORS) {
+    for (const auto& [code, text] : REFUSALS) {
         rows(USB_NUBO_CMD_RESPONSE, code, {text});
     }
     rows(USB_CMD_ERROR, 0xEF00, {});
@@ -144,7 +127,7 @@ void StreamResultsTest::aFailedReadEndsTheChain_data() {
                 QTest::addRow("%s, %s, 0x%04X", use->name, isSecond ? "rate" : "size", code)
                     << use << isSecond << kind << code << texts;
             };
-            for (const auto& [code, text] : CAMERA_ERRORS) {
+            for (const auto& [code, text] : REFUSALS) {
                 row(USB_NUBO_CMD_RESPONSE, code, {text});
             }
             for (unsigned short code = 0xEF01; code <= 0xEF05; ++code) {
