@@ -14,6 +14,7 @@ TEST_PACKAGES=(
     xvfb xauth dbus-daemon at-spi2-core python3-pyatspi weston "${WAYLAND_PACKAGES[@]}" xdotool x11-utils
     python3-jsonschema mandoc jq
 )
+COVERAGE_PACKAGES=(gcovr)
 
 # install_missing PACKAGE...: installs those that are not there yet, and asks no package registry
 # when all are.
