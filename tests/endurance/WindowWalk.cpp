@@ -17,6 +17,7 @@
 #include "ui/ClButtonMode.h"
 
 #include <QApplication>
+#include <QDeadlineTimer>
 #include <QStackedLayout>
 
 #include <cstdio>
@@ -36,6 +37,9 @@ const QStringList LASTING{u"QAbstractItemModel"_s, u"QClipboard"_s,  u"QFactoryL
                           u"QGifPlugin"_s,         u"QICOPlugin"_s,  u"QInputDevice"_s,
                           u"QInputMethod"_s,       u"QJpegPlugin"_s, u"QKeyMapper"_s,
                           u"QPanGesture"_s};
+
+/// Longer than one transfer waits.
+constexpr int ENTERING_MS = 4000;
 
 QString differences(const QMap<QString, QString>& before, const QMap<QString, QString>& after) {
     QStringList texts;
@@ -107,10 +111,13 @@ private:
                     .arg(isPlugged ? u"in"_s : u"out"_s);
             }
             m_bus.replug(m_id);
-            // All that the camera was asked for has an answer when this has.
+            // What still fails of the walk's requests keeps the page from reading on until it is
+            // entered again.
+            QDeadlineTimer nextEntering;
             const bool isAnswered = user.closeAllUntil([&] {
-                if (pages->currentIndex() > 1) {
+                if (pages->currentIndex() != 0 && nextEntering.hasExpired()) {
                     window.findChildren<ClButtonMode*>().first()->click();
+                    nextEntering.setRemainingTime(ENTERING_MS);
                 }
                 return pages->currentIndex() == 1 && !state.freeSpace().startsWith(u"--");
             });
