@@ -19,7 +19,7 @@ COVERAGE_PACKAGES=(gcovr)
 
 DEBIAN_PACKAGES=(debhelper dpkg-dev fakeroot)
 CHECK_PACKAGES=(
-    appstream bash-completion desktop-file-utils devscripts fish lintian mandoc mmdebstrap scrot
+    appstream bash-completion desktop-file-utils devscripts file fish lintian mandoc mmdebstrap scrot
     socat xauth xdotool xvfb zsh
 )
 LINT_PACKAGES=(clang clang-format clang-tidy reuse shellcheck)
