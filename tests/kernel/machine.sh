@@ -2,6 +2,7 @@
 # Sourced by what needs a Linux with USB: a virtual machine of Debian's kernel on this computer's
 # files, under software emulation.
 
+# shellcheck disable=SC2034  # who sources this installs them
 MACHINE_PACKAGES=(qemu-system-x86 busybox-static cpio kmod udev)
 
 # What is needed before the root is there; all other modules are loaded from it.

@@ -61,4 +61,4 @@ if [ -z "$build" ]; then
 fi
 run_in_machine "$suite" env "BUILD=$(realpath "$build")" "${job[@]}" && result=0 || result=$?
 [ ! -e "$MACHINE_OUTPUT/counts" ] || cat "$MACHINE_OUTPUT/counts"
-exit $result
+exit "$result"
