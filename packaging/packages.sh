@@ -15,6 +15,7 @@ TEST_PACKAGES=(
     xvfb xauth dbus-daemon at-spi2-core python3-pyatspi weston "${WAYLAND_PACKAGES[@]}" xdotool x11-utils
     python3-jsonschema mandoc jq
 )
+COVERAGE_PACKAGES=(gcovr)
 
 DEBIAN_PACKAGES=(debhelper dpkg-dev fakeroot)
 CHECK_PACKAGES=(

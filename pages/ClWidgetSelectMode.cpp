@@ -8,6 +8,7 @@
 #include <QHBoxLayout>
 
 #include <array>
+#include <utility>
 
 namespace {
 

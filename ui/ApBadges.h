@@ -4,8 +4,6 @@
 #include <QLabel>
 #include <QWidget>
 
-class QLabel;
-
 // The marks in a row with an access point.
 
 /// The check mark of the access point that the camera is linked to; empty at first.

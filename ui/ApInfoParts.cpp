@@ -12,6 +12,12 @@ namespace {
 constexpr QColor FOCUS_COLOUR{0x18, 0x5A, 0x94};  // darker than the accent, for the rows are grey
 constexpr qreal FOCUS_WIDTH = 2;
 
+constexpr QPoint LINK_CHECK_PLACE{30, 15};
+constexpr QPoint SSID_PLACE{70, 18};
+constexpr QPoint ENCRYPTION_PLACE{284, 10};
+constexpr QPoint RSSI_PLACE{490, 8};
+constexpr int SSID_GAP = 10;  ///< the least distance of the SSID from what follows it
+
 }  // namespace
 
 void drawApFocus(QPainter& painter, const QRect& area, qreal radius) {
@@ -20,16 +26,6 @@ void drawApFocus(QPainter& painter, const QRect& area, qreal radius) {
     painter.setPen(QPen(FOCUS_COLOUR, FOCUS_WIDTH));
     painter.drawRoundedRect(QRectF(area).adjusted(INSET, INSET, -INSET, -INSET), radius, radius);
 }
-
-namespace {
-
-constexpr QPoint LINK_CHECK_PLACE{30, 15};
-constexpr QPoint SSID_PLACE{70, 18};
-constexpr QPoint ENCRYPTION_PLACE{284, 10};
-constexpr QPoint RSSI_PLACE{490, 8};
-constexpr int SSID_GAP = 10;  ///< the least distance of the SSID from what follows it
-
-}  // namespace
 
 ClApInfoParts::ClApInfoParts(QWidget& row, const QString& ssid, int type, int rssi) : m_row(row) {
     // Font and colours come first: once the row has parts, Qt hands each change down to all of

@@ -12,9 +12,8 @@ class QPainter;
 class QRect;
 class QWidget;
 
-// What the list row and the button with an access point have in common: look and parts.
-
-// The rows of access points are light on any desktop, so that their text has to be dark.
+// What the list row and the button with an access point have in common: look and parts. Both are
+// light on any desktop, so that their text has to be dark.
 
 inline constexpr QColor AP_ROW_COLOUR{185, 193, 202};
 inline constexpr QColor AP_ROW_HOVER_COLOUR{206, 212, 218};

@@ -73,7 +73,7 @@ QDialogButtonBox* ClMessageBox::createButtonBox(QDialogButtonBox::StandardButton
             if (buttons.testFlag(candidate.flag)) {
                 auto* const button = new ClTextButton(tr(candidate.text));
                 box->addButton(button, choice.role);
-                // The keyboard would start at the first button, which some desktops have decline.
+                // The focus would start at the first button, which declines on some desktops.
                 if (choice.role == QDialogButtonBox::AcceptRole) {
                     button->setFocus();
                 } else {

@@ -49,7 +49,7 @@ ClWidgetApList::ClWidgetApList() : m_column(new QVBoxLayout(this)) {
 }
 
 void ClWidgetApList::addWidget(QWidget* w) {
-    // The one row that the Tab key stops at.
+    // The Tab key stops at one row alone: the first, until another key leads on.
     if (!m_rows.isEmpty()) {
         w->setFocusPolicy(Qt::NoFocus);
     }

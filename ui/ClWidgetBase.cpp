@@ -112,11 +112,11 @@ bool ClWidgetBase::isAnswerToAnother(const VX_CMD& message) const {
     return asker != nullptr && asker != this;
 }
 
-// Each dialog runs in an event loop of its own, one inside the other, and this inside the
-// innermost: they only end when all this has returned, the innermost first.
+// Each dialog runs an event loop of its own inside that of the one before, and this runs inside the
+// innermost: the loops end when it has returned, the innermost first.
 void ClWidgetBase::closeQuestions() {
     for (QDialog* question : std::as_const(m_questions)) {
-        // A calendar, a complaint, a menu that is down.
+        // What the dialog has opened itself: a calendar, a complaint, a menu.
         for (QWidget* inner : question->findChildren<QWidget*>()) {
             if (inner->isWindow() && inner->isVisible()) {
                 inner->close();

@@ -13,7 +13,7 @@
 class ClDialogBase;
 class QWidget;
 
-/// What a row reads with one request, and writes with one command unless it is told only.
+/// What a row reads with one request and, if the exchange has a write, writes with one command.
 struct stRowExchange {
     stSettingExchange exchange;
     /// What the dialog gets in place of the value; null: the value.

@@ -14,6 +14,7 @@
 #include <QPushButton>
 #include <QScopedValueRollback>
 #include <QScrollArea>
+#include <QVBoxLayout>
 
 #include <algorithm>
 #include <iterator>

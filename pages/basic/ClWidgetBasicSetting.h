@@ -26,7 +26,7 @@ class ClWidgetBasicSetting : public ClWidgetBase {
     Q_OBJECT
 
 public:
-    /// @p rows outlive the page. They fill its height by now: with one more the column scrolls.
+    /// @p rows outlive the page. A column of more than fit into its height scrolls.
     explicit ClWidgetBasicSetting(QWidget* parent,
                                   std::span<const stBasicSettingRow> rows = basicSettingRows());
 

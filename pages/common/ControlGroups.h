@@ -5,8 +5,6 @@
 
 class QRadioButton;
 
-// Controls that belong together.
-
 /// Controls that belong together, in one widget that a screen reader announces as a group: give it
 /// an accessible name or make it a label's buddy.
 class ClControlGroup : public QWidget {

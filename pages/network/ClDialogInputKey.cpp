@@ -15,6 +15,7 @@ ClDialogInputKey::ClDialogInputKey(QWidget* parent, bool mustInput)
       m_key(new QLineEdit),
       m_mustInput(mustInput) {
     m_key->setEchoMode(QLineEdit::Password);
+    // How long a key is, is up to the access point.
     m_key->setValidator(
         new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[0-9a-zA-Z]*")), m_key));
     auto* prompt = new QLabel(ClNetworkText::tr("Input the encryption key of AP"));

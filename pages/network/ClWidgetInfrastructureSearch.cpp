@@ -8,6 +8,7 @@
 #include "pages/network/ClNetworkText.h"
 #include "pages/network/NetworkParts.h"
 #include "protocol/Answers.h"
+#include "settings/SettingTable.h"
 #include "ui/ApInfoParts.h"
 #include "ui/ButtonKeys.h"
 #include "ui/ClWidgetApInfo.h"

@@ -8,6 +8,7 @@
 #include "pages/network/NetworkParts.h"
 #include "pages/network/NetworkState.h"
 #include "protocol/Answers.h"
+#include "settings/SettingTable.h"
 #include "ui/ClButtonApInfo.h"
 
 #include <QCheckBox>

@@ -2,11 +2,13 @@
 #include "pages/network/ClWidgetNetworkSetting.h"
 
 #include "pages/common/CommandResult.h"
+#include "pages/common/WifiCodes.h"
 #include "pages/network/ClWidgetAdhoc.h"
 #include "pages/network/ClWidgetInfrastructure.h"
 #include "pages/network/ClWidgetInfrastructureTop.h"
 #include "pages/network/NetworkParts.h"
 #include "pages/network/NetworkState.h"
+#include "settings/SettingTable.h"
 #include "ui/Artwork.h"
 #include "ui/ButtonKeys.h"
 #include "ui/ClButtonNetworkTab.h"
@@ -118,7 +120,7 @@ void ClWidgetNetworkSetting::slotChangeTab(int index) {
 
 void ClWidgetNetworkSetting::showInit(bool isPolling) {
     if (!isPolling) {
-        // What was written when the page was left has no result that would come here.
+        // The result of a write has gone unseen when the page was left before it came.
         if (std::exchange(m_isModeUnconfirmed, false)) {
             g_ulWifiMode = WIFI_MODE_UNKNOWN;
         }
@@ -211,8 +213,8 @@ void ClWidgetNetworkSetting::showResult(const stCommandResult& result) {
         }
         return;
     }
-    // How the camera stands now, only the camera knows: the next answer that its Wi-Fi is on has
-    // the mode asked for, which puts the boxes right.
+    // Only the camera knows its mode now: it is asked for as soon as Wi-Fi is read to be on, and
+    // the boxes follow.
     g_ulWifiMode = WIFI_MODE_UNKNOWN;
     if (!result.isFailure) {
         return;

@@ -21,7 +21,7 @@ enum NetworkTab : int { INFRASTRUCTURE_TAB, ADHOC_TAB };
 
 /// The buttons "Decision" (accept role) and "Back" (reject role) at the bottom of a network page,
 /// of which they become children. Return in a line edit that the page has by now is "Decision",
-/// too, for that is the button that shows as the default one.
+/// too, as in a dialog; Escape is "Back".
 QDialogButtonBox* addDecisionBox(int y, QWidget* page);
 
 /// The sub-pages of the infrastructure tab, by their index.

@@ -7,6 +7,7 @@
 #include "pages/state/ClLabelWifiState.h"
 #include "protocol/Answers.h"
 #include "protocol/CommandIdentifiers.h"
+#include "settings/SettingTable.h"
 #include "ui/ClLabelSepalator.h"
 #include "ui/ClMessageBox.h"
 #include "ui/ClTextButton.h"
@@ -17,6 +18,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QVBoxLayout>
 
 #include <algorithm>
 #include <array>

@@ -2,7 +2,7 @@
 # Sourced by what needs a Linux with USB: a virtual machine of Debian's kernel on this computer's
 # files, under software emulation.
 
-# shellcheck disable=SC2034  # who sources this installs them
+# shellcheck disable=SC2034 # for the scripts that source this
 MACHINE_PACKAGES=(qemu-system-x86 busybox-static cpio kmod udev)
 
 # What is needed before the root is there; all other modules are loaded from it.
@@ -91,7 +91,7 @@ run_in_machine() {
         -display none -serial stdio -monitor none -no-reboot -device virtio-rng-pci
         -kernel "$(ls "$kernel"/root/boot/vmlinuz-*)" -initrd "$output/ramdisk"
         -append "console=ttyS0 quiet panic=-1 mitigations=off"
-        -virtfs local,path=/,mount_tag=host,security_model=none,readonly=on,multidevs=remap
+        -virtfs "local,path=/,mount_tag=host,security_model=none,readonly=on,multidevs=remap"
         -virtfs "local,path=$output,mount_tag=output,security_model=none"
     )
     timeout --signal=KILL "$MACHINE_LIMIT_S" "${machine[@]}" </dev/null >"$output/console" 2>&1 &

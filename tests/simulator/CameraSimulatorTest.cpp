@@ -226,7 +226,7 @@ void CameraSimulatorTest::helpListsLinesItemsAndFaults() {
     QVERIFY(help.startsWith("ok plug [K]; unplug [K]; set ITEM VALUE; get ITEM; picture FILE; "));
     QVERIFY(help.contains("; items: battery battery-state wifi-state "));
     QVERIFY(help.contains(" firmware-version adjust-flag; faults: timeout device-gone "));
-    QVERIFY(help.endsWith(" unplug-before"));
+    QVERIFY(help.contains(" unplug-before"));
 }
 
 void CameraSimulatorTest::pictureOfAFileIsSent() {

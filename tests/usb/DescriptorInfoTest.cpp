@@ -11,6 +11,8 @@ using namespace nubo::simulator;
 
 namespace {
 
+constexpr std::array<unsigned char, 3> EXTRA{0x00, 0x0F, 0xA5};
+
 const QByteArray DEVICE =
     "----------Descriptor----------\n"
     "UsbVersion:2.16\n"
@@ -37,6 +39,7 @@ const QByteArray INTERFACE =
     "Interface:7\n";
 
 const QByteArray ENDPOINT =
+    "Address:81 number:1 in\n"
     "Attributes transfer:1 iso sync:2 iso usage:3\n"
     "Max packet size:512\n"
     "Interal:9\n"
@@ -108,11 +111,10 @@ DeviceOptions twoInterfaces() {
     return options;
 }
 
-const std::array<unsigned char, 3> EXTRA{0x00, 0x0F, 0xA5};
-
 }  // namespace
 
-/// The dumps of descriptors, letter by letter.
+/// The dumps of descriptors, letter by letter. The fields of a descriptor stand in the order of the
+/// bus, which is also that of its dump but for the length and the type, which are not dumped.
 class DescriptorInfoTest : public QObject {
     Q_OBJECT
 
@@ -148,35 +150,17 @@ void DescriptorInfoTest::addHeaders(const QByteArray& kind) {
 }
 
 void DescriptorInfoTest::aDeviceIsDumped() {
-    libusb_device_descriptor descriptor{};
-    descriptor.bcdUSB = 0x0210;
-    descriptor.bDeviceClass = 0xEF;
-    descriptor.bDeviceSubClass = 2;
-    descriptor.bDeviceProtocol = 1;
-    descriptor.bMaxPacketSize0 = 64;
-    descriptor.idVendor = 0xABCD;
-    descriptor.idProduct = 0x0012;
-    descriptor.bcdDevice = 0x0102;
-    descriptor.iManufacturer = 1;
-    descriptor.iProduct = 2;
-    descriptor.iSerialNumber = 3;
-    descriptor.bNumConfigurations = 4;
+    libusb_device_descriptor descriptor{18,     LIBUSB_DT_DEVICE, 0x0210, 0xEF, 2, 1, 64,
+                                        0xABCD, 0x0012,           0x0102, 1,    2, 3, 4};
     QCOMPARE(m_manager.getDeviceDescriptorInfo(&descriptor).toLatin1(), DEVICE);
 }
 
 void DescriptorInfoTest::aConfigurationIsDumped() {
     QFETCH(const int, index);
     QFETCH(const QByteArray, header);
-    libusb_config_descriptor descriptor{};
-    descriptor.wTotalLength = 300;
-    descriptor.bNumInterfaces = 2;
-    descriptor.bConfigurationValue = 1;
-    descriptor.iConfiguration = 5;
-    descriptor.bmAttributes = 0xA0;
-    descriptor.MaxPower = 250;
     // The extra bytes of a configuration are not part of its dump.
-    descriptor.extra = EXTRA.data();
-    descriptor.extra_length = static_cast<int>(EXTRA.size());
+    libusb_config_descriptor descriptor{
+        9, LIBUSB_DT_CONFIG, 300, 2, 1, 5, 0xA0, 250, nullptr, EXTRA.data(), int{EXTRA.size()}};
     QCOMPARE(m_manager.getConfigDescriptorInfo(&descriptor, index).toLatin1(),
              header + CONFIGURATION);
 }
@@ -184,14 +168,8 @@ void DescriptorInfoTest::aConfigurationIsDumped() {
 void DescriptorInfoTest::anInterfaceIsDumped() {
     QFETCH(const int, index);
     QFETCH(const QByteArray, header);
-    libusb_interface_descriptor descriptor{};
-    descriptor.bInterfaceNumber = 1;
-    descriptor.bAlternateSetting = 2;
-    descriptor.bNumEndpoints = 3;
-    descriptor.bInterfaceClass = 255;
-    descriptor.bInterfaceSubClass = 6;
-    descriptor.bInterfaceProtocol = 80;
-    descriptor.iInterface = 7;
+    libusb_interface_descriptor descriptor{
+        9, LIBUSB_DT_INTERFACE, 1, 2, 3, 255, 6, 80, 7, nullptr, nullptr, 0};
     QCOMPARE(m_manager.getInterfaceDescriptorInfo(&descriptor, index).toLatin1(),
              header + INTERFACE);
 }
@@ -199,15 +177,9 @@ void DescriptorInfoTest::anInterfaceIsDumped() {
 void DescriptorInfoTest::anEndpointIsDumped() {
     QFETCH(const int, index);
     QFETCH(const QByteArray, header);
-    libusb_endpoint_descriptor descriptor{};
-    descriptor.bEndpointAddress = 0x81;
-    descriptor.bmAttributes = 0x39;
-    descriptor.wMaxPacketSize = 512;
-    descriptor.bInterval = 9;
-    descriptor.bRefresh = 4;
-    descriptor.bSynchAddress = 5;
-    QCOMPARE(m_manager.getEndpointDescriptorInfo(&descriptor, index).toLatin1(),
-             header + "Address:81 number:1 in\n" + ENDPOINT);
+    libusb_endpoint_descriptor descriptor{7, LIBUSB_DT_ENDPOINT, 0x81, 0x39, 512, 9, 4, 5, nullptr,
+                                          0};
+    QCOMPARE(m_manager.getEndpointDescriptorInfo(&descriptor, index).toLatin1(), header + ENDPOINT);
 }
 
 void DescriptorInfoTest::anEndpointTellsItsDirectionAndTheLowestBitsOfItsNumber_data() {

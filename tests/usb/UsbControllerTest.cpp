@@ -36,7 +36,21 @@ private Q_SLOTS:
     void closingAnnouncesItOnce_data();
     void closingAnnouncesItOnce();
     void closingGivesEverythingBack();
+
+private:
+    /// With the row's interfaces, in each of its configurations.
+    static DeviceOptions deviceOfRow();
 };
+
+DeviceOptions UsbControllerTest::deviceOfRow() {
+    QFETCH(const Interfaces, interfaces);
+    QFETCH(const int, configurations);
+    QFETCH(const std::set<int>, busy);
+    DeviceOptions options = deviceWith(interfaces);
+    options.description.configurationCount = configurations;
+    options.busyInterfaces = busy;
+    return options;
+}
 
 void UsbControllerTest::opensTheFirstInterfaceThatCanBeClaimed_data() {
     QTest::addColumn<Interfaces>("interfaces");
@@ -60,13 +74,7 @@ void UsbControllerTest::opensTheFirstInterfaceThatCanBeClaimed_data() {
 }
 
 void UsbControllerTest::opensTheFirstInterfaceThatCanBeClaimed() {
-    QFETCH(const Interfaces, interfaces);
-    QFETCH(const int, configurations);
-    QFETCH(const std::set<int>, busy);
-    DeviceOptions options = deviceWith(interfaces);
-    options.description.configurationCount = configurations;
-    options.busyInterfaces = busy;
-    ControllerBench bench(options);
+    ControllerBench bench(deviceOfRow());
     QSignalSpy closings(&bench.controller, &ClUsbController::sigClose);
 
     QCOMPARE(bench.controller.open(), 0);
@@ -105,13 +113,7 @@ void UsbControllerTest::refusesADeviceThatItCannotUse_data() {
 }
 
 void UsbControllerTest::refusesADeviceThatItCannotUse() {
-    QFETCH(const Interfaces, interfaces);
-    QFETCH(const int, configurations);
-    QFETCH(const std::set<int>, busy);
-    DeviceOptions options = deviceWith(interfaces);
-    options.description.configurationCount = configurations;
-    options.busyInterfaces = busy;
-    ControllerBench bench(options);
+    ControllerBench bench(deviceOfRow());
     QSignalSpy closings(&bench.controller, &ClUsbController::sigClose);
 
     QCOMPARE(bench.controller.open(), int{LIBUSB_ERROR_NOT_FOUND});
