@@ -147,9 +147,9 @@ void ClUsbManager::openCamera(libusb_device* device) {
     }
     connect(controller.get(), &ClUsbController::sigClose, this,
             &ClUsbManager::slotRemoveController);
-    startConnectWait(controller.get());
     m_controllerList.push_back(std::move(controller));
     m_controllerCount = m_controllerList.size();
+    startConnectWait(m_controllerList.back().get());
 }
 
 void ClUsbManager::startConnectWait(ClUsbController* controller) {
@@ -160,8 +160,10 @@ void ClUsbManager::startConnectWait(ClUsbController* controller) {
     connect(timer.get(), &QTimer::timeout, this, &ClUsbManager::slotConnectWaitEnd);
     // The first pass runs on the main thread; a timer runs on the thread that it lives on.
     timer->moveToThread(thread());
-    QMetaObject::invokeMethod(timer.get(), qOverload<>(&QTimer::start));
+    QTimer* const waiting = timer.get();
     m_connectWaitTimers.push_back({std::move(timer), controller});
+    // Last: from now on the wait may end on the worker thread at any time, and be looked for.
+    QMetaObject::invokeMethod(waiting, qOverload<>(&QTimer::start));
 }
 
 void ClUsbManager::slotConnectWaitEnd() {
