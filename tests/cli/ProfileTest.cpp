@@ -260,6 +260,9 @@ void ProfileTest::aStopTellsTheWayBack() {
 
 void ProfileTest::aSerialNumberLeadsToNoOtherFolder() {
     QVERIFY(m_first->set("serial-number", "../SIM0001"));
+    // The system reads it when the camera is plugged in.
+    QVERIFY(m_bench.bus.unplug(m_bench.ids[0]));
+    QVERIFY(m_bench.bus.replug(m_bench.ids[0]));
     QVERIFY(QDir(m_folder.path()).mkdir(u"in"_s));
     const QString path = m_folder.filePath(u"in/{serial}.nubo"_s);
     QCOMPARE(CliBench::run({u"-c"_s, u"1-2"_s, u"export"_s, path}).exit, 0);
