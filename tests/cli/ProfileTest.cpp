@@ -266,7 +266,7 @@ void ProfileTest::aSerialNumberLeadsToNoOtherFolder() {
     QVERIFY(QDir(m_folder.path()).mkdir(u"in"_s));
     const QString path = m_folder.filePath(u"in/{serial}.nubo"_s);
     QCOMPARE(CliBench::run({u"-c"_s, u"1-2"_s, u"export"_s, path}).exit, 0);
-    QCOMPARE(QDir(m_folder.filePath(u"in"_s)).entryList(QDir::Files),
+    QCOMPARE(QDir(m_folder.filePath(u"in"_s)).entryList(QDir::Files | QDir::Hidden),
              QStringList{u".._SIM0001.nubo"_s});
 }
 
