@@ -32,7 +32,8 @@ stFailure readNumber(const stArguments& arguments, const char* option, double le
     }
     bool isNumber = false;
     const double given = arguments.option(option).toDouble(&isNumber);
-    if (!isNumber || given < least || given > most) {
+    // What is no number at all ("nan") is not in a range either.
+    if (!isNumber || !(given >= least && given <= most)) {
         return {ExitCode::WrongUse,
                 QStringLiteral("--%1: %2 is not a number from %3 to %4")
                     .arg(QLatin1String(option), arguments.option(option))

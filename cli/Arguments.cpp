@@ -174,9 +174,11 @@ stFailure checkCounts(const stArguments& arguments) {
     if (arguments.has("all") && verb.camera == VerbCamera::OneOnly) {
         return wrongUse(QStringLiteral("%1 is for one camera").arg(toText(verb.name)));
     }
+    constexpr double LONGEST_WAIT_S = 1e9;
     bool isNumber = true;
     if (arguments.has("wait")) {
-        arguments.option("wait").toDouble(&isNumber);
+        const double seconds = arguments.option("wait").toDouble(&isNumber);
+        isNumber = isNumber && seconds >= -1 && seconds <= LONGEST_WAIT_S;
     }
     return isNumber ? stFailure{}
                     : wrongUse(QStringLiteral("--wait: %1 is not a number of seconds")

@@ -42,7 +42,7 @@ stFailure prepareStatus(const stArguments& arguments, ClConsole& /*console*/,
         constexpr double MS_PER_SECOND = 1000;
         bool isNumber = false;
         const double seconds = arguments.option("watch").toDouble(&isNumber);
-        if (!isNumber || seconds <= 0 || seconds > LONGEST_S) {
+        if (!isNumber || !(seconds > 0 && seconds <= LONGEST_S)) {
             return {ExitCode::WrongUse,
                     QStringLiteral("--watch: %1 is not a number of seconds up to a day")
                         .arg(arguments.option("watch")),

@@ -103,6 +103,13 @@ void ExitCodesTest::wrongUseSendsNothing_data() {
     QTest::newRow("too few") << QStringList{u"set"_s} << u"set needs KEY=VALUE..."_s;
     QTest::newRow("wait") << QStringList{u"--wait=soon"_s, u"get"_s}
                           << u"not a number of seconds"_s;
+    for (const QString& seconds : {u"nan"_s, u"inf"_s, u"1e300"_s}) {
+        QTest::addRow("wait %s", qPrintable(seconds))
+            << QStringList{u"--wait="_s + seconds, u"get"_s} << u"not a number of seconds"_s;
+    }
+    QTest::newRow("watch") << QStringList{u"status"_s, u"--watch=nan"_s}
+                           << u"not a number of seconds"_s;
+    QTest::newRow("every") << QStringList{u"monitor"_s, u"--every=nan"_s} << u"is not a number"_s;
 }
 
 void ExitCodesTest::wrongUseSendsNothing() {

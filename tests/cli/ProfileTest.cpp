@@ -260,7 +260,7 @@ void ProfileTest::aStopTellsTheWayBack() {
 
 void ProfileTest::aSerialNumberLeadsToNoOtherFolder() {
     QVERIFY(m_first->set("serial-number", "../SIM0001"));
-    // The bus tells the number that the camera was plugged in with.
+    // The system reads it when the camera is plugged in.
     QVERIFY(m_bench.bus.unplug(m_bench.ids[0]));
     QVERIFY(m_bench.bus.replug(m_bench.ids[0]));
     QVERIFY(QDir(m_folder.path()).mkdir(u"in"_s));

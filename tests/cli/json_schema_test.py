@@ -50,6 +50,7 @@ CASES = {
         (0, "set camera.name=Tern gps.enabled=off camera.clock=now", ()),
         (0, "set camera.name=Gull", ()),
         (8, "set camera.name=Tern image.contrast=3", (REFUSED.format(7),)),
+        (8, "set camera.name=Tern", (GONE.format(8),)),
         (2, "set live.frame-rate=5", ()),
         (9, "set live.password=@none", ()),
     ],
