@@ -46,8 +46,10 @@ void Scheduler::run() {
             continue;
         }
         const auto first = m_actions.begin();
-        if (first->first > Clock::now()) {
-            m_changed.wait_until(lock, first->first);
+        // A copy: the action may be cancelled during the wait.
+        const Clock::time_point due = first->first;
+        if (due > Clock::now()) {
+            m_changed.wait_until(lock, due);
             continue;
         }
         const std::function<void()> action = std::move(first->second);
