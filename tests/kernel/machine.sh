@@ -90,6 +90,7 @@ run_in_machine() {
     rm -rf "$output"
     mkdir -p "$output"
     make_ramdisk "$kernel" "$output/ramdisk" "$@"
+    : >"$output/console"  # for its reader, who may be there first
 
     local machine=(
         qemu-system-x86_64 "${MACHINE_PROCESSOR[@]}" -cpu max -m 2048 -nic none
