@@ -100,6 +100,17 @@ class RunningTool:
         """On the page, or on the dialog above it."""
         self.click(generator.randrange(20, WIDTH - 20), generator.randrange(PAGE_Y, HEIGHT - 20))
 
+    def close_dialogs(self):
+        """Escape closes the uppermost, and is "Back" on a page."""
+
+        def are_closed():
+            for window in self.windows()[1:]:
+                command = ["xdotool", "windowfocus", window, "key", "Escape"]
+                subprocess.run(command, check=False, capture_output=True, timeout=PATIENCE_S)
+            return len(self.windows()) <= 1
+
+        wait_for(are_closed, "the end of the dialogs")
+
     def close(self):
         """Presses keys in all windows until the tool has ended.
 
