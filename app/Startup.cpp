@@ -14,6 +14,7 @@
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QMessageBox>
+#include <QPixmapCache>
 #include <QTranslator>
 
 #include <memory>
@@ -85,6 +86,9 @@ int runSettingTool(int argc, char** argv) {
         return START_REFUSED;
     }
     installAccessibility();
+    // The style would keep the picture of each control by its palette. A dialog has palettes of its
+    // own, so that what is kept of one is never found again.
+    QPixmapCache::setCacheLimit(0);
     // The task bar's entry: Wayland finds the icon by the desktop file, X11 is given the picture.
     QGuiApplication::setDesktopFileName(QStringLiteral("nubo-setting-tool"));
     QApplication::setWindowIcon(artwork(QStringLiteral(":/img/app_icon"), 2));
