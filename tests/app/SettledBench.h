@@ -5,7 +5,6 @@
 #include "tests/app/BusBench.h"
 #include "tests/support/HelpReader.h"
 
-#include <QCoreApplication>
 #include <QList>
 
 /// The commands of the help page: firmware version, serial number, MAC address, day, country.
