@@ -23,6 +23,7 @@ if [ "${1-}" = --kernel ]; then
     MACHINE_OUTPUT=$directory/kernel
     # One instruction a nanosecond, whatever else this computer does meanwhile.
     MACHINE_PROCESSOR=(-accel "tcg,thread=single" -icount shift=0 -smp 1)
+    fetch_kernel bookworm
     run_in_machine bookworm env "BUILD=$directory" "$PWD/tests/desktop/with-desktop.sh" \
         /usr/bin/python3 "$PWD/bench/kernel_idle.py" "$directory/bench"
     exit

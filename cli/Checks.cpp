@@ -12,16 +12,13 @@ void Checks::add(Finding finding, const QString& check, const QString& what,
                  const QString& remedy) {
     constexpr std::array NAMES{"ok", "warning", "failure"};
     const auto name = QLatin1String(NAMES[static_cast<std::size_t>(finding)]);
-    const auto orNull = [](const QString& text) {
-        return text.isEmpty() ? QJsonValue() : QJsonValue(text);
-    };
     const QString line = QStringLiteral("%1  %2  %3").arg(name, -7).arg(check, -8).arg(what);
     m_report.addLine(remedy.isEmpty() ? line : line + QStringLiteral(": ") + remedy);
     m_told.append(QJsonObject{{QStringLiteral("check"), check},
-                              {QStringLiteral("port"), orNull(m_port)},
+                              {QStringLiteral("port"), textOrNull(m_port)},
                               {QStringLiteral("result"), name},
                               {QStringLiteral("message"), what},
-                              {QStringLiteral("remedy"), orNull(remedy)}});
+                              {QStringLiteral("remedy"), textOrNull(remedy)}});
     m_warnings += finding == Finding::Warning ? 1 : 0;
     m_failures += finding == Finding::Failure ? 1 : 0;
     if (finding != Finding::Ok) {

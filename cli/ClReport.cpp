@@ -6,14 +6,11 @@
 #include "cli/ProfileText.h"
 #include "protocol/ResultCodes.h"
 #include "settings/SettingValue.h"
+#include "settings/TableText.h"
 
 #include <QJsonDocument>
 
 namespace {
-
-QString keyOf(const stSetting& setting) {
-    return QString::fromLatin1(setting.key.data(), static_cast<qsizetype>(setting.key.size()));
-}
 
 QString outcomeText(const stChangeReport& change) {
     switch (change.written) {
@@ -84,26 +81,26 @@ QJsonValue ClReport::shownJson(const stSetting& setting, const QVariant& value) 
 
 void ClReport::addSetting(const stSetting& setting, const QVariant& value) {
     addReading(setting, value,
-               QStringLiteral("%1 = %2").arg(keyOf(setting), shown(setting, value)));
+               QStringLiteral("%1 = %2").arg(toText(setting.key), shown(setting, value)));
 }
 
 void ClReport::addReading(const stSetting& setting, const QVariant& value, const QString& line) {
     m_lines.append(line);
-    m_settings.insert(keyOf(setting), shownJson(setting, value));
+    m_settings.insert(toText(setting.key), shownJson(setting, value));
 }
 
 void ClReport::addChange(const stChangeReport& change) {
     const stSetting& setting = *change.setting;
     const QString what =
         QStringLiteral("%1: %2 -> %3")
-            .arg(keyOf(setting), shown(setting, change.before), shown(setting, change.after));
+            .arg(toText(setting.key), shown(setting, change.before), shown(setting, change.after));
     m_lines.append(what + outcomeText(change));
     if (change.written != Written::No) {
         m_hasActed = true;
         m_written.append(&setting);
     }
     m_changes.append(QJsonObject{
-        {QStringLiteral("key"), keyOf(setting)},
+        {QStringLiteral("key"), toText(setting.key)},
         {QStringLiteral("old"), shownJson(setting, change.before)},
         {QStringLiteral("new"), shownJson(setting, change.after)},
         {QStringLiteral("written"),
@@ -178,15 +175,16 @@ QJsonObject ClReport::json() const {
     return object;
 }
 
+QJsonValue textOrNull(const QString& text) {
+    return text.isEmpty() ? QJsonValue() : QJsonValue(text);
+}
+
 QJsonObject cameraJson(const stCameraIdentity& camera) {
-    const auto orNull = [](const QString& text) {
-        return text.isEmpty() ? QJsonValue() : QJsonValue(text);
-    };
-    return {{QStringLiteral("serial"), orNull(camera.serial)},
+    return {{QStringLiteral("serial"), textOrNull(camera.serial)},
             {QStringLiteral("port"), camera.port},
             {QStringLiteral("bus"), camera.bus},
             {QStringLiteral("device"), camera.device},
-            {QStringLiteral("firmware"), orNull(camera.firmware)}};
+            {QStringLiteral("firmware"), textOrNull(camera.firmware)}};
 }
 
 QJsonObject failureJson(const stFailure& failure) {
@@ -195,8 +193,7 @@ QJsonObject failureJson(const stFailure& failure) {
              QJsonObject{{QStringLiteral("kind"), exitName(failure.exit)},
                          {QStringLiteral("exit"), static_cast<int>(failure.exit)},
                          {QStringLiteral("message"), failure.message},
-                         {QStringLiteral("holder"),
-                          failure.holder.isEmpty() ? QJsonValue() : QJsonValue(failure.holder)}}}};
+                         {QStringLiteral("holder"), textOrNull(failure.holder)}}}};
 }
 
 void printJson(ClConsole& console, const QJsonObject& object) {

@@ -111,6 +111,9 @@ private:
 /// The name of JSON's form in every object.
 inline constexpr auto JSON_SCHEMA = "nubo/1";
 
+/// JSON's null for an empty text.
+[[nodiscard]] QJsonValue textOrNull(const QString& text);
+
 /// @p camera as reports name it.
 [[nodiscard]] QJsonObject cameraJson(const stCameraIdentity& camera);
 

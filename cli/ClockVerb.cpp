@@ -4,10 +4,9 @@
 #include "cli/ClSession.h"
 #include "cli/SettingWriter.h"
 #include "cli/Verbs.h"
+#include "settings/CameraClock.h"
 #include "settings/SettingTable.h"
 #include "settings/SettingValue.h"
-
-#include <QDateTime>
 
 #include <array>
 
@@ -22,7 +21,7 @@ void tellClock(stRun& run) {
         run.report.addError(toText(CLOCK.key), result);
         return;
     }
-    const qint64 ahead = QDateTime::currentDateTime().secsTo(clock.toDateTime());
+    const qint64 ahead = cameraClockNow().secsTo(clock.toDateTime());
     const QString off =
         ahead == 0 ? QStringLiteral("as this computer's")
                    : QStringLiteral("%1 s %2 this computer's")
@@ -45,7 +44,7 @@ void runClock(stRun& run) {
         return;
     }
     const QList<stDifference> differences =
-        readDifferences(run, {{&CLOCK, QDateTime::currentDateTime(), true}});
+        readDifferences(run, {{&CLOCK, cameraClockNow(), true}});
     if (!run.report.hasFailed()) {
         writeDifferences(run, differences, false);
     }

@@ -4,9 +4,9 @@
 #include "cli/Doctor.h"
 #include "cli/Interruption.h"
 #include "cli/Verbs.h"
+#include "settings/CameraClock.h"
 #include "settings/SettingTable.h"
 
-#include <QDateTime>
 #include <QElapsedTimer>
 #include <QSysInfo>
 
@@ -62,7 +62,7 @@ private:
         }
         // A clock that was never set may tell no time at all.
         const QDateTime told = clock.toDateTime();
-        const qint64 off = qAbs(QDateTime::currentDateTime().secsTo(told));
+        const qint64 off = qAbs(cameraClockNow().secsTo(told));
         const bool isWrong = !told.isValid() || off > MOST_S;
         m_checks.add(
             isWrong ? Finding::Warning : Finding::Ok, check,

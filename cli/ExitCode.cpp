@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "cli/ExitCode.h"
 
+#include "settings/TableText.h"
+
 #include <algorithm>
 #include <array>
 
@@ -33,8 +35,7 @@ std::span<const stExitMeaning> exitMeanings() {
 }
 
 QString exitName(ExitCode exit) {
-    const std::string_view name = std::ranges::find(MEANINGS, exit, &stExitMeaning::exit)->name;
-    return QString::fromLatin1(name.data(), static_cast<qsizetype>(name.size()));
+    return toText(std::ranges::find(MEANINGS, exit, &stExitMeaning::exit)->name);
 }
 
 ExitCode joined(ExitCode one, ExitCode other) {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "cli/HelpText.h"
 
+#include "cli/ClReport.h"
+
 #include <QJsonArray>
 
 namespace {
@@ -38,14 +40,11 @@ QJsonArray optionsJson(std::span<const stOption> options) {
     QJsonArray array;
     for (const stOption& option : options) {
         const QStringList names = toText(option.name).split(u',');
-        const auto orNull = [](const QString& text) {
-            return text.isEmpty() ? QJsonValue() : QJsonValue(text);
-        };
         array.append(QJsonObject{
             {QStringLiteral("name"), names.last()},
-            {QStringLiteral("short"), orNull(names.size() > 1 ? names.first() : QString())},
-            {QStringLiteral("value"), orNull(toText(option.value))},
-            {QStringLiteral("implied"), orNull(toText(option.implied))},
+            {QStringLiteral("short"), textOrNull(names.size() > 1 ? names.first() : QString())},
+            {QStringLiteral("value"), textOrNull(toText(option.value))},
+            {QStringLiteral("implied"), textOrNull(toText(option.implied))},
             {QStringLiteral("explanation"), toText(option.explanation)}});
     }
     return array;

@@ -5,10 +5,9 @@
 #include "cli/ClReport.h"
 #include "cli/ClSession.h"
 #include "protocol/ResultCodes.h"
+#include "settings/CameraClock.h"
 #include "settings/SettingTable.h"
 #include "settings/SettingValue.h"
-
-#include <QDateTime>
 
 #include <algorithm>
 
@@ -17,23 +16,17 @@ namespace {
 /// How far a clock may have gone on between writing and reading back.
 constexpr qint64 CLOCK_SLACK_S = 60;
 
-/// Summer time may skip a time here, but not where the camera is.
-QDateTime withoutZone(const QVariant& value) {
-    const QDateTime time = value.toDateTime();
-    return {time.date(), time.time(), Qt::UTC};
-}
-
 bool isEqual(const stSetting& setting, const QVariant& wanted, const QVariant& told) {
     if (setting.kind != SettingKind::Clock) {
         return wanted == told;
     }
-    const QDateTime clock = withoutZone(told);
-    const qint64 ahead = withoutZone(wanted).secsTo(clock);
+    const QDateTime clock = told.toDateTime();
+    const qint64 ahead = wanted.toDateTime().secsTo(clock);
     return clock.isValid() && ahead >= 0 && ahead <= CLOCK_SLACK_S;
 }
 
 QVariant valueToWrite(const stWantedValue& wanted) {
-    return wanted.isNow ? QVariant(QDateTime::currentDateTime()) : wanted.value;
+    return wanted.isNow ? QVariant(cameraClockNow()) : wanted.value;
 }
 
 /// Those from @p first on that travel with it.

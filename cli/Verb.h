@@ -2,6 +2,7 @@
 #pragma once
 
 #include "cli/ExitCode.h"
+#include "settings/TableText.h"
 
 #include <QMap>
 #include <QString>
@@ -93,7 +94,3 @@ struct stVerb {
 /// Whether the user agrees to @p question: by --yes, or on the terminal. Where there is none, the
 /// report fails with what is missing.
 [[nodiscard]] bool isAgreed(stRun& run, const QString& question);
-
-[[nodiscard]] inline QString toText(std::string_view text) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}

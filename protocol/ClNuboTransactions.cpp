@@ -17,6 +17,8 @@ constexpr int WRITE_TIMEOUT_MS = 1000;
 constexpr int READ_TIMEOUT_MS = 1000;
 constexpr int SLOW_ANSWER_TIMEOUT_MS = 3000;  // Wi-Fi information and announcements of data
 constexpr int READS_PER_PACKET = 3;
+// No scan finds as many. A camera that announces billions must not hold the USB thread, nor fill
+// the memory with them.
 constexpr unsigned int MOST_ACCESSPOINTS = 1000;
 
 // A port that could not even try reports a negative value. That is a failure of the transport; its
@@ -26,7 +28,7 @@ unsigned short transportResult(int status) {
 }
 
 bool isCut(const QByteArray& packet, const ClNuboCommand& head) {
-    constexpr qsizetype HEAD_LENGTH = 12;
+    constexpr qsizetype HEAD_LENGTH = 12;  // of what stands before the parameters
     return packet.size() < HEAD_LENGTH || packet.size() < qint64{head.length()};
 }
 

@@ -3,6 +3,7 @@
 
 #include "protocol/CommandRoutes.h"
 #include "protocol/ResultCodes.h"
+#include "settings/CameraClock.h"
 #include "settings/SettingTable.h"
 
 #include <limits>
@@ -43,6 +44,8 @@ QVariant valueOf(const stSetting& setting, const VX_CMD& answer) {
             return value.toLongLong();
         case SettingKind::Choice:
             return value.typeId() == QMetaType::QSize ? value : QVariant(value.toLongLong());
+        case SettingKind::Clock:
+            return cameraClock(value.toDateTime());
         default:
             return value;
     }

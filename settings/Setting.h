@@ -19,7 +19,7 @@ enum class SettingKind {
     Address,   ///< QString, dotted
     Netmask,   ///< QString, dotted
     TimeZone,  ///< qint64, the camera's number of the zone
-    Clock,     ///< QDateTime of the camera's own clock, which has no zone
+    Clock,     ///< QDateTime of the camera's own clock, as cameraClock() has it
     Capacity,  ///< qint64, bytes
 };
 

@@ -2,6 +2,7 @@
 #include "settings/SettingSearch.h"
 
 #include "settings/SettingTable.h"
+#include "settings/TableText.h"
 
 #include <QRegularExpression>
 #include <QStringList>
@@ -11,10 +12,6 @@
 #include <vector>
 
 namespace {
-
-QString keyText(const stSetting& setting) {
-    return QString::fromLatin1(setting.key.data(), static_cast<qsizetype>(setting.key.size()));
-}
 
 /// How many letters must be put in, left out or replaced to make one word of the other.
 int distance(const QString& from, const QString& to) {
@@ -46,7 +43,7 @@ QList<const stSetting*> matchingSettings(const QString& pattern) {
     const QRegularExpression glob(isGlob ? globPattern(pattern) : QString());
     QList<const stSetting*> found;
     for (const stSetting& setting : settings()) {
-        const QString key = keyText(setting);
+        const QString key = toText(setting.key);
         if (isGlob ? glob.match(key).hasMatch()
                    : key == pattern || key.startsWith(pattern + u'.')) {
             found.append(&setting);
@@ -75,7 +72,7 @@ QString closestWord(const QString& word, const QStringList& known) {
 QString noSuchSetting(const QString& key) {
     QStringList known;
     for (const stSetting& setting : settings()) {
-        known.append(keyText(setting));
+        known.append(toText(setting.key));
     }
     const QString closest = closestWord(key, known);
     const QString text = QStringLiteral("no setting \"%1\"").arg(key);

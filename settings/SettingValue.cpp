@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "settings/SettingValue.h"
 
+#include "settings/CameraClock.h"
 #include "settings/Duration.h"
 #include "settings/NetworkAddress.h"
+#include "settings/TableText.h"
 #include "settings/TimeZone.h"
 
 #include <QDateTime>
@@ -16,13 +18,8 @@
 
 namespace {
 
-QString toText(std::string_view text) {
-    return QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size()));
-}
-
 bool isNamed(std::string_view name, const QString& text) {
-    return text.compare(QLatin1String(name.data(), static_cast<qsizetype>(name.size())),
-                        Qt::CaseInsensitive) == 0;
+    return text.compare(toText(name), Qt::CaseInsensitive) == 0;
 }
 
 QVariant choiceValue(const stSettingChoice& choice) {
@@ -90,7 +87,7 @@ QVariant parseTimeZone(const QString& text) {
 
 QVariant parseClock(const stSettingRange& range, const QString& text) {
     if (isNamed("now", text)) {
-        return QDateTime::currentDateTime();
+        return cameraClockNow();
     }
     static const QRegularExpression FORM(QRegularExpression::anchoredPattern(
         QStringLiteral(R"((\d{4}-\d\d-\d\d)[T ](\d\d:\d\d)(:\d\d)?)")));
@@ -102,7 +99,7 @@ QVariant parseClock(const stSettingRange& range, const QString& text) {
     const QTime time = QTime::fromString(match.captured(2) + match.captured(3), Qt::ISODate);
     const bool isTaken =
         date.isValid() && time.isValid() && date.year() >= range.least && date.year() <= range.most;
-    return isTaken ? QVariant(QDateTime(date, time)) : QVariant();
+    return isTaken ? QVariant(QDateTime(date, time, Qt::UTC)) : QVariant();
 }
 
 QVariant parse(const stSetting& setting, const QString& text) {
@@ -212,12 +209,9 @@ QString valueText(const stSetting& setting, const QVariant& value) {
         case SettingKind::TimeZone:
             return zoneText(value.toLongLong());
         case SettingKind::Clock: {
-            // Summer time may skip it here, but not where the camera is.
-            const QDate date = value.toDateTime().date();
-            const QTime time = value.toDateTime().time();
-            return date.isValid() && time.isValid()
-                       ? date.toString(Qt::ISODate) + u'T' + time.toString(Qt::ISODate)
-                       : QStringLiteral("unknown");
+            const QDateTime clock = value.toDateTime();
+            return clock.isValid() ? clock.toString(QStringLiteral("yyyy-MM-ddTHH:mm:ss"))
+                                   : QStringLiteral("unknown");
         }
         case SettingKind::Number:
         case SettingKind::Capacity:
@@ -238,7 +232,8 @@ QJsonValue valueJson(const stSetting& setting, const QVariant& value) {
         case SettingKind::Capacity:
             return value.toLongLong();
         case SettingKind::Choice: {
-            const QString text = valueText(setting, value);
+            // A choice that is called by a number is this number.
+            const QString text = choiceText(setting.range, value);
             bool isNumber = false;
             const qint64 number = text.toLongLong(&isNumber);
             return isNumber ? QJsonValue(number) : QJsonValue(text);

@@ -33,14 +33,14 @@ GObjectPtr<UMockdevIoctlData> pointedTo(UMockdevIoctlData* data, std::size_t siz
     return GObjectPtr<UMockdevIoctlData>(umockdev_ioctl_data_resolve(data, offset, size, nullptr));
 }
 
-std::optional<int> interfaceNumber(UMockdevIoctlData* argument) {
+std::optional<unsigned> pointedNumber(UMockdevIoctlData* argument) {
     unsigned number = 0;
     const auto data = pointedTo(argument, sizeof(number));
     if (!data) {
         return std::nullopt;
     }
     std::memcpy(&number, data->data, sizeof(number));
-    return static_cast<int>(number);
+    return number;
 }
 
 using Owner = std::shared_ptr<DeviceNode>;
@@ -108,9 +108,9 @@ DeviceNode::Reply DeviceNode::dispatch(UMockdevIoctlClient* client) {
         RequestHandler{USBDEVFS_GETDRIVER,        false, &DeviceNode::getDriver},
         RequestHandler{USBDEVFS_CLAIMINTERFACE,   false, &DeviceNode::claimInterface},
         RequestHandler{USBDEVFS_RELEASEINTERFACE, false, &DeviceNode::releaseInterface},
-        RequestHandler{USBDEVFS_SETINTERFACE,     false, &DeviceNode::acceptSilently},
-        RequestHandler{USBDEVFS_CLEAR_HALT,       false, &DeviceNode::acceptSilently},
-        RequestHandler{USBDEVFS_RESET,            false, &DeviceNode::acceptSilently},
+        RequestHandler{USBDEVFS_SETINTERFACE,     false, &DeviceNode::clearHalts},
+        RequestHandler{USBDEVFS_CLEAR_HALT,       false, &DeviceNode::clearHalt},
+        RequestHandler{USBDEVFS_RESET,            false, &DeviceNode::clearHalts},
     };
     // clang-format on
     const unsigned long request = umockdev_ioctl_client_get_request(client);
@@ -137,20 +137,31 @@ DeviceNode::Reply DeviceNode::getDriver(UMockdevIoctlClient*, UMockdevIoctlData*
     return failure(ENODATA);
 }
 
-DeviceNode::Reply DeviceNode::acceptSilently(UMockdevIoctlClient*, UMockdevIoctlData*) {
+DeviceNode::Reply DeviceNode::clearHalt(UMockdevIoctlClient*, UMockdevIoctlData* argument) {
+    const std::optional<unsigned> endpoint = pointedNumber(argument);
+    if (!endpoint) {
+        return failure(EFAULT);
+    }
+    m_transfers.clearHalt(static_cast<std::uint8_t>(*endpoint));
+    return {};
+}
+
+/// A device that is reset, or whose interface is set anew, stalls nowhere (USB 2.0, 9.4.5).
+DeviceNode::Reply DeviceNode::clearHalts(UMockdevIoctlClient*, UMockdevIoctlData*) {
+    m_transfers.clearHalts();
     return {};
 }
 
 DeviceNode::Reply DeviceNode::claimInterface(UMockdevIoctlClient* client,
                                              UMockdevIoctlData* argument) {
-    const std::optional<int> number = interfaceNumber(argument);
-    return replyOf(number ? m_claims.claim(client, *number) : ENOENT);
+    const std::optional<unsigned> number = pointedNumber(argument);
+    return replyOf(number ? m_claims.claim(client, static_cast<int>(*number)) : ENOENT);
 }
 
 DeviceNode::Reply DeviceNode::releaseInterface(UMockdevIoctlClient* client,
                                                UMockdevIoctlData* argument) {
-    const std::optional<int> number = interfaceNumber(argument);
-    return replyOf(number ? m_claims.release(client, *number) : EINVAL);
+    const std::optional<unsigned> number = pointedNumber(argument);
+    return replyOf(number ? m_claims.release(client, static_cast<int>(*number)) : EINVAL);
 }
 
 /// Answers requests for string descriptors, and stalls on all other control requests.

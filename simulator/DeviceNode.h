@@ -59,7 +59,8 @@ private:
     Reply getDriver(UMockdevIoctlClient* client, UMockdevIoctlData* argument);
     Reply claimInterface(UMockdevIoctlClient* client, UMockdevIoctlData* argument);
     Reply releaseInterface(UMockdevIoctlClient* client, UMockdevIoctlData* argument);
-    Reply acceptSilently(UMockdevIoctlClient* client, UMockdevIoctlData* argument);
+    Reply clearHalt(UMockdevIoctlClient* client, UMockdevIoctlData* argument);
+    Reply clearHalts(UMockdevIoctlClient* client, UMockdevIoctlData* argument);
     Reply answerControl(Transfer transfer);
     Reply submitUrb(UMockdevIoctlClient* client, UMockdevIoctlData* argument);
     Reply discardUrb(UMockdevIoctlClient* client, UMockdevIoctlData* argument);

@@ -18,7 +18,8 @@ constexpr std::array FAULTS = {
     FaultInfo{FaultKind::Timeout,        "timeout",         FaultEffect::Hold,        0,           FaultArgument::None,         "the transfer is never served; after a command, no answer comes"},
     FaultInfo{FaultKind::DeviceGone,     "device-gone",     FaultEffect::Leave,       0,           FaultArgument::None,         "the camera leaves the bus in the middle of the transfer"},
     FaultInfo{FaultKind::Busy,           "busy",            FaultEffect::Refuse,      EBUSY,       FaultArgument::None,         "the transfer is refused as busy"},
-    FaultInfo{FaultKind::Stall,          "stall",           FaultEffect::Finish,      -EPIPE,      FaultArgument::None,         "the endpoint stalls"},
+    FaultInfo{FaultKind::Stall,          "stall",           FaultEffect::Finish,      -EPIPE,      FaultArgument::None,         "the endpoint stalls once"},
+    FaultInfo{FaultKind::Halt,           "halt",            FaultEffect::Halt,        -EPIPE,      FaultArgument::None,         "the endpoint stalls until the host clears it, or the cable is pulled"},
     FaultInfo{FaultKind::ShortPacket,    "short-packet",    FaultEffect::Rewrite,     0,           FaultArgument::Bytes,        "the packet is cut to so many bytes"},
     FaultInfo{FaultKind::EmptyPacket,    "empty-packet",    FaultEffect::Rewrite,     0,           FaultArgument::None,         "an empty packet comes ahead of the packet"},
     FaultInfo{FaultKind::OverlongPacket, "overlong-packet", FaultEffect::Rewrite,     0,           FaultArgument::None,         "the packet is padded to all the room that the host has"},
@@ -113,6 +114,7 @@ void rewritePacket(const Fault& fault, std::size_t requested, std::vector<std::u
         case FaultKind::DeviceGone:
         case FaultKind::Busy:
         case FaultKind::Stall:
+        case FaultKind::Halt:
         case FaultKind::Babble:
         case FaultKind::Delay:
         case FaultKind::UnplugBefore:

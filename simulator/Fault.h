@@ -16,6 +16,7 @@ enum class FaultKind {
     DeviceGone,
     Busy,
     Stall,
+    Halt,
     ShortPacket,
     EmptyPacket,
     OverlongPacket,
@@ -32,6 +33,7 @@ enum class FaultKind {
 enum class FaultEffect {
     Refuse,       ///< the transfer is not accepted; code = errno of the submission
     Finish,       ///< the transfer ends at once; code = its status, a negative errno
+    Halt,         ///< as Finish, and all of the endpoint's later ones until the host clears it
     Hold,         ///< the transfer waits until the host gives it up
     Delay,        ///< the transfer is served later
     Leave,        ///< the device leaves the bus with the transfer on its way

@@ -251,8 +251,8 @@ void GadgetPipe::sendNext(Lock& lock) {
             case FaultKind::LinkError:
                 m_hooks.leaveBus();
                 return;
-            case FaultKind::Stall:
-                stall();
+            case FaultKind::Halt:
+                halt();
                 return;
             case FaultKind::Delay:
                 wait(lock, std::chrono::milliseconds(fault.argument));
@@ -295,7 +295,7 @@ bool GadgetPipe::sendPacket(Lock& lock, const Packet& packet) {
 }
 
 /// A transfer in the wrong direction is the way to halt an endpoint.
-void GadgetPipe::stall() {
+void GadgetPipe::halt() {
     std::uint8_t nothing = 0;
     [[maybe_unused]] const ::ssize_t halted = ::read(m_in.number(), &nothing, sizeof(nothing));
     m_log.addTransfer({IN_ENDPOINT, HOST_ROOM, 0, -EPIPE});
@@ -305,6 +305,9 @@ std::string GadgetPipe::refusal(const Fault& fault) {
     switch (fault.kind) {
         case FaultKind::Busy:
             return "a gadget cannot do this: the host's kernel takes or refuses a transfer";
+        case FaultKind::Stall:
+            return "a gadget cannot do this: its endpoint stalls until the host clears it (see "
+                   "halt)";
         case FaultKind::Babble:
             return "a gadget cannot do this: its controller keeps to the size of the packets";
         case FaultKind::UnplugBefore:

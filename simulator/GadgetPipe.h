@@ -71,7 +71,7 @@ private:
     void sendNext(Lock& lock);
     bool sendPacket(Lock& lock, const Packet& packet);
     bool wait(Lock& lock, std::chrono::milliseconds time);
-    void stall();
+    void halt();
     void end();
 
     const std::shared_ptr<VirtualDevice> m_device;

@@ -35,6 +35,10 @@ std::span<std::uint8_t> Transfer::bytes() const {
 }
 
 TransferQueue::Outcome TransferQueue::submit(Transfer transfer) {
+    if (m_halted.contains(transfer.header().endpoint)) {
+        finish(std::move(transfer), -EPIPE);
+        return {};
+    }
     for (const Fault& fault : faultsFor(transfer)) {
         const FaultInfo& info = faultInfo(fault.kind);
         switch (info.effect) {
@@ -48,6 +52,9 @@ TransferQueue::Outcome TransferQueue::submit(Transfer transfer) {
             case FaultEffect::LeaveBroken:
                 finish(std::move(transfer), info.code);
                 return {0, true};
+            case FaultEffect::Halt:
+                m_halted.insert(transfer.header().endpoint);
+                [[fallthrough]];
             case FaultEffect::Finish:
                 finish(std::move(transfer), info.code);
                 return {};

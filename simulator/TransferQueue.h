@@ -17,6 +17,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <set>
 #include <span>
 #include <vector>
 
@@ -76,6 +77,10 @@ public:
     /// only here, because the testbed's thread may be reading that memory until then.
     std::optional<Transfer> reap(UMockdevIoctlClient* client);
 
+    /// The host clears one endpoint, or all of them: they stall no longer.
+    void clearHalt(std::uint8_t endpoint) { m_halted.erase(endpoint); }
+    void clearHalts() { m_halted.clear(); }
+
     /// Drops all transfers of a client that has closed its handle.
     void forget(UMockdevIoctlClient* client);
 
@@ -95,6 +100,7 @@ private:
     std::shared_ptr<DeviceRecord> m_record;
     std::list<Transfer> m_pending;
     std::map<UMockdevIoctlClient*, std::deque<Transfer>> m_finished;
+    std::set<std::uint8_t> m_halted;     ///< endpoints that stall
     std::vector<std::uint8_t> m_unsent;  ///< what the last IN transfer had no room for
     std::vector<Fault> m_armed;          ///< faults for the next packet to the host
 };

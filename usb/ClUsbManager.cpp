@@ -103,6 +103,7 @@ int ClUsbManager::searchBus() {
     for (const auto& controller : m_controllerList) {
         unseen.push_back(controller.get());
     }
+    std::vector<QTimer*> connectWaits;
     for (libusb_device* device : found.devices()) {
         if (!isAccepted(device)) {
             continue;
@@ -110,13 +111,17 @@ int ClUsbManager::searchBus() {
         const auto known = std::ranges::find(unseen, device, &ClUsbController::device);
         if (known != unseen.end()) {
             unseen.erase(known);
-        } else {
-            openCamera(device);
+        } else if (ClUsbController* const opened = openCamera(device)) {
+            connectWaits.push_back(makeConnectWait(opened));
         }
     }
     std::ranges::for_each(unseen, [this](ClUsbController* gone) { slotRemoveController(gone); });
     forgetFailuresBut(found);
     m_deviceList = std::move(found);
+    // Last: the first pass runs on the main thread, and a wait that ends belongs to the worker.
+    for (QTimer* const wait : connectWaits) {
+        QMetaObject::invokeMethod(wait, qOverload<>(&QTimer::start));
+    }
     return 1;
 }
 
@@ -138,32 +143,29 @@ bool ClUsbManager::isAccepted(libusb_device* device) const {
            m_vendorProductList.contains({descriptor.idVendor, descriptor.idProduct});
 }
 
-void ClUsbManager::openCamera(libusb_device* device) {
+ClUsbController* ClUsbManager::openCamera(libusb_device* device) {
     auto controller = std::make_unique<ClUsbController>(device);
     const int result = controller->open();
     reportOpening(device, result == LIBUSB_ERROR_NOT_FOUND ? controller->claimError() : result);
     if (result != LIBUSB_SUCCESS) {
-        return;
+        return nullptr;
     }
     connect(controller.get(), &ClUsbController::sigClose, this,
             &ClUsbManager::slotRemoveController);
     m_controllerList.push_back(std::move(controller));
     m_controllerCount = m_controllerList.size();
-    startConnectWait(m_controllerList.back().get());
+    return m_controllerList.back().get();
 }
 
-void ClUsbManager::startConnectWait(ClUsbController* controller) {
+QTimer* ClUsbManager::makeConnectWait(ClUsbController* controller) {
     std::unique_ptr<QTimer, LaterDeleter> timer(new QTimer);
     timer->setSingleShot(true);
     timer->setTimerType(Qt::PreciseTimer);
     timer->setInterval(m_times.connectWait);
     connect(timer.get(), &QTimer::timeout, this, &ClUsbManager::slotConnectWaitEnd);
-    // The first pass runs on the main thread; a timer runs on the thread that it lives on.
     timer->moveToThread(thread());
-    QTimer* const waiting = timer.get();
     m_connectWaitTimers.push_back({std::move(timer), controller});
-    // Last: from now on the wait may end on the worker thread at any time, and be looked for.
-    QMetaObject::invokeMethod(waiting, qOverload<>(&QTimer::start));
+    return m_connectWaitTimers.back().timer.get();
 }
 
 void ClUsbManager::slotConnectWaitEnd() {

@@ -107,8 +107,10 @@ private:
     int searchBus();  ///< as openDevice() does once initialised
     [[nodiscard]] bool isLive(const ClUsbController* controller) const;
     [[nodiscard]] bool isAccepted(libusb_device* device) const;
-    void openCamera(libusb_device* device);
-    void startConnectWait(ClUsbController* controller);
+    /// @return its controller, in the list; null when it cannot be opened.
+    ClUsbController* openCamera(libusb_device* device);
+    /// @return the timer of the wait, in the list and not started.
+    QTimer* makeConnectWait(ClUsbController* controller);
     /// Logs the outcome of an attempt to open @p device, if it differs from the last one. @p result
     /// is 0 or the libusb error that tells a user most.
     void reportOpening(libusb_device* device, int result);

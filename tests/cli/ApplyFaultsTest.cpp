@@ -130,6 +130,8 @@ void ApplyFaultsTest::meetFault(const QStringList& more) {
         QCOMPARE(run.exit == 7 || run.exit == 8, true);
         QVERIFY(m_bench.bus.waitForPlugged(id, false, std::chrono::milliseconds(PATIENCE_MS)));
         QVERIFY(m_bench.bus.replug(id));
+    } else if (fault.kind == FaultKind::Halt) {
+        QVERIFY(m_bench.bus.unplug(id) && m_bench.bus.replug(id));
     }
     checkNextRun();
 }

@@ -29,6 +29,7 @@ const std::array CLI_FAULTS = [] {
         stCliFault{"busy", {.kind = Busy, .count = 3}},
         stCliFault{"stall once", {.kind = Stall}},
         stCliFault{"stall", {.kind = Stall, .count = 3}},
+        stCliFault{"halt", {.kind = Halt}},
         stCliFault{"babble", {.kind = Babble, .count = 3}},
         stCliFault{"empty packet", {.kind = EmptyPacket}},
         stCliFault{"packet without head", {.kind = ShortPacket, .argument = 6}},

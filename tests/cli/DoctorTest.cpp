@@ -5,6 +5,7 @@
 #include "cli/Doctor.h"
 #include "settings/SettingTable.h"
 #include "tests/cli/CliBench.h"
+#include "tests/support/SummerTime.h"
 #include "tests/support/TestSubject.h"
 #include "tests/support/WithoutFileOverride.h"
 
@@ -174,6 +175,7 @@ private Q_SLOTS:
     void aRefusalIsOfItsCheckAlone();
     void clocksBatteriesAndCards_data();
     void clocksBatteriesAndCards();
+    void aClockInAnHourThatSummerTimeSkipsHereIsOffAndNotUnset();
     void everyCameraIsCheckedOrTheOneThatIsChosen();
     void theTextIsForARequestAndHoldsNoSecrets();
 };
@@ -410,6 +412,13 @@ void DoctorTest::clocksBatteriesAndCards() {
         verifyFound(diagnosis, check.toLatin1().constData(), u"warning"_s, message);
         QVERIFY(diagnosis.text.endsWith(u"warnings: 1, failures: 0\n"_s));
     }
+}
+
+void DoctorTest::aClockInAnHourThatSummerTimeSkipsHereIsOffAndNotUnset() {
+    const SummerTime here;
+    const Computer computer;
+    QVERIFY(computer.camera().set("time", "2026/03/29 02:30:05"));
+    verifyFound(computer.examined(), "clock", u"warning"_s, u" s off"_s);
 }
 
 void DoctorTest::everyCameraIsCheckedOrTheOneThatIsChosen() {

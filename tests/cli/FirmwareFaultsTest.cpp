@@ -56,7 +56,7 @@ void FirmwareFaultsTest::bringBack(const Fault& fault, bool isTold) {
         QVERIFY(m_bench.bus.waitForPlugged(id, false, std::chrono::milliseconds(PATIENCE_MS)));
     }
     m_bench.bus.settle();
-    if (isTold) {
+    if (isTold || fault.kind == FaultKind::Halt) {
         static_cast<void>(m_bench.bus.unplug(id));
     }
     static_cast<void>(m_bench.bus.replug(id));

@@ -22,7 +22,7 @@ WARM_UP = 100
 MOST_GROWTH = 0.02
 
 FAULTS = (
-    "timeout transfer", "device-gone transfer", "busy transfer", "stall transfer", "short-packet 7 transfer",
+    "timeout transfer", "device-gone transfer", "busy transfer", "stall transfer", "halt transfer", "short-packet 7 transfer",
     "empty-packet transfer", "overlong-packet transfer", "foreign-id transfer", "camera-error 0xFFF9 command",
     "babble transfer", "delay 300 command",
 )

@@ -92,8 +92,8 @@ class FaultTest(unittest.TestCase):
     def test_the_answer_can_be_cut(self):
         self.strike("short-packet 3 command 1", 7)
 
-    def test_a_stalled_endpoint_stays_so_until_the_camera_is_plugged_in_again(self):
-        self.camera.do("fault stall command 1")
+    def test_a_halted_endpoint_stays_so_until_the_camera_is_plugged_in_again(self):
+        self.camera.do("fault halt command 1")
         self.assertEqual(self.charge().returncode, 7)
         self.camera.unplug()
         self.camera.plug()

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""All tests of the virtual machine, or those named; they are counted in /run/output/counts."""
+"""The tests named, in the virtual machine; how many passed and failed is left in /run/output/counts."""
 
 import os
 import sys
@@ -7,10 +7,6 @@ import time
 import unittest
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
-
-# What is missing can be shown as long as it is: first.
-MODULES = ["missing_parts_test", "gadget_test", "bus_test", "command_line_test", "rights_test",
-           "window_test"]
 
 
 class TimedResult(unittest.TextTestResult):
@@ -37,13 +33,13 @@ class TimedResult(unittest.TextTestResult):
 
 
 def main():
-    suite = unittest.defaultTestLoader.loadTestsFromNames(sys.argv[1:] or MODULES)
+    suite = unittest.defaultTestLoader.loadTestsFromNames(sys.argv[1:])
     runner = unittest.TextTestRunner(sys.stdout, verbosity=2, resultclass=TimedResult)
     result = runner.run(suite)
     failed = len(result.failures) + len(result.errors)
     passed = result.testsRun - failed
     with open("/run/output/counts", "w", encoding="ascii") as counts:
-        print(f"Kernel tests: {passed} passed, {failed} failed", file=counts)
+        print(passed, failed, file=counts)
     return 0 if passed > 0 and failed == 0 else 1
 
 

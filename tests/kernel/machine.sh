@@ -19,10 +19,15 @@ MACHINE_PROCESSOR=(-accel tcg -smp 1)
 MACHINE_START_LIMIT_S=${MACHINE_START_LIMIT_S:-400}
 MACHINE_LIMIT_S=${MACHINE_LIMIT_S:-2400}
 
-# fetch_kernel SUITE FOLDER: unpacks Debian's kernel of that suite into the folder, unless it is
-# there. Nothing is installed, and apt's own lists stay as they are.
+kernel_folder() {
+    echo "$PWD/build/kernel/$1"
+}
+
+# fetch_kernel SUITE: unpacks Debian's kernel of that suite into its folder, unless it is there.
+# Nothing is installed, and apt's own lists stay as they are.
 fetch_kernel() {
-    local suite=$1 folder=$2
+    local suite=$1 folder
+    folder=$(kernel_folder "$suite")
     [ ! -e "$folder/complete" ] || return 0
     echo "Fetching the kernel of $suite"
     rm -rf "$folder"
@@ -76,15 +81,16 @@ make_ramdisk() {
     rm -r "$content"
 }
 
-# run_in_machine SUITE COMMAND...: its exit code; 1 when the machine has not come up, or has not
+# run_in_machine SUITE COMMAND...: on that suite's kernel, which has been fetched. Its exit code; 1 when the machine has not come up, or has not
 # ended, within its limit. What the command leaves in /run/output is in MACHINE_OUTPUT then.
 run_in_machine() {
-    local kernel=$PWD/build/kernel/$1 output=$MACHINE_OUTPUT
-    fetch_kernel "$1" "$kernel"
+    local kernel output=$MACHINE_OUTPUT
+    kernel=$(kernel_folder "$1")
     shift
     rm -rf "$output"
     mkdir -p "$output"
     make_ramdisk "$kernel" "$output/ramdisk" "$@"
+    : >"$output/console"  # for its reader, who may be there first
 
     local machine=(
         qemu-system-x86_64 "${MACHINE_PROCESSOR[@]}" -cpu max -m 2048 -nic none

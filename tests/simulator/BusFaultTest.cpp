@@ -19,6 +19,7 @@ namespace nubo::simulator {
 namespace {
 
 using Bytes = ScriptedDevice::Bytes;
+using Clearing = int (*)(libusb_device_handle*);
 
 constexpr std::chrono::milliseconds PATIENCE{PATIENCE_MS};
 constexpr unsigned SHORT_TIMEOUT = 50;
@@ -58,6 +59,9 @@ private Q_SLOTS:
     void delayedTransferCanTimeOut();
     void nthTransfersAreStruckSoManyTimes();
     void faultStrikesForEverUntilCleared();
+    void haltedEndpointStallsUntilItIsCleared_data();
+    void haltedEndpointStallsUntilItIsCleared();
+    void haltedEndpointIsFreeAfterPluggingIn();
     void rewriteDueOnAnOutTransferStrikesTheNextPacket();
     void commandFaultStrikesTheAnswer();
     void commandFaultCountsCommandsOnly();
@@ -235,6 +239,43 @@ void BusFaultTest::faultStrikesForEverUntilCleared() {
     }
     m_bus->clearFaults(m_id);
     QCOMPARE(bulkOut(m_handle, bytes(COMMAND)), 0);
+}
+
+void BusFaultTest::haltedEndpointStallsUntilItIsCleared_data() {
+    QTest::addColumn<Clearing>("clear");
+    QTest::newRow("cleared") << Clearing{
+        [](libusb_device_handle* handle) { return libusb_clear_halt(handle, OUT_ENDPOINT); }};
+    QTest::newRow("interface set anew") << Clearing{[](libusb_device_handle* handle) {
+        return libusb_set_interface_alt_setting(handle, 0, 0);
+    }};
+}
+
+void BusFaultTest::haltedEndpointStallsUntilItIsCleared() {
+    QFETCH(const Clearing, clear);
+    m_bus->addFault(m_id, {.kind = FaultKind::Halt});
+    for (int i = 0; i < 3; ++i) {
+        QCOMPARE(bulkOut(m_handle, bytes(COMMAND)), LIBUSB_ERROR_PIPE);
+    }
+    m_device->answerWith(bytes(ANSWER));
+    QCOMPARE(bulkIn(m_handle, 1024).bytes, bytes(ANSWER));
+    QCOMPARE(libusb_clear_halt(m_handle.get(), IN_ENDPOINT), 0);
+    QCOMPARE(bulkOut(m_handle, bytes(COMMAND)), LIBUSB_ERROR_PIPE);
+    QCOMPARE(clear(m_handle.get()), 0);
+    QCOMPARE(bulkOut(m_handle, bytes(COMMAND)), 0);
+    QCOMPARE(m_device->received().size(), 1U);
+}
+
+void BusFaultTest::haltedEndpointIsFreeAfterPluggingIn() {
+    m_bus->addFault(m_id, {.kind = FaultKind::Halt});
+    QCOMPARE(bulkOut(m_handle, bytes(COMMAND)), LIBUSB_ERROR_PIPE);
+    m_bus->unplug(m_id);
+    QVERIFY(m_bus->replug(m_id));
+    const LibusbContext context = newLibusbContext();
+    const LibusbHandle handle(
+        libusb_open_device_with_vid_pid(context.get(), NUBO_USB_VENDOR_ID, NUBO_USB_PRODUCT_ID));
+    QVERIFY(handle);
+    QCOMPARE(libusb_claim_interface(handle.get(), 0), 0);
+    QCOMPARE(bulkOut(handle, bytes(COMMAND)), 0);
 }
 
 void BusFaultTest::rewriteDueOnAnOutTransferStrikesTheNextPacket() {

@@ -10,6 +10,9 @@
 
 namespace nubo::simulator {
 
+inline constexpr unsigned char IN_ENDPOINT = 0x81;
+inline constexpr unsigned char OUT_ENDPOINT = 0x02;
+
 inline LibusbContext newLibusbContext() {
     libusb_context* context = nullptr;
     libusb_init(&context);
@@ -26,7 +29,7 @@ inline BulkResult bulkIn(const LibusbHandle& handle, int length, unsigned timeou
     std::vector<std::uint8_t> bytes(static_cast<std::size_t>(length));
     int moved = 0;
     const int code =
-        libusb_bulk_transfer(handle.get(), 0x81, bytes.data(), length, &moved, timeout);
+        libusb_bulk_transfer(handle.get(), IN_ENDPOINT, bytes.data(), length, &moved, timeout);
     bytes.resize(static_cast<std::size_t>(moved));
     return {code, std::move(bytes)};
 }
@@ -34,8 +37,8 @@ inline BulkResult bulkIn(const LibusbHandle& handle, int length, unsigned timeou
 inline int bulkOut(const LibusbHandle& handle, std::vector<std::uint8_t> bytes,
                    unsigned timeout = PATIENCE_MS) {
     int moved = 0;
-    return libusb_bulk_transfer(handle.get(), 0x02, bytes.data(), static_cast<int>(bytes.size()),
-                                &moved, timeout);
+    return libusb_bulk_transfer(handle.get(), OUT_ENDPOINT, bytes.data(),
+                                static_cast<int>(bytes.size()), &moved, timeout);
 }
 
 }  // namespace nubo::simulator
