@@ -5,6 +5,7 @@
 #include "ui/WidgetLook.h"
 
 #include <QFocusEvent>
+#include <QTextDocument>
 
 #include <algorithm>
 #include <array>
