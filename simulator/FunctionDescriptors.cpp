@@ -18,15 +18,12 @@ constexpr std::size_t LENGTH_OF_ALL_OFFSET = 4;
 constexpr std::uint16_t FULL_SPEED_PACKET = 64;
 constexpr std::uint16_t HIGH_SPEED_PACKET = 512;
 
-void appendSetting(Bytes& bytes, const AlternateSetting& setting, std::uint16_t packetSize) {
-    bytes.insert(bytes.end(),
-                 {9, 4, 0, 0, static_cast<std::uint8_t>(setting.endpoints.size()),
-                  setting.interfaceClass, setting.interfaceSubClass, setting.interfaceProtocol, 0});
-    for (const EndpointDescription& endpoint : setting.endpoints) {
-        bytes.insert(bytes.end(), {7, 5, endpoint.address, endpoint.attributes});
-        appendU16(bytes, packetSize);
-        bytes.push_back(endpoint.interval);
+void appendSetting(Bytes& bytes, AlternateSetting setting, std::uint16_t packetSize) {
+    for (EndpointDescription& endpoint : setting.endpoints) {
+        endpoint.maxPacketSize = packetSize;
     }
+    const Bytes encoded = encodeInterface({{std::move(setting)}}, 0);
+    bytes.insert(bytes.end(), encoded.begin(), encoded.end());
 }
 
 Bytes withLength(Bytes bytes) {

@@ -31,7 +31,10 @@ Bytes encodeEndpoint(const EndpointDescription& endpoint) {
     return bytes;
 }
 
-Bytes encodeInterface(const InterfaceDescription& interface, std::uint8_t number) {
+}  // namespace
+
+std::vector<std::uint8_t> encodeInterface(const InterfaceDescription& interface,
+                                          std::uint8_t number) {
     Bytes bytes;
     std::uint8_t alternate = 0;
     for (const AlternateSetting& setting : interface.alternates) {
@@ -45,8 +48,6 @@ Bytes encodeInterface(const InterfaceDescription& interface, std::uint8_t number
     }
     return bytes;
 }
-
-}  // namespace
 
 InterfaceDescription DeviceDescription::cameraInterface() {
     return {{AlternateSetting{{EndpointDescription{0x81}, EndpointDescription{0x02}}}}};

@@ -50,6 +50,10 @@ constexpr std::uint8_t SERIAL_NUMBER_STRING = 1;
 std::vector<std::uint8_t> encodeDescriptors(const DeviceDescription& description,
                                             bool hasSerialNumber);
 
+/// The descriptors of all its alternate settings, in their order, each with those of its endpoints.
+std::vector<std::uint8_t> encodeInterface(const InterfaceDescription& interface,
+                                          std::uint8_t number);
+
 /// The string descriptor of that number; empty when the device has none.
 std::vector<std::uint8_t> encodeString(std::uint8_t number, std::string_view serialNumber);
 

@@ -12,6 +12,8 @@
 #include <QList>
 #include <QStringList>
 
+#include <atomic>
+#include <cstdint>
 #include <memory>
 #include <mutex>
 
@@ -21,12 +23,18 @@ public:
     void receive(std::span<const std::uint8_t> packet) override {
         using namespace nubo::simulator;
         if (packet.size() >= HEADER_SIZE && isOfType(packet, PacketType::Command)) {
+            const std::uint16_t code = readU16(packet, CODE_OFFSET);
+            if (code == m_interruptedAt) {
+                Interruption::request();
+            }
             const std::lock_guard lock(m_codesMutex);
-            m_codes.append(
-                QByteArray::number(readU16(packet, CODE_OFFSET), 16).rightJustified(4, '0'));
+            m_codes.append(QByteArray::number(code, 16).rightJustified(4, '0'));
         }
         VirtualCamera::receive(packet);
     }
+    /// From now on the user presses Ctrl-C as soon as the camera has received this command; 0: no
+    /// more.
+    void interruptAt(std::uint16_t code) { m_interruptedAt = code; }
     /// The codes since the last call, in hexadecimal.
     QByteArrayList takeCodes() {
         const std::lock_guard lock(m_codesMutex);
@@ -37,6 +45,7 @@ public:
     }
 
 private:
+    std::atomic<std::uint16_t> m_interruptedAt = 0;
     std::mutex m_codesMutex;
     QByteArrayList m_codes;
 };

@@ -8,14 +8,13 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-#include <thread>
-
 using namespace Qt::StringLiterals;
 using nubo::simulator::FaultKind;
 using nubo::simulator::FaultUnit;
 
 namespace {
 
+constexpr std::uint16_t SEND_IMAGE = 0x2001;
 constexpr qsizetype IMAGE_SIZE = 200'000;  // several pieces, the last one short
 
 /// A transfer of the update that goes wrong, and how the run ends then.
@@ -215,15 +214,9 @@ void FirmwareOnBusTest::aCameraThatDoesNotRestartIsTold() {
 }
 
 void FirmwareOnBusTest::theFirstInterruptionIsRefused() {
-    std::thread user([this] {
-        const auto begun = m_bench.bus.log(m_bench.ids.front()).commandCount;
-        m_bench.bus.waitForLog(
-            m_bench.ids.front(), [begun](const auto& log) { return log.commandCount >= begun + 4; },
-            std::chrono::seconds(60));
-        Interruption::request();
-    });
+    m_camera->interruptAt(SEND_IMAGE);
     const stRunResult result = CliBench::run(update());
-    user.join();
+    m_camera->interruptAt(0);
     QVERIFY2(result.exit == 0, qPrintable(result.err));
     QVERIFY2(result.err.contains(u"the update goes on"_s), qPrintable(result.err));
     QCOMPARE(m_camera->item("firmware-version"), u"1.01"_s);

@@ -20,23 +20,6 @@ constexpr std::uint16_t SET_CONTRAST = 0x5849;
 constexpr std::uint16_t REQUEST_PICTURE = 0x3001;
 constexpr std::uint16_t GET_BATTERY = 0x5037;
 
-/// A camera whose user presses Ctrl-C as soon as it has received a command.
-class InterruptedCamera : public RecordingCamera {
-public:
-    explicit InterruptedCamera(std::uint16_t code) : m_code(code) {}
-
-    void receive(std::span<const std::uint8_t> packet) override {
-        if (packet.size() >= HEADER_SIZE && isOfType(packet, PacketType::Command) &&
-            readU16(packet, CODE_OFFSET) == m_code) {
-            Interruption::request();
-        }
-        RecordingCamera::receive(packet);
-    }
-
-private:
-    std::uint16_t m_code;
-};
-
 }  // namespace
 
 /// Ctrl-C in the middle of a run: the transaction under way is finished, no other is begun, and
@@ -69,8 +52,9 @@ void InterruptionTest::initTestCase() {
 
 void InterruptionTest::applyEndsAfterTheWriteUnderWay() {
     CliBench bench;
-    const auto camera = std::make_shared<InterruptedCamera>(SET_CONTRAST);
-    const DeviceId id = bench.bus.plug(camera);
+    const auto camera = bench.plug();
+    camera->interruptAt(SET_CONTRAST);
+    const DeviceId id = bench.ids.front();
     const stRunResult run = CliBench::run({u"apply"_s, m_profile});
     QCOMPARE(run.exit, static_cast<int>(ExitCode::Interrupted));
     QCOMPARE(run.out,
@@ -89,7 +73,7 @@ void InterruptionTest::applyEndsAfterTheWriteUnderWay() {
 
 void InterruptionTest::applyTellsProgramsWhatWasWritten() {
     CliBench bench;
-    bench.bus.plug(std::make_shared<InterruptedCamera>(SET_CONTRAST));
+    bench.plug()->interruptAt(SET_CONTRAST);
     const stRunResult run = CliBench::run({u"apply"_s, m_profile, u"--json"_s});
     const QJsonObject told = QJsonDocument::fromJson(run.out.toUtf8()).object();
     QCOMPARE(told["error"_L1]["kind"_L1].toString(), u"interrupted"_s);
@@ -107,20 +91,21 @@ void InterruptionTest::applyTellsProgramsWhatWasWritten() {
 
 void InterruptionTest::applyToAllEndsOnEveryCamera() {
     CliBench bench;
-    const auto camera = std::make_shared<InterruptedCamera>(SET_CONTRAST);
-    const DeviceId first = bench.bus.plug(camera);
+    const auto camera = bench.plug();
+    camera->interruptAt(SET_CONTRAST);
     bench.plug();
     const stRunResult run = CliBench::run({u"--all"_s, u"--json"_s, u"apply"_s, m_profile});
     QCOMPARE(run.exit, static_cast<int>(ExitCode::Interrupted));
     QCOMPARE(run.out.split(u'\n', Qt::SkipEmptyParts).size(), 2);
     QCOMPARE(camera->item("rtsp-port"), u"554"_s);
-    TRY_COMPARE(bench.bus.log(first).openHandles, 0);
-    TRY_COMPARE(bench.bus.log(bench.ids.front()).openHandles, 0);
+    for (const DeviceId id : bench.ids) {
+        TRY_COMPARE(bench.bus.log(id).openHandles, 0);
+    }
 }
 
 void InterruptionTest::aSeriesKeepsThePicturesThatItHas() {
     CliBench bench;
-    bench.bus.plug(std::make_shared<InterruptedCamera>(REQUEST_PICTURE));
+    bench.plug()->interruptAt(REQUEST_PICTURE);
     const QString path = m_folder.filePath(u"a.jpg"_s);
     const stRunResult run =
         CliBench::run({u"picture"_s, path, u"--every"_s, u"0.01"_s, u"--count"_s, u"5"_s});
@@ -132,7 +117,7 @@ void InterruptionTest::aSeriesKeepsThePicturesThatItHas() {
 
 void InterruptionTest::theDoctorSaysThatItWasInterrupted() {
     CliBench bench;
-    bench.bus.plug(std::make_shared<InterruptedCamera>(GET_BATTERY));
+    bench.plug()->interruptAt(GET_BATTERY);
     const stRunResult run = CliBench::run({u"doctor"_s});
     QCOMPARE(run.exit, static_cast<int>(ExitCode::Interrupted));
     QVERIFY2(run.out.contains(u"battery   85 %\n"_s), qPrintable(run.out));

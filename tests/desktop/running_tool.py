@@ -1,6 +1,7 @@
 # SPDX-License-Identifier: MIT
 """The tool's process, seen from outside, and its window under the mouse."""
 
+import ctypes
 import os
 import pathlib
 import signal
@@ -16,6 +17,13 @@ MODES = 5
 MODE_BAR_Y = 72
 PAGE_Y = 120  # and below
 SECONDS_FOR_KEYS = 2
+PR_SET_THP_DISABLE = 41  # linux/prctl.h
+
+
+def without_huge_pages():
+    """From now on this process and those that it starts have memory in small pages: in large ones
+    they would seem to grow by leaps."""
+    ctypes.CDLL(None).prctl(PR_SET_THP_DISABLE, 1, 0, 0, 0)
 
 
 def children(pid):
@@ -64,10 +72,11 @@ class RunningTool:
     def open_files(self):
         return len(os.listdir(f"/proc/{self.pid}/fd"))
 
-    def private_memory(self):
-        """In KiB."""
+    def written_memory(self):
+        """What the process alone has, in KiB, apart from unchanged pages of files: these become
+        its own whenever another process that maps them ends."""
         rollup = pathlib.Path(f"/proc/{self.pid}/smaps_rollup").read_text(encoding="ascii")
-        return sum(int(line.split()[1]) for line in rollup.splitlines() if line.startswith("Private_"))
+        return next(int(line.split()[1]) for line in rollup.splitlines() if line.startswith("Private_Dirty"))
 
     def shared_segments(self):
         """The shared memory that it has made."""
@@ -99,6 +108,17 @@ class RunningTool:
     def click_somewhere(self, generator):
         """On the page, or on the dialog above it."""
         self.click(generator.randrange(20, WIDTH - 20), generator.randrange(PAGE_Y, HEIGHT - 20))
+
+    def close_dialogs(self):
+        """Escape closes the uppermost, and is "Back" on a page."""
+
+        def are_closed():
+            for window in self.windows()[1:]:
+                command = ["xdotool", "windowfocus", window, "key", "Escape"]
+                subprocess.run(command, check=False, capture_output=True, timeout=PATIENCE_S)
+            return len(self.windows()) <= 1
+
+        wait_for(are_closed, "the end of the dialogs")
 
     def close(self):
         """Presses keys in all windows until the tool has ended.

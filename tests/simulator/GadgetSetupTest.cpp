@@ -123,7 +123,8 @@ void GadgetSetupTest::faultsThatAGadgetCannotPlayAreRefused_data() {
     QTest::addColumn<bool>("refused");
     for (const FaultInfo& info : faultTable()) {
         for (const FaultUnit unit : {FaultUnit::Transfer, FaultUnit::Command}) {
-            const bool refused = info.kind == FaultKind::Busy || info.kind == FaultKind::Babble ||
+            const bool refused = info.kind == FaultKind::Busy || info.kind == FaultKind::Stall ||
+                                 info.kind == FaultKind::Babble ||
                                  info.kind == FaultKind::UnplugBefore ||
                                  (info.kind == FaultKind::Timeout && unit == FaultUnit::Transfer);
             QTest::addRow("%s of a %s", info.name.data(),
