@@ -18,7 +18,7 @@ struct stReason {
     QString text;
 };
 
-// What opens displays logs from threads of its own, too.
+// The toolkit may log from a thread of its own while it opens a display.
 QMutex g_mutex;
 QList<stReason> g_reasons;
 QtMessageHandler g_previous = nullptr;
@@ -27,7 +27,7 @@ QtMessageHandler g_previous = nullptr;
     const QString reason = g_reasons.isEmpty() ? QStringLiteral("no display")
                                                : g_reasons.constFirst().text.simplified();
     std::fprintf(stderr, "nubo-setting-tool: no window can be opened: %s\n", qPrintable(reason));
-    // The application object is half made: nothing of it can be taken down.
+    // The application object is half made: no destructor may run.
     std::_Exit(EXIT_FAILURE);
 }
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-/// Stands around the making of the application object: where no window can be opened, for want of a
-/// display or of the plugin for it, the toolkit explains itself in many lines and aborts. The guard
-/// ends the program instead, with one line on standard error and exit code 1. What the toolkit had
-/// to say about a display that could be reached in the end, it says when the guard goes.
+/// Lives while the application object is made. Where no window can be opened, for want of a display
+/// or of the plugin for it, the toolkit logs many lines and aborts; the guard ends the program
+/// instead, with one line on standard error and exit code 1. Warnings of the toolkit about a
+/// display that opens after all are logged when the guard is destroyed.
 ///
 /// One at a time.
 class ClDisplayGuard {

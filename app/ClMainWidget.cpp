@@ -14,7 +14,6 @@
 #include "ui/Colours.h"
 #include "usb/ClUsbManager.h"
 
-#include <QBitmap>
 #include <QCoreApplication>
 #include <QGuiApplication>
 #include <QMouseEvent>
@@ -33,8 +32,8 @@ constexpr QColor CONTROL_COLOUR{0xEF, 0xEF, 0xEF};
 
 const QString WINDOW_PICTURE = QStringLiteral(":/img/window");
 
-// The surface is a light picture whatever the desktop looks like, so what is written on it is dark,
-// and so that they go with it, the controls are light.
+// The window's picture is light on every desktop. So its texts are dark and its controls light,
+// dark desktops included.
 QPalette surfacePalette() {
     QPalette palette(CONTROL_COLOUR);
     palette.setColor(QPalette::Window, PAGE_COLOUR);

@@ -8,7 +8,7 @@
 
 ClWidgetNotConnect::ClWidgetNotConnect(QWidget* parent) : ClWidgetBase(parent) {
     auto* picture = new QLabel(this);
-    picture->setPixmap(artwork(QStringLiteral(":/img/camera_notconnect"), devicePixelRatioF()));
+    picture->setPixmap(artwork(QStringLiteral(":/img/camera_notconnect")));
     picture->setAlignment(Qt::AlignCenter);
 
     auto* text = new QLabel(tr("Connect camera by USB cable"), this);

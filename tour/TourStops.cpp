@@ -7,6 +7,7 @@
 #include "ui/ClLabelSsid.h"
 #include "ui/ClWidgetApInfo.h"
 
+#include <QCheckBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -63,6 +64,12 @@ bool showsValues(const QWidget& shown) {
 bool showsAccesspoint(const QWidget& shown) {
     return std::ranges::any_of(visible<ClLabelSsid>(shown),
                                [](const QLabel* ssid) { return !ssid->text().isEmpty(); });
+}
+
+// The mode, which the check box follows, is what the page reads last.
+bool showsNetwork(const QWidget& shown) {
+    return showsAccesspoint(shown) &&
+           std::ranges::any_of(visible<QCheckBox>(shown), &QCheckBox::isChecked);
 }
 
 template <int INDEX>
@@ -135,7 +142,7 @@ std::vector<stStop> tourStops() {
              dialog<1>("camera-state-initialize"),
              dialog<2>("camera-state-reset"),
          }},
-        {eStop::Page, "network", click<ClButtonMode, 1>, showsAccesspoint, networkStops()},
+        {eStop::Page, "network", click<ClButtonMode, 1>, showsNetwork, networkStops()},
         {eStop::Page, "basic-setting", click<ClButtonMode, 2>, showsValues, basicSettingStops()},
         {eStop::Page,
          "stream",

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-/// Has assistive technology see the widgets of this tool as what they are, and a click on a button
-/// as what it does: Qt cannot know the tool's own classes, and offers to toggle a checkable button
-/// without the click that the tool listens to. For every widget from now on; may be called again.
+/// Gives assistive technology the roles of the tool's own widgets, which Qt cannot know, and has
+/// its action on a button be a click: Qt would toggle a checkable button without the click that the
+/// tool listens to. Counts for all widgets that are asked about from now on; may be called again.
 /// Needs the application object.
 void installAccessibility();

@@ -2,6 +2,7 @@
 #include "ui/ApBadges.h"
 
 #include "ui/Artwork.h"
+#include "ui/WidgetLook.h"
 
 #include <QPainter>
 
@@ -39,10 +40,10 @@ ClWidgetEncryption::ClWidgetEncryption(int type, QWidget* parent)
     m_label->move(LABEL_PLACE.topLeft());
     m_label->setFixedSize(LABEL_PLACE.size());
     m_label->setAlignment(Qt::AlignCenter);
-    QPalette white = m_label->palette();
-    white.setColor(QPalette::WindowText, Qt::white);
-    white.setColor(QPalette::ButtonText, Qt::white);
-    m_label->setPalette(white);
+    // The parts of a button take the button's text colour.
+    for (const QPalette::ColorRole text : {QPalette::WindowText, QPalette::ButtonText}) {
+        setColour(m_label, text, Qt::white);
+    }
     setValue(type);
 }
 

@@ -10,16 +10,17 @@ class QRect;
 
 /// The picture at the resource path @p path (":/img/button1") for a surface of
 /// @p devicePixelRatio: the 1x picture up to 1.0, at 2.0 the one named @p path + "@2x", at any
-/// other ratio that one smoothly brought to the surface's pixels, for a painter drops or doubles
-/// single pixels. Each says by its device pixel ratio what it is for. Without a 2x picture the 1x
-/// one serves all.
+/// other ratio that one smoothly scaled to the surface's pixels, because a painter would drop or
+/// double single pixels. Each has the device pixel ratio that it is for. Without a 2x picture the
+/// 1x one serves all.
 ///
 /// Each picture is made once, when it is first asked for, and kept until the application object
 /// goes. A path that holds no picture gives a null pixmap. Its size in device independent pixels is
 /// deviceIndependentSize().
 [[nodiscard]] QPixmap artwork(const QString& path, qreal devicePixelRatio);
 
-/// The picture for the sharpest screen, for whoever hands it on before knowing the screen: labels.
+/// The picture for the sharpest screen, for labels, which are given theirs before their screen is
+/// known.
 [[nodiscard]] QPixmap artwork(const QString& path);
 
 /// The part of the picture of ratio 1.0 at @p path that is not transparent, given that no row has a

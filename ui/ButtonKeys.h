@@ -14,7 +14,7 @@ enum class eKeysWhile { Always, Checked, Unchecked };
 
 /// Has each of @p keys press @p button as a click does, anywhere in its window, while it is visible
 /// and enabled and no dialog is open. Its tool tip and assistive technology name the keys that are
-/// the button's at the moment. @p button has its name by now.
+/// the button's at the moment; so give @p button its name first.
 void addKeys(QAbstractButton* button, const QList<QKeySequence>& keys,
              eKeysWhile when = eKeysWhile::Always);
 

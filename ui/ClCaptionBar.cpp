@@ -5,6 +5,7 @@
 #include "ui/ButtonKeys.h"
 #include "ui/ClRollOverToolBtn.h"
 #include "ui/Colours.h"
+#include "ui/WidgetLook.h"
 
 #include <QLabel>
 
@@ -28,9 +29,7 @@ ClCaptionBar::ClCaptionBar(const QString& title, QWidget* parent) : QWidget(pare
     connect(closeButton, &QAbstractButton::clicked, this, &ClCaptionBar::sigClose);
 
     auto* titleLabel = new QLabel(title, this);
-    QPalette colours = titleLabel->palette();
-    colours.setColor(QPalette::WindowText, TEXT_COLOUR);
-    titleLabel->setPalette(colours);
+    setColour(titleLabel, QPalette::WindowText, TEXT_COLOUR);
     titleLabel->move((SIZE.width() - titleLabel->sizeHint().width()) / 2, TITLE_TOP);
 }
 

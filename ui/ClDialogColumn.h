@@ -14,7 +14,7 @@ class ClDialogColumn : public QVBoxLayout {
 public:
     explicit ClDialogColumn(QWidget* dialog);
 
-    /// What is only of use when the radio button above it is checked stands below that button's
+    /// The indent of controls that depend on the radio button above them: they begin below its
     /// text.
     static constexpr int DEPENDENT_INDENT = 22;  // pixels
 

@@ -3,8 +3,7 @@
 
 #include <QPainter>
 #include <QStyle>
-
-using namespace Qt::StringLiterals;
+#include <QTextDocument>
 
 ClLabelSsid::ClLabelSsid(QWidget* parent) : QLabel(parent) {
     setTextFormat(Qt::PlainText);
@@ -21,8 +20,7 @@ void ClLabelSsid::fitInto(int width) {
     adjustSize();
     const bool isCut = sizeHint().width() > width;
     // A tool tip has no plain format: it takes for markup whatever looks like it.
-    setToolTip(isCut ? u"<span style=\"white-space:pre\">%1</span>"_s.arg(text().toHtmlEscaped())
-                     : QString());
+    setToolTip(isCut ? Qt::convertFromPlainText(text()) : QString());
 }
 
 void ClLabelSsid::paintEvent(QPaintEvent* /*event*/) {

@@ -56,8 +56,7 @@ ClMessageBox::ClMessageBox(QWidget* parent, const QString& text, const QString& 
 
 void ClMessageBox::preferRejecting() {
     if (m_reject != nullptr) {
-        // Being the default, too, it is the one that is pressed wherever the desktop has put it.
-        m_reject->setDefault(true);
+        // In a dialog the button that has the focus is also the default one.
         m_reject->setFocus();
     }
 }

@@ -8,6 +8,6 @@ constexpr int ROOM = 14;  ///< pixels on each side
 }  // namespace
 
 QSize ClTextButton::sizeHint() const {
-    const QSize text = fontMetrics().size(Qt::TextShowMnemonic, this->text());
-    return QPushButton::sizeHint().expandedTo({text.width() + 2 * ROOM, 0});
+    const int textWidth = fontMetrics().size(Qt::TextShowMnemonic, text()).width();
+    return QPushButton::sizeHint().expandedTo({textWidth + 2 * ROOM, 0});
 }

@@ -3,9 +3,8 @@
 
 #include <QPushButton>
 
-/// A push button with room on both sides of its text: some desktops' styles leave a text 4 pixels
-/// from the border. Where the button is laid out it is that wide; its minimum size is whoever's
-/// sets one.
+/// A push button whose preferred width leaves room on both sides of its text: some desktops' styles
+/// leave 4 pixels. A minimum size counts besides.
 class ClTextButton : public QPushButton {
     Q_OBJECT
 

@@ -2,6 +2,7 @@
 #include "ui/ClWidgetApInfo.h"
 
 #include "ui/ApInfoParts.h"
+#include "ui/WidgetLook.h"
 
 #include <QMouseEvent>
 #include <QPainter>
@@ -68,7 +69,5 @@ void ClWidgetApInfo::paintEvent(QPaintEvent* /*event*/) {
 }
 
 void ClWidgetApInfo::setBackground(const QColor& colour) {
-    QPalette colours = palette();
-    colours.setColor(QPalette::Window, colour);
-    setPalette(colours);
+    setColour(this, QPalette::Window, colour);
 }

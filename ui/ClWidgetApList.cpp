@@ -2,6 +2,7 @@
 #include "ui/ClWidgetApList.h"
 
 #include "ui/ApInfoParts.h"
+#include "ui/WidgetLook.h"
 
 #include <QFrame>
 #include <QKeyEvent>
@@ -16,11 +17,9 @@ QWidget* createSeparator() {
     line->setFrameShape(QFrame::HLine);
     line->setFrameShadow(QFrame::Plain);
     line->setFixedHeight(1);
-    QPalette colours = line->palette();
-    colours.setColor(QPalette::WindowText, AP_SEPARATOR_COLOUR);
+    setColour(line, QPalette::WindowText, AP_SEPARATOR_COLOUR);
     // At 125 % a painted line misses the pixels at times; the background fills them.
-    colours.setColor(QPalette::Window, AP_SEPARATOR_COLOUR);
-    line->setPalette(colours);
+    setColour(line, QPalette::Window, AP_SEPARATOR_COLOUR);
     line->setAutoFillBackground(true);
     return line;
 }

@@ -2,6 +2,7 @@
 #include "ui/ClWidgetProgress.h"
 
 #include "ui/Colours.h"
+#include "ui/WidgetLook.h"
 
 #include <QLabel>
 #include <QProgressBar>
@@ -35,9 +36,7 @@ ClWidgetProgress::ClWidgetProgress(QWidget* parent)
     m_bar->setFixedWidth(WIDTH);
 
     m_label->setAlignment(Qt::AlignCenter);
-    QFont font = m_label->font();
-    font.setWeight(QFont::Bold);
-    m_label->setFont(font);
+    setBold(m_label);
 
     setFixedWidth(WIDTH);
     auto* column = new QVBoxLayout(this);
@@ -54,7 +53,5 @@ void ClWidgetProgress::setMeaning(const QString& meaning) {
 void ClWidgetProgress::setValue(int value) {
     m_bar->setValue(value);
     m_label->setText(QString::number(value) + u'%');
-    QPalette colours = m_label->palette();
-    colours.setColor(QPalette::WindowText, colourOf(value));
-    m_label->setPalette(colours);
+    setColour(m_label, QPalette::WindowText, colourOf(value));
 }

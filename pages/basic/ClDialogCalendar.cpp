@@ -6,6 +6,7 @@
 #include "ui/Colours.h"
 
 #include <QCalendarWidget>
+#include <QSpinBox>
 #include <QTextCharFormat>
 #include <QToolButton>
 
@@ -69,6 +70,11 @@ ClDialogCalendar::ClDialogCalendar(QWidget* parent)
             button->setToolButtonStyle(Qt::ToolButtonTextOnly);
             button->setText(row.arrow);
         }
+    }
+    if (auto* year = m_calendar->findChild<QSpinBox*>(QStringLiteral("qt_calendar_yearedit"))) {
+        year->setAccessibleName(ClBasicSettingText::tr("Year"));
+        // Without a frame its arrows would stand on the bar, dark on dark.
+        year->setFrame(true);
     }
     if (auto* bar = m_calendar->findChild<QWidget*>(QStringLiteral("qt_calendar_navigationbar"))) {
         bar->setStyleSheet(BAR_STYLE.arg(ACCENT_COLOUR.name()));

@@ -3,6 +3,7 @@
 
 #include "pages/basic/ClBasicSettingText.h"
 #include "pages/basic/ClDialogCalendar.h"
+#include "settings/CameraClock.h"
 #include "ui/ClDialogColumn.h"
 #include "ui/ClMessageBox.h"
 #include "ui/ClTextButton.h"
@@ -110,9 +111,8 @@ ClDialogTime::ClDialogTime(QWidget* parent, Clock clock)
 }
 
 void ClDialogTime::setParam(const QVariantList& params) {
-    const QDateTime time = params.value(0).toDateTime();
-    // An hour that daylight saving skips here may well exist where the camera is: the parts count.
-    if (time.date().isValid() && time.time().isValid()) {
+    const QDateTime time = cameraClock(params.value(0).toDateTime());
+    if (time.isValid()) {
         showTime(time, {});
     }
 }

@@ -32,7 +32,6 @@ constexpr int CAPTION_INDENT = 37;
 // Enough for the text. The lines of some fonts, Japanese ones above all, are higher, and would push
 // the last button off the page.
 constexpr int CAPTION_HEIGHT = 16;
-const QString UNKNOWN_NAME = QStringLiteral("--");
 
 using Identifier = QUuid stSettingExchange::*;
 
@@ -111,8 +110,9 @@ void ClWidgetBasicSetting::makeRoom() {
     area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     area->setWidgetResizable(true);
     area->setWidget(content);
-    // The keys go from button to button, and the area follows. What is behind the page shows.
+    // The keys go from button to button, and the area scrolls along.
     area->setFocusPolicy(Qt::NoFocus);
+    // The window's picture shows through.
     area->viewport()->setAutoFillBackground(false);
     content->setAutoFillBackground(false);
     auto* frame = new QVBoxLayout(this);
@@ -142,7 +142,7 @@ void ClWidgetBasicSetting::addButton(const stBasicSettingRow& row, QVBoxLayout* 
     if (showsName(row)) {
         m_nameButton = button;
         m_nameButton->setAccessibleName(tr(sectionCaption(row.section)));
-        showName(UNKNOWN_NAME);
+        showName(UNKNOWN_VALUE);
     } else {
         button->setText(tr(row.text));
     }
@@ -160,7 +160,7 @@ void ClWidgetBasicSetting::showName(const QString& name) {
 }
 
 void ClWidgetBasicSetting::showInit(bool /*isPolling*/) {
-    showName(UNKNOWN_NAME);
+    showName(UNKNOWN_VALUE);
     sendUsbCommand(SettingExchange::CAMERA_NAME.request);
 }
 

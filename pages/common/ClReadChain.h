@@ -17,7 +17,7 @@ struct stRead {
     std::function<void(const VX_CMD& answer)> show;
 };
 
-/// In what a chain differs from others.
+/// What a chain may do differently from others.
 struct stReadRules {
     /// An answer other than the one that the chain waits for is left alone. Without this rule an
     /// answer counts whoever has asked for it, and the chain goes on from there.

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "pages/common/PageParts.h"
 
+#include "ui/WidgetLook.h"
+
 #include <QLabel>
 
 QLabel* addLabel(const QString& text, QPoint place, QWidget* page) {
@@ -25,12 +27,6 @@ QLabel* addValue(QPoint place, QWidget* page) {
 void setValue(QLabel* value, const QString& text) {
     value->setText(text);
     value->adjustSize();
-}
-
-void setBold(QWidget* widget) {
-    QFont bold = widget->font();
-    bold.setWeight(QFont::Bold);
-    widget->setFont(bold);
 }
 
 void moveEndTo(QWidget* widget, int right, int y) {

@@ -2,23 +2,25 @@
 #include "pages/help/ClLabelValue.h"
 
 #include "pages/common/PageParts.h"
+#include "ui/WidgetLook.h"
 
 #include <QFocusEvent>
+#include <QTextDocument>
 
 #include <algorithm>
 #include <array>
 
 namespace {
 
-// Format characters among them turn the direction of what follows.
-constexpr std::array UNSEEMLY{QChar::Other_Control, QChar::Other_Format, QChar::Separator_Line,
-                              QChar::Separator_Paragraph};
+// Some format characters reverse the direction of the text that follows.
+constexpr std::array NOT_SHOWN{QChar::Other_Control, QChar::Other_Format, QChar::Separator_Line,
+                               QChar::Separator_Paragraph};
 
 QString onOneLine(QString text) {
     std::ranges::replace_if(
         text,
         [](QChar character) {
-            return std::ranges::find(UNSEEMLY, character.category()) != UNSEEMLY.end();
+            return std::ranges::find(NOT_SHOWN, character.category()) != NOT_SHOWN.end();
         },
         u' ');
     return text;
@@ -35,7 +37,7 @@ ClLabelValue::ClLabelValue(int widest, QWidget* parent) : QLabel(parent), m_wide
 }
 
 void ClLabelValue::setValue(const QString& text) {
-    m_line = text.isEmpty() ? QStringLiteral("--") : onOneLine(text);
+    m_line = text.isEmpty() ? QString(UNKNOWN_VALUE) : onOneLine(text);
     if (isVisible()) {
         showLine();
     }

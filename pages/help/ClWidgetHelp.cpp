@@ -82,7 +82,7 @@ ClLabelValue* ClWidgetHelp::addRow(int y, const QString& caption) {
 
 void ClWidgetHelp::showEvent(QShowEvent* event) {
     ClWidgetBase::showEvent(event);
-    // Not earlier: its letters take a font of their own, which a start without them need not load.
+    // Only now: measuring the banner loads a font of its own, which start-up need not wait for.
     m_logo->adjustSize();
     m_logo->move((PAGE_WIDTH - m_logo->width()) / 2, LOGO_Y);
 }
@@ -91,7 +91,7 @@ void ClWidgetHelp::showInit(bool /*isPolling*/) {
     for (ClLabelValue* value : std::as_const(m_values)) {
         value->setValue(QString());
     }
-    // What the page before had in focus is handed on to a value, which nobody chose.
+    // Hiding the page before moves its focus on to a value here, which nobody chose.
     if (QWidget* focused = focusWidget(); focused != nullptr) {
         focused->clearFocus();
     }

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "pages/help/ClWidgetLogo.h"
 
-#include "pages/common/PageParts.h"
 #include "pages/help/ClHelpText.h"
 #include "ui/Artwork.h"
+#include "ui/WidgetLook.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -17,9 +17,7 @@ constexpr int TEXT_REDUCTION = 3;  // pixels by which the letters are lower than
 }  // namespace
 
 ClWidgetLogo::ClWidgetLogo(QWidget* parent) : QWidget(parent) {
-    QPalette grey = palette();
-    grey.setColor(QPalette::WindowText, LETTER_COLOUR);
-    setPalette(grey);
+    setColour(this, QPalette::WindowText, LETTER_COLOUR);
 
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);

@@ -8,10 +8,10 @@
 #include "ui/ClIpv4Validator.h"
 #include "ui/ClMessageBox.h"
 
+#include <QAbstractButton>
 #include <QDialogButtonBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPushButton>
 
 #include <algorithm>
 #include <utility>

@@ -9,6 +9,7 @@
 #include "ui/ClLabelSepalator.h"
 #include "ui/ClLabelSsid.h"
 #include "ui/Ipv4.h"
+#include "ui/WidgetLook.h"
 
 #include <QCheckBox>
 #include <QLineEdit>

@@ -9,11 +9,11 @@
 #include "settings/SettingTable.h"
 #include "settings/SettingValue.h"
 
+#include <QAbstractButton>
 #include <QDialogButtonBox>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QRegularExpressionValidator>
 
 namespace {

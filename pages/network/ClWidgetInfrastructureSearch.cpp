@@ -13,6 +13,7 @@
 #include "ui/ButtonKeys.h"
 #include "ui/ClWidgetApInfo.h"
 #include "ui/ClWidgetApList.h"
+#include "ui/WidgetLook.h"
 
 #include <QApplication>
 #include <QLabel>
@@ -51,9 +52,7 @@ ClWidgetInfrastructureSearch::ClWidgetInfrastructureSearch(QWidget* parent)
     m_area->setAccessibleName(caption->text());
     m_area->move(LIST_PLACE.topLeft());
     m_area->setFixedSize(LIST_PLACE.size());
-    QPalette colours = m_area->palette();
-    colours.setColor(QPalette::Window, AP_ROW_COLOUR);
-    m_area->setPalette(colours);
+    setColour(m_area, QPalette::Window, AP_ROW_COLOUR);
     m_area->setAutoFillBackground(true);
     // The rows take the focus, not the area.
     m_area->setFocusPolicy(Qt::NoFocus);

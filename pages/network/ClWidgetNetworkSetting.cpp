@@ -220,8 +220,7 @@ void ClWidgetNetworkSetting::showResult(const stCommandResult& result) {
         return;
     }
     stopPolling();
-    if (!g_bIsShowError) {
-        g_bIsShowError = true;
+    if (!std::exchange(g_bIsShowError, true)) {
         showErrorMsgBox(result.code);
     }
 }

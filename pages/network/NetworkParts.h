@@ -20,8 +20,8 @@ enum NetworkTab : int { INFRASTRUCTURE_TAB, ADHOC_TAB };
                                                                     const QString& reject);
 
 /// The buttons "Decision" (accept role) and "Back" (reject role) at the bottom of a network page,
-/// of which they become children. Return in a line edit that the page has by now is "Decision",
-/// too, as in a dialog; Escape is "Back".
+/// of which they become children. As in a dialog, Return presses "Decision", in every line edit
+/// that the page already has, and Escape presses "Back".
 QDialogButtonBox* addDecisionBox(int y, QWidget* page);
 
 /// The sub-pages of the infrastructure tab, by their index.

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "pages/common/WifiCodes.h"
-
 #include <QtGlobal>
 
 // What the network pages know of the camera's Wi-Fi, and whether they have complained yet. One

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "pages/state/ClLabelWifiState.h"
 
-#include "pages/common/PageParts.h"
 #include "pages/common/WifiCodes.h"
 #include "ui/Artwork.h"
+#include "ui/WidgetLook.h"
 
 #include <QPaintEvent>
 #include <QPainter>
@@ -38,9 +38,7 @@ ClLabelWifiState::ClLabelWifiState(QWidget* parent)
     setFixedSize(BADGE_SIZE);
     setAlignment(Qt::AlignCenter);
     setBold(this);
-    QPalette white = palette();
-    white.setColor(QPalette::WindowText, Qt::white);
-    setPalette(white);
+    setColour(this, QPalette::WindowText, Qt::white);
 }
 
 void ClLabelWifiState::setState(unsigned int state) {

@@ -13,6 +13,7 @@
 #include "ui/ClTextButton.h"
 #include "ui/ClWidgetProgress.h"
 #include "ui/Colours.h"
+#include "ui/WidgetLook.h"
 
 #include <QCoreApplication>
 #include <QHBoxLayout>
@@ -86,9 +87,7 @@ void ClWidgetCameraState::buildWifiPanel() {
     m_wifiPanel->hide();
     addCaption(tr("Receiver sensitivity"), 227, 0, m_wifiPanel);
     m_sensitivity = addValue({273, 0}, m_wifiPanel);
-    QPalette good = m_sensitivity->palette();
-    good.setColor(QPalette::WindowText, GOOD_COLOUR);
-    m_sensitivity->setPalette(good);
+    setColour(m_sensitivity, QPalette::WindowText, GOOD_COLOUR);
     addCaption(tr("Channel"), 227, 30, m_wifiPanel);
     m_channel = addValue({273, 30}, m_wifiPanel);
 }
@@ -125,10 +124,9 @@ void ClWidgetCameraState::buildButtons() {
 void ClWidgetCameraState::showInit(bool isPolling) {
     if (!isPolling) {
         m_wifiPanel->hide();
-        const QString unknown = QStringLiteral("--");
-        setValue(m_sdTotal, tr("%1 Byte").arg(unknown));
-        setValue(m_sdFree, tr("%1 Byte").arg(unknown));
-        setValue(m_sdFileSystem, unknown);
+        setValue(m_sdTotal, tr("%1 Byte").arg(UNKNOWN_VALUE));
+        setValue(m_sdFree, tr("%1 Byte").arg(UNKNOWN_VALUE));
+        setValue(m_sdFileSystem, UNKNOWN_VALUE);
         startPolling();
     } else if (m_reads.isUnderWay()) {
         return;

@@ -4,8 +4,6 @@
 #include "pages/common/ClReadChain.h"
 #include "ui/ClWidgetBase.h"
 
-#include <QUuid>
-
 class ClLabelWifiState;
 class ClWidgetProgress;
 class QLabel;

@@ -3,7 +3,6 @@
 #include "tests/support/TestSubject.h"
 
 #include <QCoreApplication>
-#include <QDir>
 #include <QFile>
 #include <QLocale>
 #include <QSharedMemory>

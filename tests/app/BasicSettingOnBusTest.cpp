@@ -91,6 +91,8 @@ private:
     }
     /// Answers the dialogs by @p action, and accepts boxes.
     void useDialogs(const BoxUser::Action& action);
+    /// Makes the change of @p use in the dialogs and accepts them.
+    void changeInDialogs(const stBasicSettingUse& use);
     /// Notes what the dialogs show and closes them.
     void readDialogs();
     [[nodiscard]] bool waitForBoxes(qsizetype count) const {
@@ -136,6 +138,13 @@ void BasicSettingOnBusTest::useDialogs(const BoxUser::Action& action) {
     });
 }
 
+void BasicSettingOnBusTest::changeInDialogs(const stBasicSettingUse& use) {
+    useDialogs([use](QWidget& dialog) {
+        use.change(DialogControls(dialog));
+        acceptBox(dialog);
+    });
+}
+
 void BasicSettingOnBusTest::readDialogs() {
     useDialogs(rejectBox);
 }
@@ -151,10 +160,7 @@ void BasicSettingOnBusTest::everyRowHasItsUse() {
 void BasicSettingOnBusTest::aChangeIsWrittenAndReadBack() {
     QFETCH(int, index);
     const stBasicSettingUse use = basicSettingUses().at(index);
-    useDialogs([&use](QWidget& dialog) {
-        use.change(DialogControls(dialog));
-        acceptBox(dialog);
-    });
+    changeInDialogs(use);
     click(use);
     QVERIFY(waitForBoxes(1));
     QCOMPARE(m_shown.last().first(use.shown.size()), use.shown);
@@ -216,10 +222,7 @@ void BasicSettingOnBusTest::aRefusedWriteKeepsTheValue() {
     QFETCH(int, index);
     QFETCH(int, failing);
     const stBasicSettingUse use = basicSettingUses().at(index);
-    useDialogs([&use](QWidget& dialog) {
-        use.change(DialogControls(dialog));
-        acceptBox(dialog);
-    });
+    changeInDialogs(use);
     m_bench->camera->setUnknownCodes({failing});
     click(use);
     QVERIFY(waitForBoxes(2));
@@ -246,10 +249,7 @@ void BasicSettingOnBusTest::aRefusedAuthorizationKeepsItsOtherHalf_data() {
 void BasicSettingOnBusTest::aRefusedAuthorizationKeepsItsOtherHalf() {
     QFETCH(int, failing);
     const stBasicSettingUse use = useNamed("authorization");
-    useDialogs([&use](QWidget& dialog) {
-        use.change(DialogControls(dialog));
-        acceptBox(dialog);
-    });
+    changeInDialogs(use);
     m_bench->camera->setUnknownCodes({failing});
     click(use);
     QVERIFY(waitForBoxes(2));
@@ -303,10 +303,7 @@ void BasicSettingOnBusTest::aFailedLinkIsReported() {
 
 void BasicSettingOnBusTest::theButtonShowsTheNameThatTheCameraHas() {
     const stBasicSettingUse use = basicSettingUses().first();
-    useDialogs([&use](QWidget& dialog) {
-        use.change(DialogControls(dialog));
-        acceptBox(dialog);
-    });
+    changeInDialogs(use);
     click(use);
     TRY_COMPARE(buttons().first()->text(), u"Tern42"_s);
     QVERIFY(m_bench->camera->set("camera-name", "Skua"));

@@ -25,7 +25,7 @@ inline VX_CMD closed(void* camera) {
     return message(USB_CMD_DEVICE_CLOSE, camera);
 }
 
-/// The answer to a request, told from others by @p number.
+/// The answer to a request, which @p number distinguishes from others.
 inline VX_CMD answer(void* camera, int number) {
     VX_CMD made = message(USB_RES_NUBO_CMD_GET_BATTERY, camera);
     made.insert(QStringLiteral("PARAM3"), number);

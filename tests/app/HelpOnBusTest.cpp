@@ -26,7 +26,7 @@ private Q_SLOTS:
     void requestsHaveNoArguments();
     void theIdentityIsShown_data();
     void theIdentityIsShown();
-    void aClickOnTheModeReadsAnew();
+    void aClickOnTheModeReadsAgain();
     void aFailureEndsTheChain_data();
     void aFailureEndsTheChain();
     void aRequestWithoutAnswerIsReported();
@@ -101,7 +101,7 @@ void HelpOnBusTest::theIdentityIsShown() {
     QVERIFY(m_bench->texts().isEmpty());
 }
 
-void HelpOnBusTest::aClickOnTheModeReadsAnew() {
+void HelpOnBusTest::aClickOnTheModeReadsAgain() {
     QVERIFY(m_bench->visitHelp());
     QVERIFY(m_bench->camera->set("serial-number", "SIM0002"));
     m_bench->clickMode(HELP_MODE);

@@ -24,7 +24,7 @@ QRect placeInWindow(const QWidget& widget) {
     return {widget.mapTo(widget.window(), QPoint()), widget.size()};
 }
 
-/// By the Enter key, if @p button can have the keyboard.
+/// By the Enter key, if @p button can have the focus.
 void open(QAbstractButton& button) {
     if (button.focusPolicy() == Qt::NoFocus) {
         QTest::mouseClick(&button, Qt::LeftButton);
@@ -68,7 +68,7 @@ private Q_SLOTS:
     void noKeyWorksBehindADialog_data();
     void noKeyWorksBehindADialog();
     void aHeldKeyPressesOnce();
-    void theKeysAreTold();
+    void theKeysAreNamed();
 
 private:
     static void addPages();
@@ -326,7 +326,7 @@ void MainWidgetKeysTest::aHeldKeyPressesOnce() {
     QCOMPARE(clicked.size(), 1);
 }
 
-void MainWidgetKeysTest::theKeysAreTold() {
+void MainWidgetKeysTest::theKeysAreNamed() {
     press(Qt::CTRL | Qt::Key_2);
     const auto verify = [this](const QString& name, const QStringList& keys) {
         QAbstractButton* const told = button(name);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "pages/common/WifiCodes.h"
 #include "pages/network/ClWidgetNetworkSetting.h"
 #include "pages/network/NetworkState.h"
 #include "tests/app/BusBench.h"
@@ -11,9 +12,6 @@
 #include "ui/ClWidgetApInfo.h"
 
 #include <QScrollArea>
-#include <QSignalSpy>
-
-#include <algorithm>
 
 /// The commands of one refresh of the network page with its top sub-page, and those that show it
 /// for the first time: SSID, Wi-Fi on/off, link, and the Wi-Fi mode.

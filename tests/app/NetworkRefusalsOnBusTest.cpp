@@ -16,8 +16,8 @@ QByteArray plain(const char* code, const char* parameter) {
 
 }  // namespace
 
-/// What the network page tells when the simulated camera refuses a write. One window and one camera
-/// for all.
+/// What the network page reports when the simulated camera refuses a write. One window and one
+/// camera for all.
 class NetworkRefusalsOnBusTest : public QObject {
     Q_OBJECT
 
@@ -29,12 +29,12 @@ private Q_SLOTS:
     void init();
     void cleanupTestCase() { m_bench.reset(); }
 
-    void aRefusedWriteIsTold();
+    void aRefusedWriteIsReported();
     void aRefusedSsidStaysOnTheList();
-    void aRefusedKeyIsToldOnTheTopPage();
-    void aRefusedSwitchIsToldAndPutRight();
-    void aRefusedModeIsReadAnew();
-    void twoRefusalsAreToldOnce();
+    void aRefusedKeyIsReportedOnTheTopPage();
+    void aRefusedSwitchIsReportedAndPutRight();
+    void aRefusedModeIsReadAgain();
+    void twoRefusalsAreReportedOnce();
 
 private:
     /// Has the camera answer @p code to its @p nth next command, and to @p count in a row.
@@ -61,7 +61,7 @@ void NetworkRefusalsOnBusTest::init() {
     m_bench->user.forgetBoxes();
 }
 
-void NetworkRefusalsOnBusTest::aRefusedWriteIsTold() {
+void NetworkRefusalsOnBusTest::aRefusedWriteIsReported() {
     m_bench->openDhcp();
     TRY_COMPARE(m_bench->network.edit(u"Default Gateway"_s).text(), u"192.168.0.1"_s);
     m_bench->network.click(u"OFF"_s);
@@ -85,7 +85,7 @@ void NetworkRefusalsOnBusTest::aRefusedSsidStaysOnTheList() {
     QVERIFY(m_bench->network.shows(u"Research"_s));
 }
 
-void NetworkRefusalsOnBusTest::aRefusedKeyIsToldOnTheTopPage() {
+void NetworkRefusalsOnBusTest::aRefusedKeyIsReportedOnTheTopPage() {
     QVERIFY(m_bench->openSearch());
     m_bench->user.setAction([this](QWidget& box) {
         if (auto* key = box.findChild<QLineEdit*>()) {
@@ -102,7 +102,7 @@ void NetworkRefusalsOnBusTest::aRefusedKeyIsToldOnTheTopPage() {
     QVERIFY(m_bench->network.shows(u"AP of selecting"_s));
 }
 
-void NetworkRefusalsOnBusTest::aRefusedSwitchIsToldAndPutRight() {
+void NetworkRefusalsOnBusTest::aRefusedSwitchIsReportedAndPutRight() {
     refuse(0xFFF9);
     m_bench->network.clickBox(INFRASTRUCTURE);
     TRY_COMPARE(m_bench->user.boxes().size(), 1);
@@ -115,7 +115,7 @@ void NetworkRefusalsOnBusTest::aRefusedSwitchIsToldAndPutRight() {
     QCOMPARE(m_bench->user.boxes().size(), 1);
 }
 
-void NetworkRefusalsOnBusTest::aRefusedModeIsReadAnew() {
+void NetworkRefusalsOnBusTest::aRefusedModeIsReadAgain() {
     m_bench->network.clickTab(ADHOC);
     TRY_COMPARE(m_bench->network.edit(u"Subnetmask"_s).text(), u"255.255.255.0"_s);
     m_bench->forget();
@@ -138,7 +138,7 @@ void NetworkRefusalsOnBusTest::aRefusedModeIsReadAnew() {
     QCOMPARE(m_bench->user.boxes().size(), 1);
 }
 
-void NetworkRefusalsOnBusTest::twoRefusalsAreToldOnce() {
+void NetworkRefusalsOnBusTest::twoRefusalsAreReportedOnce() {
     m_bench->camera->set("wifi", "off");
     m_bench->show();
     TRY_VERIFY(!g_bIsWifiON);

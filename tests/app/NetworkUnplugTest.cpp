@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "tests/app/NetworkOnBusBench.h"
 
+#include <QSignalSpy>
+
 #include <optional>
 
 using namespace Qt::StringLiterals;

@@ -5,7 +5,6 @@
 #include "tests/app/BusBench.h"
 #include "tests/support/HelpReader.h"
 
-#include <QCoreApplication>
 #include <QList>
 
 /// The commands of the help page: firmware version, serial number, MAC address, day, country.
@@ -40,7 +39,7 @@ public:
 
     [[nodiscard]] HelpReader help() const { return HelpReader(*window.findChild<ClWidgetHelp*>()); }
 
-    /// Whether the help page, asked anew, has all its values.
+    /// Whether the help page, asked again, has all its values.
     [[nodiscard]] bool visitHelp() const {
         clickMode(HELP_MODE);
         return QTest::qWaitFor([this] { return !help().values().contains(QStringLiteral("--")); },

@@ -35,7 +35,7 @@ static void dropMessages() {
 
 static bool g_hasMessages = true;
 
-// Stand around qInitResources_AppCheck(), by which the guard registers its catalogues anew
+// Stand around qInitResources_AppCheck(), by which the guard registers its catalogues again
 // (--wrap).
 extern "C" int __real__Z23qInitResources_AppCheckv();
 extern "C" int __wrap__Z23qInitResources_AppCheckv();

@@ -5,7 +5,6 @@
 #include "pages/basic/BasicSettingRows.h"
 #include "tests/app/BusBench.h"
 #include "tour/ClTour.h"
-#include "ui/ClDialogBase.h"
 
 #include <QLocale>
 #include <QPushButton>

@@ -121,6 +121,11 @@ private:
             },
             PATIENCE);
     }
+    /// The same of the first camera, which is read two more times.
+    static bool isReadTwiceMore(const CliBench& bench) {
+        const DeviceId id = bench.ids.front();
+        return isRead(bench, id, bench.bus.log(id).timesOpened + 2);
+    }
     static QString serialOf(const QJsonObject& event) {
         return event["camera"_L1]["serial"_L1].toString();
     }
@@ -159,7 +164,7 @@ void MonitorTest::aChangedValueIsALine() {
     // Several readings later there is one line a change still.
     QVERIFY(camera->set("recording", "on"));
     QVERIFY(monitor.waitFor(u"changed"_s, 2));
-    QVERIFY(isRead(bench, bench.ids.front(), bench.bus.log(bench.ids.front()).timesOpened + 2));
+    QVERIFY(isReadTwiceMore(bench));
     QCOMPARE(monitor.events(u"changed"_s).size(), 2);
     QCOMPARE(monitor.events(u"changed"_s)[1]["new"_L1].toString(), u"running"_s);
 }
@@ -172,7 +177,7 @@ void MonitorTest::whatChangesByItselfAndWhatIsSecretIsNoEvent() {
     QVERIFY(isRead(bench, bench.ids.front()));
     QVERIFY(camera->set("time", "2014/03/09 07:05:01"));
     QVERIFY(camera->set("stream-password", "beacon"));
-    QVERIFY(isRead(bench, bench.ids.front(), bench.bus.log(bench.ids.front()).timesOpened + 2));
+    QVERIFY(isReadTwiceMore(bench));
     QVERIFY(camera->set("camera-name", "Tern"));
     QVERIFY(monitor.waitFor(u"changed"_s));
     QCOMPARE(monitor.events(u"changed"_s).size(), 1);
@@ -188,7 +193,7 @@ void MonitorTest::aCameraThatSomebodyElseHasIsToldOnce() {
                 .first()["message"_L1]
                 .toString()
                 .contains(u"is in use by"_s));
-    QVERIFY(isRead(bench, bench.ids.front(), bench.bus.log(bench.ids.front()).timesOpened + 2));
+    QVERIFY(isReadTwiceMore(bench));
     QCOMPARE(monitor.events(u"unavailable"_s).size(), 1);
     bench.bus.setBusyInterfaces(bench.ids.front(), {});
     QVERIFY(monitor.waitFor(u"ready"_s));
@@ -218,7 +223,7 @@ void MonitorTest::linesAreForPeopleWithoutJson() {
     MonitorRun monitor(QStringList{});
     QVERIFY(isRead(bench, bench.ids.front()));
     QVERIFY(camera->set("battery", "42"));
-    QVERIFY(isRead(bench, bench.ids.front(), bench.bus.log(bench.ids.front()).timesOpened + 2));
+    QVERIFY(isReadTwiceMore(bench));
     QCOMPARE(monitor.end(), ExitCode::Interrupted);
     const QStringList lines = monitor.lines();
     const QString time = u"^\\d\\d:\\d\\d:\\d\\d  1-2     "_s;

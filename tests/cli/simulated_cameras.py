@@ -3,27 +3,17 @@
 
 import os
 import pathlib
-import socket
 import subprocess
+import sys
 import tempfile
 import threading
-import time
 
-PATIENCE_S = 60
+sys.path.append(str(pathlib.Path(__file__).parents[1] / "support"))
+
+from simulation import PATIENCE_S, control, wait_for  # noqa: E402
 
 # Root heeds the permissions of files only without these rights.
 AS_USER = ["setpriv", "--bounding-set", "-dac_override,-dac_read_search"] if os.geteuid() == 0 else []
-
-
-def wait_for(condition, what):
-    """The first true result of condition(); fails after PATIENCE_S seconds."""
-    end = time.monotonic() + PATIENCE_S
-    while time.monotonic() < end:
-        result = condition()
-        if result:
-            return result
-        time.sleep(0.01)
-    raise AssertionError(f"Waited in vain for {what}.")
 
 
 class SimulatedCameras:
@@ -103,10 +93,7 @@ class SimulatedCameras:
 
     def camera(self, line):
         """Sends the simulator a control line; what it answers behind "ok"."""
-        with socket.socket(socket.AF_UNIX) as control:
-            control.connect(self._control)
-            control.sendall(f"{line}\n".encode())
-            answer = control.makefile().readline().strip()
+        answer = control(self._control, line)
         if not answer.startswith("ok"):
             raise AssertionError(f"{line}: {answer}")
         return answer[2:].strip()

@@ -2,24 +2,15 @@
 """The tool on a simulated camera, in processes of their own."""
 
 import os
-import socket
+import pathlib
 import subprocess
+import sys
 import tempfile
-import time
 
-PATIENCE_S = 30
+sys.path.append(str(pathlib.Path(__file__).parents[1] / "support"))
 
-
-def wait_for(condition, what):
-    """The first true result of condition(); fails after PATIENCE_S seconds."""
-    end = time.monotonic() + PATIENCE_S
-    while time.monotonic() < end:
-        result = condition()
-        if result:
-            return result
-        time.sleep(0.05)
-    raise AssertionError(f"Waited in vain for {what}.")
-
+# The tests of this folder have these from here.
+from simulation import PATIENCE_S, control, wait_for  # noqa: E402, F401
 
 class SimulatedTool:
     """Starts the tool on a camera; both run until end()."""
@@ -50,7 +41,4 @@ class SimulatedTool:
 
     def camera(self, line):
         """Sends the simulator a control line; its answer."""
-        with socket.socket(socket.AF_UNIX) as control:
-            control.connect(self._control)
-            control.sendall(f"{line}\n".encode())
-            return control.makefile().readline().strip()
+        return control(self._control, line)

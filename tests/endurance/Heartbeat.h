@@ -7,7 +7,7 @@
 #include <chrono>
 #include <cstdio>
 
-/// Beats on the main thread as long as its event loop turns, and tells how long it was kept from
+/// Beats on the main thread as long as its event loop turns, and reports how long it was kept from
 /// doing so. What the machine has given to others does not count: a thread that is ready and has to
 /// wait for a processor is as responsive as can be.
 class Heartbeat {

@@ -3,6 +3,8 @@
 
 #include "simulator/VirtualCamera.h"
 
+#include <QMetaType>
+
 #include <chrono>
 #include <mutex>
 #include <random>
@@ -18,6 +20,7 @@ enum class eHostility {
     JustInTime,           ///< answers a moment before the time-out of a read
     JustTooLate,          ///< answers a moment after it
 };
+Q_DECLARE_METATYPE(eHostility)
 
 /// A camera that says what no camera should. Any thread.
 class HostileCamera : public nubo::simulator::VirtualCamera {

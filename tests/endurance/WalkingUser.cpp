@@ -17,7 +17,6 @@
 #include <QTest>
 #include <QTimer>
 
-#include <algorithm>
 #include <array>
 
 using namespace nubo::simulator;

@@ -4,7 +4,6 @@
 import glob
 import os
 import re
-import socket
 import subprocess
 import sys
 import tempfile
@@ -17,14 +16,11 @@ NUBOCTL = os.path.join(BUILD, "cli", "nuboctl")
 RULE = os.path.join(BUILD, "packaging", "70-nubo-setting-tool.rules")
 CONFIGFS = "/sys/kernel/config"
 
-sys.path.append(os.path.join(PROJECT, "tests", "desktop"))
-
-import simulated_tool  # noqa: E402
-
+sys.path += [os.path.join(PROJECT, "tests", folder) for folder in ("support", "desktop")]
 # The machine is emulated, and its computer may be loaded.
-simulated_tool.PATIENCE_S = int(os.environ.get("PATIENCE_S", "240"))
-PATIENCE_S = simulated_tool.PATIENCE_S
-wait_for = simulated_tool.wait_for
+os.environ.setdefault("PATIENCE_S", "240")
+
+from simulation import PATIENCE_S, control, wait_for  # noqa: E402
 
 
 def run(*command, **options):
@@ -126,10 +122,7 @@ class GadgetCamera:
 
     def line(self, line):
         """Sends a control line; its answer."""
-        with socket.socket(socket.AF_UNIX) as control:
-            control.connect(self._control)
-            control.sendall(f"{line}\n".encode())
-            return control.makefile().readline().strip()
+        return control(self._control, line)
 
     def do(self, line):
         """Sends a control line that is carried out; what stands after "ok"."""

@@ -18,22 +18,22 @@ private Q_SLOTS:
     void init();
     void cleanup();
 
-    void theFirstControlHasTheKeyboard_data() { addDialogs(); }
-    void theFirstControlHasTheKeyboard();
+    void theFirstControlHasTheFocus_data() { addDialogs(); }
+    void theFirstControlHasTheFocus();
     void enterAccepts_data() { addDialogs(); }
     void enterAccepts();
     void enterAcceptsInEveryField_data() { addSettingDialogs(); }
     void enterAcceptsInEveryField();
-    void enterPressesTheButtonThatHasTheKeyboard_data() { addDialogs(); }
-    void enterPressesTheButtonThatHasTheKeyboard();
+    void enterPressesTheButtonThatHasTheFocus_data() { addDialogs(); }
+    void enterPressesTheButtonThatHasTheFocus();
     void escapeDeclinesFromEveryControl_data() { addDialogs(); }
     void escapeDeclinesFromEveryControl();
     void tabFollowsTheEye_data() { addDialogs(); }
     void tabFollowsTheEye();
     void keysWorkAlikeOnEveryDesktop_data() { addDialogs(); }
     void keysWorkAlikeOnEveryDesktop();
-    void showsWhereTheKeyboardIs_data() { addDialogs(); }
-    void showsWhereTheKeyboardIs();
+    void showsWhereTheFocusIs_data() { addDialogs(); }
+    void showsWhereTheFocusIs();
 
 private:
     /// Opens the dialog, if it is closed, with the keyboard in @p control.
@@ -66,7 +66,7 @@ void DialogKeysTest::enter(QWidget* control) {
     QCOMPARE(m_dialog->focusWidget(), control);
 }
 
-void DialogKeysTest::theFirstControlHasTheKeyboard() {
+void DialogKeysTest::theFirstControlHasTheFocus() {
     QCOMPARE(nameOf(m_dialog->focusWidget()), QString::fromLatin1(m_row.focus));
 }
 
@@ -91,7 +91,7 @@ void DialogKeysTest::enterAcceptsInEveryField() {
     }
 }
 
-void DialogKeysTest::enterPressesTheButtonThatHasTheKeyboard() {
+void DialogKeysTest::enterPressesTheButtonThatHasTheFocus() {
     const QList<QWidget*> stops = tabStops(*m_dialog);
     for (QWidget* const stop : stops.last(m_row.buttons.size())) {
         const bool isAccepting = nameOf(stop) == m_row.buttons.first();
@@ -142,12 +142,12 @@ void DialogKeysTest::keysWorkAlikeOnEveryDesktop() {
         m_dialog = openDialog(m_row);
         tabFollowsTheEye();
         m_dialog = openDialog(m_row);
-        theFirstControlHasTheKeyboard();
+        theFirstControlHasTheFocus();
         enterAccepts();
     }
 }
 
-void DialogKeysTest::showsWhereTheKeyboardIs() {
+void DialogKeysTest::showsWhereTheFocusIs() {
     QList<QImage> pictures;
     for (QWidget* const stop : tabStops(*m_dialog)) {
         enter(stop);

@@ -108,7 +108,7 @@ std::unique_ptr<QDialog> openDialog(const stDialog& row) {
     return dialog;
 }
 
-// A combo box tells its value as its name: what it is for, the group around it tells.
+// The accessible name of a combo box is its value; what it is for, the group around it says.
 QString nameOf(QWidget* control) {
     const QAccessibleInterface* told = QAccessible::queryAccessibleInterface(control);
     if (told->role() == QAccessible::ComboBox) {

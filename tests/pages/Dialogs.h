@@ -11,7 +11,7 @@
 struct stDialog {
     const char* name;
     std::function<std::unique_ptr<QDialog>()> create;
-    const char* focus;    ///< the name of the control that has the keyboard first
+    const char* focus;    ///< the name of the control that has the focus first
     QStringList buttons;  ///< of the last row, the accepting one first
     const char* context;  ///< where the texts are looked up; null: they are the caller's
 };

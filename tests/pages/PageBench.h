@@ -16,7 +16,7 @@
 #include <utility>
 
 /// Has the network pages know what they know when the program has just started. @return no parent
-inline QWidget* startAnew() {
+inline QWidget* startFresh() {
     g_bIsWifiON = false;
     g_ulWifiMode = WIFI_MODE_UNKNOWN;
     g_bIsShowError = false;
@@ -48,8 +48,8 @@ class PageBench {
 
 public:
     explicit PageBench(QSize size = {600, 466})
-        : PageBench(std::make_unique<Page>(startAnew()), size) {}
-    /// @param created after startAnew().
+        : PageBench(std::make_unique<Page>(startFresh()), size) {}
+    /// @param created after startFresh().
     explicit PageBench(std::unique_ptr<Page> created, QSize size = {600, 466})
         : m_page(std::move(created)),
           page(*m_page),
@@ -88,6 +88,12 @@ public:
     }
     void fail(const QUuid& command, unsigned short code) {
         page.slotReceiveCommand(plainResult(USB_CMD_ERROR, command, code));
+    }
+    /// Has @p command refused, lost and done.
+    void endInEveryWay(const QUuid& command) {
+        respond(command, 0xFFFF);
+        fail(command, 0xEF03);
+        succeed(command);
     }
     /// Has @p command refused and lost, in ways of which the user reads FAILURE_TEXTS.
     void failInManyWays(const QUuid& command) {

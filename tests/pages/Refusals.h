@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "protocol/CommandIdentifiers.h"
+
 #include <QList>
 #include <QString>
+#include <QStringList>
 
 #include <utility>
 
@@ -27,3 +30,17 @@ inline const QList<std::pair<unsigned short, QString>> REFUSALS{
     {0xEF06, UNKNOWN_ERROR},
     {0x0001, UNKNOWN_ERROR},
 };
+
+/// Calls @p add for every plain result by which a read may end without a value: with its kind, its
+/// code, and what the user reads.
+template <class Add>
+void addFailedReads(const Add& add) {
+    for (const auto& [code, text] : REFUSALS) {
+        add(USB_NUBO_CMD_RESPONSE, code, QStringList{text});
+    }
+    for (unsigned short code = 0xEF01; code <= 0xEF05; ++code) {
+        add(USB_CMD_ERROR, code, QStringList{UNKNOWN_ERROR});
+    }
+    add(USB_CMD_ERROR, 0xEF00, QStringList());
+    add(USB_NUBO_CMD_RESPONSE, 0, QStringList());
+}

@@ -47,8 +47,8 @@ private Q_SLOTS:
     void everyErrorOfTheCameraIsTheResult_data();
     void everyErrorOfTheCameraIsTheResult();
 
-    void aForeignPacketStartsTheWaitAnew_data();
-    void aForeignPacketStartsTheWaitAnew();
+    void aForeignPacketStartsTheWaitAgain_data();
+    void aForeignPacketStartsTheWaitAgain();
     void anAnswerSoonAfterALateForeignPacketIsRead_data();
     void anAnswerSoonAfterALateForeignPacketIsRead();
     void foreignPacketsCannotHoldTheThreadForEver();
@@ -229,7 +229,7 @@ void CommandTransactionTest::everyErrorOfTheCameraIsTheResult() {
     QCOMPARE(command.param(1), 7U);
 }
 
-void CommandTransactionTest::aForeignPacketStartsTheWaitAnew_data() {
+void CommandTransactionTest::aForeignPacketStartsTheWaitAgain_data() {
     QTest::addColumn<Script>("script");
     QTest::addColumn<unsigned short>("result");
     const auto row = [](const char* name, const Script& script, unsigned short result) {
@@ -248,7 +248,7 @@ void CommandTransactionTest::aForeignPacketStartsTheWaitAnew_data() {
     row("then refused", {reads(FOREIGN), reads(BUSY)}, 0xFFF9);
 }
 
-void CommandTransactionTest::aForeignPacketStartsTheWaitAnew() {
+void CommandTransactionTest::aForeignPacketStartsTheWaitAgain() {
     QFETCH(Script, script);
     QFETCH(unsigned short, result);
     script.prepend(writes(GET_BATTERY));

@@ -21,7 +21,7 @@ private Q_SLOTS:
     void piecesOutliveTheBufferTheyCameIn();
     void theHeadOfTheFirstPacketMustMatch_data();
     void theHeadOfTheFirstPacketMustMatch();
-    void aFreshReceiverStartsAnew();
+    void aFreshReceiverStartsAgain();
     void aReceptionIsNeverSent();
 };
 
@@ -121,7 +121,7 @@ void DataPacketTest::theHeadOfTheFirstPacketMustMatch() {
     QCOMPARE(any.receivedData(), kept);
 }
 
-void DataPacketTest::aFreshReceiverStartsAnew() {
+void DataPacketTest::aFreshReceiverStartsAgain() {
     ClNuboCommandDataReceive data(0x1234, 2);
     QVERIFY(data.addData(wireBytes("0200 3412 02000000 02000000 6162")));
     data = ClNuboCommandDataReceive(0x4321, 3);

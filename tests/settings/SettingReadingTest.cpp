@@ -45,7 +45,7 @@ qint64 readNumber(const stSetting& setting, const char* parameters) {
 
 }  // namespace
 
-/// What is read from a camera that tells unusual values.
+/// What is read from a camera that reports unusual values.
 class SettingReadingTest : public QObject {
     Q_OBJECT
 

@@ -9,7 +9,7 @@
 
 using namespace Qt::StringLiterals;
 
-/// Values as users and programs write them, and as they are told.
+/// Values as users and programs write them, and as they are reported.
 class SettingValueTest : public QObject {
     Q_OBJECT
 

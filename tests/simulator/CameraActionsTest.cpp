@@ -11,7 +11,7 @@
 
 using namespace nubo::simulator;
 
-/// What the camera tells of itself, and what it does when it is told to; golden bytes.
+/// What the camera reports of itself, and what it does on command; golden bytes.
 class CameraActionsTest : public QObject {
     Q_OBJECT
 

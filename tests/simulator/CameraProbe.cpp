@@ -3,7 +3,7 @@
 // answers each line with one line on the standard output:
 //     count        how many cameras there are
 //     serials      the serial numbers that the cameras' string descriptors hold, with commas
-//     between battery      the charge that the first camera tells, or libusb's error code restart
+//     between battery      the charge that the first camera reports, or libusb's error code restart
 //     sends the first camera the command to restart; libusb's error code
 #include <libusb.h>
 

@@ -31,7 +31,7 @@ private Q_SLOTS:
     void theControllerHasAnotherGadget();
     void theControllerHasAnotherSimulator();
     void theFirstFreeControllerIsTaken();
-    void theInterfaceIsToldAtBothSpeeds();
+    void theInterfaceIsReportedAtBothSpeeds();
     void faultsThatAGadgetCannotPlayAreRefused_data();
     void faultsThatAGadgetCannotPlayAreRefused();
 
@@ -104,7 +104,7 @@ void GadgetSetupTest::theFirstFreeControllerIsTaken() {
     QCOMPARE(setup.controller(), std::string("b.usb"));
 }
 
-void GadgetSetupTest::theInterfaceIsToldAtBothSpeeds() {
+void GadgetSetupTest::theInterfaceIsReportedAtBothSpeeds() {
     const AlternateSetting setting = DeviceDescription::cameraInterface().alternates.front();
     const std::vector<std::uint8_t> bytes = encodeFunction(setting);
     const QByteArray told(reinterpret_cast<const char*>(bytes.data()),

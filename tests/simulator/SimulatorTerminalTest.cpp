@@ -14,7 +14,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdlib>
 
 using namespace Qt::StringLiterals;
 

@@ -21,8 +21,8 @@ public:
         return nullptr;
     }
 
-    /// What the camera told, from top to bottom: firmware version, serial number, MAC address, day
-    /// and country.
+    /// What the camera reported, from top to bottom: firmware version, serial number, MAC address,
+    /// day and country.
     [[nodiscard]] QStringList values() const {
         QStringList values;
         for (const int y : {195, 322, 352, 382, 412}) {

@@ -8,7 +8,7 @@
 #include <chrono>
 #include <vector>
 
-/// An event dispatcher whose time goes on only when told, or when somebody waits, as a modal dialog
+/// An event dispatcher whose time goes on only on demand, or when somebody waits, as a modal dialog
 /// does: timers of seconds are tested to the millisecond and without waiting.
 class ManualClock : public QAbstractEventDispatcher {
     Q_OBJECT

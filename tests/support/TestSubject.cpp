@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "tests/support/TestSubject.h"
 
-#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <map>
-#include <string>
 #include <string_view>
 
 namespace {

@@ -66,7 +66,7 @@ private Q_SLOTS:
     void aKeySelects();
     void aHeldKeySelectsOnce_data();
     void aHeldKeySelectsOnce();
-    void showsThatItHasTheKeyboard();
+    void showsThatItHasTheFocus();
     void mayGoWhileItIsSelected();
     void theButtonIsPressedByMouseAndKey();
 
@@ -286,7 +286,7 @@ void ApInfoTest::aHeldKeySelectsOnce() {
     QCOMPARE(selected.size(), 1);
 }
 
-void ApInfoTest::showsThatItHasTheKeyboard() {
+void ApInfoTest::showsThatItHasTheFocus() {
     clickMouse(*m_button);
     QVERIFY(m_button->hasFocus());
     const QImage button = m_button->grab().toImage();

@@ -33,13 +33,13 @@ private Q_SLOTS:
     void goesFromRowToRowByKey();
     void staysWithinTheList();
     void tabComesBackToTheRowThatItLeft();
-    void enterSelectsTheRowThatHasTheKeyboard();
+    void enterSelectsTheRowThatHasTheFocus();
     void aClickTakesNoFocus();
 
 private:
     void fill(int count);
     void press(Qt::Key key) const { QTest::keyClick(QApplication::focusWidget(), key); }
-    /// The number of the row that has the keyboard; -1 when none has.
+    /// The number of the row that has the focus; -1 when none has.
     [[nodiscard]] qsizetype focused() const { return m_rows.indexOf(QApplication::focusWidget()); }
 
     std::unique_ptr<QWidget> m_window;
@@ -176,7 +176,7 @@ void ApListTest::tabComesBackToTheRowThatItLeft() {
     QCOMPARE(focused(), 2);
 }
 
-void ApListTest::enterSelectsTheRowThatHasTheKeyboard() {
+void ApListTest::enterSelectsTheRowThatHasTheFocus() {
     fill(3);
     press(Qt::Key_Tab);
     press(Qt::Key_Down);

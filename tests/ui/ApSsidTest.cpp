@@ -31,7 +31,7 @@ int endOf(const ClLabelSsid& label) {
 
 }  // namespace
 
-/// The SSID of a row, whatever it consists of, and what assistive technology is told of the row.
+/// The SSID of a row, whatever it consists of, and what assistive technology learns of the row.
 class ApSsidTest : public QObject {
     Q_OBJECT
 

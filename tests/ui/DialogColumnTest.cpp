@@ -6,7 +6,6 @@
 
 #include <QDialogButtonBox>
 #include <QLabel>
-#include <QScreen>
 #include <QTest>
 
 #include <memory>

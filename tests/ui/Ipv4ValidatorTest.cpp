@@ -19,7 +19,7 @@ private Q_SLOTS:
     void showsWhatWasTyped_data();
     void showsWhatWasTyped();
     void takesItsDotBack();
-    void appendsItsDotAnew();
+    void appendsItsDotAgain();
     void leavesADotAloneThatAnotherKeyFollowed();
     void clearsAField();
     void keepsTheCursorInTheFieldWhenTheStartGoes();
@@ -86,7 +86,7 @@ void Ipv4ValidatorTest::takesItsDotBack() {
     QCOMPARE(m_edit->cursorPosition(), 6);
 }
 
-void Ipv4ValidatorTest::appendsItsDotAnew() {
+void Ipv4ValidatorTest::appendsItsDotAgain() {
     QTest::keyClicks(m_edit.get(), u"192"_s);
     QTest::keyClick(m_edit.get(), Qt::Key_Backspace);
     QTest::keyClicks(m_edit.get(), u"8"_s);

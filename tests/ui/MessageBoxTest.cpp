@@ -187,7 +187,7 @@ void MessageBoxTest::returnAcceptsUnlessRejectingIsPreferred() {
         }
         const ModalAnswer answer([&](QDialog& shown) {
             QVERIFY(QTest::qWaitForWindowActive(&shown));
-            // The button with the focus is the default one, too, also for who looks for it.
+            // The focused button is also the default one, and shows it.
             const auto* focused = qobject_cast<QPushButton*>(shown.focusWidget());
             QVERIFY(focused != nullptr && focused->isDefault());
             QTest::keyClick(isFocusAsked ? shown.focusWidget() : &shown, Qt::Key_Return);

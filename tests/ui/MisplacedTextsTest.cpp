@@ -15,7 +15,7 @@
 
 using namespace Qt::StringLiterals;
 
-/// What tests are told about texts that are cut off or lie on one another.
+/// What tests learn about texts that are cut off or lie on one another.
 class MisplacedTextsTest : public QObject {
     Q_OBJECT
 

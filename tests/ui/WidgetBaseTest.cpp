@@ -71,8 +71,8 @@ private Q_SLOTS:
     void leavingThePageClosesAMenuOfAQuestion();
     void aMinimisedWindowLeavesAQuestionAlone();
 
-    void enterPressesTheButtonThatHasTheKeyboard_data();
-    void enterPressesTheButtonThatHasTheKeyboard();
+    void enterPressesTheButtonThatHasTheFocus_data();
+    void enterPressesTheButtonThatHasTheFocus();
     void enterElsewherePressesNothing();
 
     void takesTheMouseOfAChild();
@@ -271,13 +271,13 @@ void WidgetBaseTest::tellsNoMoreErrorsOfAPageThatWasLeft() {
     QCOMPARE(told, u"Command error, version up"_s);
 }
 
-void WidgetBaseTest::enterPressesTheButtonThatHasTheKeyboard_data() {
+void WidgetBaseTest::enterPressesTheButtonThatHasTheFocus_data() {
     QTest::addColumn<Qt::Key>("key");
     QTest::newRow("Enter") << Qt::Key_Enter;
     QTest::newRow("Return") << Qt::Key_Return;
 }
 
-void WidgetBaseTest::enterPressesTheButtonThatHasTheKeyboard() {
+void WidgetBaseTest::enterPressesTheButtonThatHasTheFocus() {
     QFETCH(Qt::Key, key);
     ClWidgetBase page;
     QWidget bar(&page);

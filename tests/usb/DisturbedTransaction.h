@@ -7,7 +7,7 @@
 enum class Answer {
     Whole,    ///< all values are there
     Hollow,   ///< the answer comes, but its values were lost on the way
-    Failure,  ///< a plain result with a code tells what went wrong
+    Failure,  ///< a plain result with a code says what went wrong
 };
 Q_DECLARE_METATYPE(Answer)
 
@@ -16,13 +16,13 @@ struct stDisturbedRequest {
     QUuid request;
     nubo::simulator::Fault fault;
     Answer answer = Answer::Whole;
-    QByteArray failure = {};  ///< as outcomeOf() tells it, with Answer::Failure
+    QByteArray failure = {};  ///< as outcomeOf() writes it, with Answer::Failure
     qint64 leastMs = 0;       ///< the time-outs that the transaction waits for
 };
 Q_DECLARE_METATYPE(stDisturbedRequest)
 
 /// Runs requests through a manager on a camera whose transfers fail. After every failure the tool
-/// is told once, in time, and the camera answers the next request.
+/// is reported once, in time, and the camera answers the next request.
 class DisturbedTransaction : public QObject {
     Q_OBJECT
 

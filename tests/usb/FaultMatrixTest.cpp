@@ -175,8 +175,8 @@ private Q_SLOTS:
     void initTestCase();
     void init() { m_bench.ui.forgetArrivals(); }
     void cleanup() { m_bench.bus.clearFaults(m_camera); }
-    void theToolIsToldOnceAndGoesOn_data();
-    void theToolIsToldOnceAndGoesOn();
+    void theToolIsReportedOnceAndGoesOn_data();
+    void theToolIsReportedOnceAndGoesOn();
 
 private:
     stShare m_share;
@@ -191,7 +191,7 @@ void FaultMatrixTest::initTestCase() {
     m_controller = m_bench.ui.opened().first();
 }
 
-void FaultMatrixTest::theToolIsToldOnceAndGoesOn_data() {
+void FaultMatrixTest::theToolIsReportedOnceAndGoesOn_data() {
     QTest::addColumn<const stKind*>("kind");
     QTest::addColumn<Fault>("fault");
     QTest::addColumn<stEnd>("end");
@@ -218,7 +218,7 @@ void FaultMatrixTest::theToolIsToldOnceAndGoesOn_data() {
     }
 }
 
-void FaultMatrixTest::theToolIsToldOnceAndGoesOn() {
+void FaultMatrixTest::theToolIsReportedOnceAndGoesOn() {
     QFETCH(const stKind*, kind);
     QFETCH(const Fault, fault);
     QFETCH(const stEnd, end);

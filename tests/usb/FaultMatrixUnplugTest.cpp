@@ -75,8 +75,8 @@ class FaultMatrixUnplugTest : public QObject {
 
 private Q_SLOTS:
     void initTestCase();
-    void theToolIsToldOnceAndGoesOn_data();
-    void theToolIsToldOnceAndGoesOn();
+    void theToolIsReportedOnceAndGoesOn_data();
+    void theToolIsReportedOnceAndGoesOn();
     void everyCameraWorksWhenItIsBack();
 
 private:
@@ -96,14 +96,14 @@ void FaultMatrixUnplugTest::initTestCase() {
     QCOMPARE(m_controllers.size(), m_cameras.size());
 }
 
-void FaultMatrixUnplugTest::theToolIsToldOnceAndGoesOn_data() {
+void FaultMatrixUnplugTest::theToolIsReportedOnceAndGoesOn_data() {
     QTest::addColumn<unsigned int>("charge");
     for (unsigned int charge = 0; charge < m_losses.size(); ++charge) {
         QTest::newRow(m_losses[charge].name.constData()) << charge;
     }
 }
 
-void FaultMatrixUnplugTest::theToolIsToldOnceAndGoesOn() {
+void FaultMatrixUnplugTest::theToolIsReportedOnceAndGoesOn() {
     QFETCH(const unsigned int, charge);
     const auto& [name, kind, fault, isPulled, outcome] = m_losses[charge];
     const DeviceId camera = m_cameras.at(charge);

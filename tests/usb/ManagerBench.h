@@ -21,7 +21,7 @@ inline constexpr std::chrono::milliseconds PATIENCE{PATIENCE_MS};
 /// end goes far beyond it.
 inline constexpr qint64 SLACK_MS = 6'000;
 
-/// A camera that says yes when it is told to restart or to switch itself off, and stays, so that
+/// A camera that accepts the commands to restart and to switch itself off, and stays, so that
 /// one camera serves many tests.
 class SteadyCamera : public nubo::simulator::VirtualCamera {
 public:
@@ -46,7 +46,7 @@ struct ManagerBench {
     ManagerBench(const ManagerBench&) = delete;
     ManagerBench& operator=(const ManagerBench&) = delete;
 
-    /// Plugs in a camera. @p charge of its battery tells it from others.
+    /// Plugs in a camera. @p charge of its battery distinguishes it from others.
     nubo::simulator::DeviceId plugCamera(const nubo::simulator::DeviceOptions& options = {},
                                          std::uint32_t charge = 85);
     /// Initialises the manager with the camera's identity, on this thread.

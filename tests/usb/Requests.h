@@ -10,7 +10,7 @@ struct stRequest {
     const char* name;
     QUuid request;
     unsigned transfers;   ///< a write, and as many reads as the answer has packets
-    const char* success;  ///< as outcomeOf() tells it
+    const char* success;  ///< as outcomeOf() writes it
 };
 
 inline constexpr std::array REQUESTS{

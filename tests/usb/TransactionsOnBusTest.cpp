@@ -246,7 +246,7 @@ void TransactionsOnBusTest::rawDataIsReadAndNothingIsWritten() {
     QCOMPARE(notice.keys(), (QStringList{Key::CMD, Key::PARAM1, Key::PARAM2}));
     QCOMPARE(getController(notice), controller);
     QCOMPARE(notice.value(Key::PARAM2), QVariant(QByteArray("raw")));
-    // A read in vain is told as well.
+    // A read in vain is reported as well.
     QCOMPARE(m_bench.ui.ask(USB_CMD_SEND_DATA, controller).value(Key::PARAM2),
              QVariant(QByteArray()));
     QVERIFY(device->received().empty());

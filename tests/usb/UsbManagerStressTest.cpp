@@ -8,7 +8,6 @@
 #include <malloc.h>
 
 #include <atomic>
-#include <cstdlib>
 #include <new>
 
 using namespace nubo::simulator;

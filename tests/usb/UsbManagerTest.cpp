@@ -204,7 +204,7 @@ void UsbManagerTest::closingTheDevicesEndsTheirWait() {
     QVERIFY(!bench.manager->canCommunication());
     QVERIFY(bench.waitForHandles(camera, 0));
 
-    // Opened anew some passes later, it waits as long as ever from then on.
+    // Opened again some passes later, it waits as long as ever from then on.
     TRY_VERIFY(bench.bus.log(camera).refusedClaims.size() >= 2);
     const qint64 freed = bench.ui.now();
     bench.bus.setBusyInterfaces(camera, {});

@@ -8,7 +8,7 @@
 
 class ClUsbManager;
 
-/// The main window's side of a USB manager: sends it requests, and keeps what it tells.
+/// The main window's side of a USB manager: sends it requests, and keeps what it reports.
 class UserInterface : public QObject {
     Q_OBJECT
 

@@ -10,7 +10,7 @@
 
 #include <QAccessible>
 #include <QCalendarWidget>
-#include <QLineEdit>
+#include <QSpinBox>
 #include <QTableView>
 #include <QTest>
 #include <QToolButton>
@@ -57,6 +57,7 @@ private Q_SLOTS:
     void opensFromTheKeyboard();
     void theArrowsAreNamed();
     void theBarIsWhiteOnTheAccent();
+    void theYearIsTypedInANamedBox();
 };
 
 void CalendarDialogTest::isLimitedToTheYearsOfTheCamera_data() {
@@ -241,6 +242,24 @@ void CalendarDialogTest::theBarIsWhiteOnTheAccent() {
         }
     }
     QVERIFY(hasWhite);
+}
+
+void CalendarDialogTest::theYearIsTypedInANamedBox() {
+    ClDialogCalendar dialog;
+    dialog.setParam({QDate(2026, 11, 21)});
+    QVERIFY(open(dialog));
+    auto* year = dialog.findChild<QSpinBox*>();
+    QVERIFY(year->isHidden());
+    QTest::mouseClick(dialog.findChild<QToolButton*>(u"qt_calendar_yearbutton"_s), Qt::LeftButton);
+    QVERIFY(year->isVisible());
+    QCOMPARE(QAccessible::queryAccessibleInterface(year)->text(QAccessible::Name), u"Year"_s);
+    // Its arrows are as dark as the bar, so they need a ground of their own.
+    const QPoint betweenArrows(year->width() - 8, year->height() / 2);
+    const QPoint place = year->mapTo(&dialog, betweenArrows);
+    QVERIFY(dialog.grab().toImage().pixelColor(place) != ACCENT_COLOUR);
+    QTest::keyClicks(year, u"2031"_s);
+    QTest::keyClick(year, Qt::Key_Tab);
+    QCOMPARE(calendar(dialog)->yearShown(), 2031);
 }
 
 const TestSubject registered = subjectWithWidgets<CalendarDialogTest>();

@@ -54,7 +54,7 @@ struct stForm {
 
 template <class Form, auto LEAVES>
 std::unique_ptr<ClWidgetAddressForm> create(QList<int>& left) {
-    auto form = std::make_unique<Form>(startAnew());
+    auto form = std::make_unique<Form>(startFresh());
     QObject::connect(form.get(), LEAVES, form.get(), [&left](int index) { left.append(index); });
     return form;
 }
@@ -398,9 +398,7 @@ void AddressFormTest::othersMessagesAreIgnored() {
         }
     }
     for (const QUuid& command : std::as_const(commands)) {
-        m_bench->respond(command, 0xFFFF);
-        m_bench->fail(command, 0xEF03);
-        m_bench->succeed(command);
+        m_bench->endInEveryWay(command);
     }
     m_bench->page.slotReceiveCommand({});
     QVERIFY(m_bench->boxes.boxes().isEmpty());

@@ -233,7 +233,7 @@ void InfrastructureSearchTest::onlyTheLinkedAccessPointIsChecked() {
     QFETCH(unsigned int, state);
     QFETCH(QString, second);
     QFETCH(int, checked);
-    // What an earlier answer told counts no longer.
+    // An earlier answer counts no longer.
     page().slotReceiveCommand(linkAnswer(2, {}, u"Lighthouse"_s));
     // The first text is not the one that counts here.
     page().slotReceiveCommand(linkAnswer(state, u"Harbour"_s, second));

@@ -168,7 +168,7 @@ void InfrastructureTopTest::aSlowCameraIsNotAskedTwice() {
     page().slotReceiveCommand(linkAnswer(2, u"Harbour"_s, {}));
     page().showInit(true);
     QCOMPARE(m_bench->takeSent(), QStringList{GET_SSID});
-    // Whoever comes back to the page has it asked anew, whatever became of the answer.
+    // Coming back to the page asks again, whatever became of the answer.
     page().showInit(false);
     QCOMPARE(m_bench->takeSent(), QStringList{GET_SSID});
 }

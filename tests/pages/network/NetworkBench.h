@@ -5,7 +5,7 @@
 #include "tests/pages/PageBench.h"
 #include "tests/support/NetworkUser.h"
 
-// What the network page asks for, and its two writes, as PageBench::takeSent() tells them.
+// What the network page asks for, and its two writes, as PageBench::takeSent() writes them.
 inline const QString GET_ONOFF = QStringLiteral("USB_RES_NUBO_CMD_GET_WIFI_ONOFF");
 inline const QString GET_MODE = QStringLiteral("USB_REQ_NUBO_CMD_GET_WIFIMODE");
 inline const QString SET_ON = QStringLiteral("USB_NUBO_CMD_SET_WIFI_ONOFF bool true");

@@ -40,10 +40,10 @@ private Q_SLOTS:
     void oneBoxIsShownInAPollingPeriod();
     void theTopSubPageSharesTheBox();
     void aFailureBehindABoxAddsNone();
-    void showingThePageStartsAnew();
+    void showingThePageStartsAgain();
     void theBoxesStayAsTheUserHasThem();
-    void aKeyRefusedAfterItsSsidWasAcceptedIsTold();
-    void aRefusalThatComesAfterBackIsTold();
+    void aKeyRefusedAfterItsSsidWasAcceptedIsReported();
+    void aRefusalThatComesAfterBackIsReported();
     void lateResultsOfOthersAreLeftAlone();
 
 private:
@@ -188,7 +188,7 @@ void NetworkFailuresTest::aFailureBehindABoxAddsNone() {
     QCOMPARE(m_bench->boxes.boxes().size(), 1);
 }
 
-void NetworkFailuresTest::showingThePageStartsAnew() {
+void NetworkFailuresTest::showingThePageStartsAgain() {
     m_bench->respond(USB_NUBO_CMD_SET_WIFI_ONOFF, 0xFFFF);
     m_bench->page.showInit(true);
     QVERIFY(g_bIsShowError);
@@ -220,7 +220,7 @@ void NetworkFailuresTest::selectWithKey() {
     m_bench->boxes.forgetBoxes();
 }
 
-void NetworkFailuresTest::aKeyRefusedAfterItsSsidWasAcceptedIsTold() {
+void NetworkFailuresTest::aKeyRefusedAfterItsSsidWasAcceptedIsReported() {
     selectWithKey();
     m_bench->succeed(USB_NUBO_CMD_SET_INFRA_SSID);
     QVERIFY(m_bench->user.shows(u"AP of selecting"_s));
@@ -237,7 +237,7 @@ void NetworkFailuresTest::aKeyRefusedAfterItsSsidWasAcceptedIsTold() {
     QCOMPARE(m_bench->boxes.boxes().size(), 1);
 }
 
-void NetworkFailuresTest::aRefusalThatComesAfterBackIsTold() {
+void NetworkFailuresTest::aRefusalThatComesAfterBackIsReported() {
     selectWithKey();
     m_bench->user.click(u"Back"_s);
     m_bench->respond(USB_NUBO_CMD_SET_INFRA_SSID, 0xFFFB);
@@ -248,7 +248,7 @@ void NetworkFailuresTest::aRefusalThatComesAfterBackIsTold() {
 }
 
 void NetworkFailuresTest::lateResultsOfOthersAreLeftAlone() {
-    // Told on the search page itself: not again.
+    // The search page has reported it already.
     selectWithKey();
     m_bench->respond(USB_NUBO_CMD_SET_INFRA_KEY, 0xFFFB);
     m_bench->succeed(USB_NUBO_CMD_SET_INFRA_SSID);
@@ -256,7 +256,7 @@ void NetworkFailuresTest::lateResultsOfOthersAreLeftAlone() {
     m_bench->respond(USB_NUBO_CMD_SET_INFRA_KEY, 0xFFFB);
     m_bench->respond(USB_NUBO_CMD_SET_INFRA_SSID, 0xFFFB);
     QCOMPARE(m_bench->boxes.boxes().size(), 1);
-    // Nor on a page that tells of it anyway.
+    // Nor on a page that reports it anyway.
     selectWithKey();
     m_bench->user.click(u"Back"_s);
     m_bench->user.click(u"AP manual setting"_s);

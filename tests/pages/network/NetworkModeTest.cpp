@@ -21,15 +21,15 @@ private Q_SLOTS:
     void theNextPollShowsACameraThatRefused();
     void theWritesNameTheirSender();
     void theNextPollPutsAFailedChangeRight();
-    void aModeThatWasNotWrittenIsAskedForAnew_data();
-    void aModeThatWasNotWrittenIsAskedForAnew();
+    void aModeThatWasNotWrittenIsAskedForAgain_data();
+    void aModeThatWasNotWrittenIsAskedForAgain();
     void oneOfTwoWritesFails_data();
     void oneOfTwoWritesFails();
     void aSwitchIsReadBackAtOnce();
     void aWrittenModeIsNotReadBack();
     void uncheckingAndCheckingAgainSwitchesOnAgain();
     void checkingAgainBeforeItIsReadSwitchesOnAgain();
-    void aModeWhoseResultWasMissedIsAskedForAnew();
+    void aModeWhoseResultWasMissedIsAskedForAgain();
 
     void theBoxesFollowTheCamera_data();
     void theBoxesFollowTheCamera();
@@ -115,9 +115,9 @@ void NetworkModeTest::aClickSwitchesTheCamera() {
     QTEST(m_bench->takeSent(), "sent");
     QTEST(boxes(), "after");
     QCOMPARE(g_ulWifiMode, modeAfter);
-    QCOMPARE(g_bIsWifiON, isOn);  // only reading tells
+    QCOMPARE(g_bIsWifiON, isOn);  // only reading changes it
 
-    // The camera has done what it was told.
+    // The camera has done what it was asked to.
     m_bench->answerOnOff(isChecked);
     QCOMPARE(m_bench->takeSent(), QStringList());
     QCOMPARE(boxes(), (QList<bool>{isChecked && clicked == 1, isChecked && clicked == 2}));
@@ -178,7 +178,7 @@ void NetworkModeTest::theNextPollPutsAFailedChangeRight() {
     QCOMPARE(boxes(), (QList<bool>{true, false}));
 }
 
-void NetworkModeTest::aModeThatWasNotWrittenIsAskedForAnew_data() {
+void NetworkModeTest::aModeThatWasNotWrittenIsAskedForAgain_data() {
     QTest::addColumn<QUuid>("kind");
     QTest::addColumn<unsigned short>("code");
     QTest::addColumn<int>("errors");
@@ -190,7 +190,7 @@ void NetworkModeTest::aModeThatWasNotWrittenIsAskedForAnew_data() {
     row("the camera has gone", USB_CMD_ERROR, 0xEF00, 0);
 }
 
-void NetworkModeTest::aModeThatWasNotWrittenIsAskedForAnew() {
+void NetworkModeTest::aModeThatWasNotWrittenIsAskedForAgain() {
     QFETCH(const QUuid, kind);
     QFETCH(const unsigned short, code);
     QFETCH(const int, errors);
@@ -313,7 +313,7 @@ void NetworkModeTest::checkingAgainBeforeItIsReadSwitchesOnAgain() {
     QCOMPARE(m_bench->takeSent(), QStringList{SET_MODE.arg(1)});
 }
 
-void NetworkModeTest::aModeWhoseResultWasMissedIsAskedForAnew() {
+void NetworkModeTest::aModeWhoseResultWasMissedIsAskedForAgain() {
     start(true, 1);
     m_bench->network.clickTab(ADHOC);
     m_bench->network.clickBox(ADHOC);

@@ -31,7 +31,7 @@ private Q_SLOTS:
     void otherSubPagesAreNotRefreshed_data();
     void otherSubPagesAreNotRefreshed();
     void theAdhocTabIsNotPolled();
-    void theAdhocTabShownAnewLearnsOfTheWifiOnly();
+    void theAdhocTabShownAgainLearnsOfTheWifiOnly();
     void leavingTheAdhocTabStartsThePollingAgain();
     void aHiddenPageIsNotPolled();
     void behindABoxNothingIsPolled();
@@ -102,7 +102,7 @@ void NetworkPollingTest::theAdhocTabIsNotPolled() {
     QCOMPARE(sentAfter(20s), QStringList());
 }
 
-void NetworkPollingTest::theAdhocTabShownAnewLearnsOfTheWifiOnly() {
+void NetworkPollingTest::theAdhocTabShownAgainLearnsOfTheWifiOnly() {
     enter();
     m_bench->network.clickTab(ADHOC);
     m_bench->page.showInit(false);

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "pages/network/ClDialogInputKey.h"
 #include "pages/network/ClWidgetInfrastructureSearch.h"
 #include "tests/pages/PageBench.h"
 #include "tests/pages/network/AccesspointMessages.h"

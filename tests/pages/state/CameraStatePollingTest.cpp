@@ -104,7 +104,7 @@ void CameraStatePollingTest::aRefreshUnderWayIsNotStartedAgain() {
     m_bench->page.slotReceiveCommand(batteryAnswer(50));
     QCOMPARE(m_bench->takeSent(), QStringList{GET_WIFI});
     QCOMPARE(sentAfter(10s), QStringList());
-    // Whoever has the page shown anew wants fresh values at once.
+    // Showing the page again asks for fresh values at once.
     m_bench->page.showInit(false);
     QCOMPARE(m_bench->takeSent(), QStringList{GET_BATTERY});
 }

@@ -63,7 +63,7 @@ public:
 
 }  // namespace
 
-/// The badge that tells the link state.
+/// The badge that shows the link state.
 class WifiStateLabelTest : public QObject {
     Q_OBJECT
 

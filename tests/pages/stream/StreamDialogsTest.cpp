@@ -11,8 +11,6 @@
 #include <QTest>
 #include <QTranslator>
 
-#include <memory>
-
 using namespace Qt::StringLiterals;
 
 namespace {

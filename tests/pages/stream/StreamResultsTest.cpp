@@ -123,18 +123,10 @@ void StreamResultsTest::aFailedReadEndsTheChain_data() {
     QTest::addColumn<QStringList>("texts");
     for (const stStreamUse* use : {&REC, &LIVE}) {
         for (const bool isSecond : {false, true}) {
-            const auto row = [&](const QUuid& kind, unsigned short code, const QStringList& texts) {
+            addFailedReads([&](const QUuid& kind, unsigned short code, const QStringList& texts) {
                 QTest::addRow("%s, %s, 0x%04X", use->name, isSecond ? "rate" : "size", code)
                     << use << isSecond << kind << code << texts;
-            };
-            for (const auto& [code, text] : REFUSALS) {
-                row(USB_NUBO_CMD_RESPONSE, code, {text});
-            }
-            for (unsigned short code = 0xEF01; code <= 0xEF05; ++code) {
-                row(USB_CMD_ERROR, code, {UNKNOWN_ERROR});
-            }
-            row(USB_CMD_ERROR, 0xEF00, {});
-            row(USB_NUBO_CMD_RESPONSE, 0, {});
+            });
         }
     }
 }

@@ -49,7 +49,7 @@ private Q_SLOTS:
     void aClickOnTheOtherButtonTakesItsPlace();
     void anAnswerThatWasNotAskedForOpensNothing_data();
     void anAnswerThatWasNotAskedForOpensNothing();
-    void showingThePageAnewAbandonsAChain();
+    void showingThePageAgainAbandonsAChain();
     void leavingThePageCancelsAnOpenDialog();
 
 private:
@@ -333,7 +333,7 @@ void StreamSettingPageTest::anAnswerThatWasNotAskedForOpensNothing() {
     QCOMPARE(m_user->texts(), QStringList{LIVE_DIALOG});
 }
 
-void StreamSettingPageTest::showingThePageAnewAbandonsAChain() {
+void StreamSettingPageTest::showingThePageAgainAbandonsAChain() {
     click(REC);
     receive(REC.sizeAnswer, QSize(1280, 720));
     m_page->showInit(false);
