@@ -50,12 +50,15 @@ std::vector<std::string> parserWords(const QStringList& words) {
         learn(verb.options);
     }
     std::vector<std::string> parsed;
-    bool isOver = false;
-    for (const QString& word : words) {
-        isOver = isOver || word == QLatin1String("--");
-        const bool isShort = !isOver && implied.contains(word);
-        const QString text = isShort ? word + u'=' + implied.value(word) : shielded(word);
+    const auto behind = std::ranges::find(words, QLatin1String("--"));
+    for (auto word = words.begin(); word != behind; ++word) {
+        const QString text =
+            implied.contains(*word) ? *word + u'=' + implied.value(*word) : shielded(*word);
         parsed.push_back(text.toStdString());
+    }
+    // Behind "--" nothing is an option, whatever it begins with.
+    for (auto word = behind; word != words.end() && ++word != words.end();) {
+        parsed.push_back((word->startsWith(u'-') ? SHIELD + *word : shielded(*word)).toStdString());
     }
     std::ranges::reverse(parsed);
     return parsed;
@@ -173,6 +176,9 @@ stFailure checkCounts(const stArguments& arguments) {
     }
     if (arguments.has("all") && verb.camera == VerbCamera::OneOnly) {
         return wrongUse(QStringLiteral("%1 is for one camera").arg(toText(verb.name)));
+    }
+    if (arguments.has("camera") && arguments.option("camera").isEmpty()) {
+        return wrongUse(QStringLiteral("--camera names no camera"));
     }
     constexpr double LONGEST_WAIT_S = 1e9;
     bool isNumber = true;

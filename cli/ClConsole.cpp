@@ -1,30 +1,21 @@
 // SPDX-License-Identifier: MIT
 #include "cli/ClConsole.h"
 
-#include <QFile>
+#include "cli/Interruption.h"
+#include "cli/WholeFiles.h"
 
-#include <cerrno>
-#include <iostream>
-#include <string>
+#include <QDeadlineTimer>
 
+#include <algorithm>
+
+#include <poll.h>
 #include <termios.h>
 #include <unistd.h>
 
 namespace {
 
 ClConsole::Sink writerTo(int descriptor) {
-    return [descriptor](const QByteArray& bytes) {
-        qsizetype written = 0;
-        while (written < bytes.size()) {
-            const ssize_t count = ::write(descriptor, bytes.constData() + written,
-                                          static_cast<std::size_t>(bytes.size() - written));
-            if (count < 0 && errno != EINTR) {
-                return false;
-            }
-            written += count > 0 ? count : 0;
-        }
-        return true;
-    };
+    return [descriptor](const QByteArray& bytes) { return writeAll(descriptor, bytes); };
 }
 
 /// Keeps what is typed from being shown.
@@ -51,13 +42,12 @@ private:
     bool m_isChanged = false;
 };
 
-/// A line of standard input, byte by byte, so that a signal can end the wait.
+/// A line of standard input, byte by byte: what is behind it is not this question's.
 std::optional<QString> readLine() {
     QByteArray line;
     char byte = 0;
     while (true) {
-        const ssize_t count = ::read(STDIN_FILENO, &byte, 1);
-        if (count <= 0) {
+        if (!Interruption::waitForInput(STDIN_FILENO) || ::read(STDIN_FILENO, &byte, 1) <= 0) {
             return std::nullopt;
         }
         if (byte == '\n') {
@@ -70,6 +60,7 @@ std::optional<QString> readLine() {
 }  // namespace
 
 ClConsole::ClConsole() : ClConsole(writerTo(STDOUT_FILENO), writerTo(STDERR_FILENO)) {
+    m_isOfProcess = true;
     m_isTerminal = ::isatty(STDERR_FILENO) != 0;
     m_isInteractive = m_isTerminal && ::isatty(STDIN_FILENO) != 0;
 }
@@ -86,6 +77,26 @@ bool ClConsole::printBytes(const QByteArray& bytes) {
         m_hasFailed = true;
     }
     return !m_hasFailed;
+}
+
+bool ClConsole::pause(int milliseconds) {
+    constexpr qint64 LOOK_MS = 250;
+    const QDeadlineTimer end(milliseconds);
+    bool goesOn = true;
+    do {
+        lookWhetherHeard();
+        goesOn = !m_hasFailed &&
+                 Interruption::sleep(static_cast<int>(std::min(end.remainingTime(), LOOK_MS)));
+    } while (goesOn && !end.hasExpired());
+    return goesOn;
+}
+
+// A pipe that nobody reads any more shows without being written to.
+void ClConsole::lookWhetherHeard() {
+    pollfd results{STDOUT_FILENO, 0, 0};
+    if (m_isOfProcess && ::poll(&results, 1, 0) > 0) {
+        m_hasFailed = true;
+    }
 }
 
 void ClConsole::writeLine(const QString& text) {
@@ -135,6 +146,10 @@ void ClConsole::endProgress() {
 }
 
 bool ClConsole::confirm(const QString& question) {
+    const std::lock_guard asking(m_asking);
+    if (Interruption::isRequested()) {
+        return false;
+    }
     {
         const std::lock_guard lock(m_mutex);
         m_err(question.toUtf8() + " [y/N] ");
@@ -151,7 +166,10 @@ std::optional<QString> ClConsole::askSecret(const QString& prompt) {
     return line;
 }
 
-QByteArray ClConsole::readInput() {
-    QFile input;
-    return input.open(STDIN_FILENO, QIODevice::ReadOnly) ? input.readAll() : QByteArray();
+stFailure ClConsole::readInput(const QString& what, qint64 most, QByteArray& bytes) {
+    if (m_isInputTaken) {
+        return {ExitCode::WrongUse, QStringLiteral("standard input (-) can be read only once"), {}};
+    }
+    m_isInputTaken = true;
+    return readWhole(STDIN_FILENO, QStringLiteral("standard input"), what, most, bytes);
 }

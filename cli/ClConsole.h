@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "cli/ExitCode.h"
+
 #include <QByteArray>
 #include <QString>
 
@@ -33,6 +35,10 @@ public:
     /// Whether a result could not be written.
     [[nodiscard]] bool hasFailed() const { return m_hasFailed; }
 
+    /// Waits. @return false when the user wishes to end, or when nobody hears the results any more;
+    /// then they have failed.
+    [[nodiscard]] bool pause(int milliseconds);
+
     // Lines for people, behind the name of the program.
     void error(const QString& text);  ///< told in any case
     void warn(const QString& text);   ///< unless quiet
@@ -45,20 +51,24 @@ public:
 
     /// Whether somebody can answer questions.
     [[nodiscard]] bool isInteractive() const { return m_isInteractive; }
-    /// Asks on the terminal; only when interactive.
+    /// Asks on the terminal, one question at a time; only when interactive. A wish to end is no.
     [[nodiscard]] bool confirm(const QString& question);
     /// Asks on the terminal for a line that is not shown; nothing when there is none.
     [[nodiscard]] std::optional<QString> askSecret(const QString& prompt);
-    /// Standard input to its end.
-    [[nodiscard]] QByteArray readInput();
+    /// Standard input to its end; it can be had once. Fails as readWhole() does.
+    [[nodiscard]] stFailure readInput(const QString& what, qint64 most, QByteArray& bytes);
 
 private:
     void writeLine(const QString& text);
+    void lookWhetherHeard();
 
     Sink m_out;
     Sink m_err;
     std::mutex m_mutex;
+    std::mutex m_asking;
     Verbosity m_verbosity = Verbosity::Normal;
+    bool m_isOfProcess = false;
+    bool m_isInputTaken = false;
     bool m_isInteractive = false;
     bool m_isTerminal = false;  ///< standard error is one
     bool m_hasProgress = false;

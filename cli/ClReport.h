@@ -20,6 +20,8 @@ struct stCameraIdentity {
     int bus = 0;
     int device = 0;
     QString firmware{};  ///< empty while unknown
+
+    [[nodiscard]] QString name() const { return serial.isEmpty() ? port : serial; }
 };
 
 /// Whether a value went into the camera. Nobody knows when the link failed over it.

@@ -86,15 +86,15 @@ QString bashScript() {
                "_nuboctl() {\n"
                "    local current=${COMP_WORDS[COMP_CWORD]} verb='' words='' i\n"
                "    for ((i = 1; i < COMP_CWORD; ++i)); do\n"
+               "        # The shell has split words at '=' and ':'.\n"
                "        case ${COMP_WORDS[i]} in\n"
-               "        -c | --camera) ((++i)) ;;\n"
-               "        -*) ;;\n"
-               "        *) verb=${COMP_WORDS[i]}; break ;;\n"
+               "        -c | --camera) ((++i)); [[ ${COMP_WORDS[i]} != = ]] || ((++i)) ;;\n"
+               "        %1) verb=${COMP_WORDS[i]}; break ;;\n"
                "        esac\n"
                "    done\n"
                "    case $verb in\n"
-               "    '') words=\"%1 %2\" ;;\n")
-               .arg(verbNames().join(u' '), commonNames().join(u' ')) +
+               "    '') words=\"%2 %3\" ;;\n")
+               .arg(verbNames().join(u'|'), verbNames().join(u' '), commonNames().join(u' ')) +
            verbCases(QStringLiteral("words")) +
            QStringLiteral(
                "    esac\n"

@@ -5,14 +5,17 @@
 #include "cli/ClReport.h"
 #include "cli/ClSession.h"
 #include "cli/Interruption.h"
+#include "cli/Profile.h"
 #include "cli/Verbs.h"
+#include "cli/WholeFiles.h"
 #include "protocol/DataPackets.h"
 #include "protocol/NuboCommands.h"
 
 #include <QDateTime>
 #include <QElapsedTimer>
 #include <QFileInfo>
-#include <QSaveFile>
+
+#include <cmath>
 
 namespace {
 
@@ -38,9 +41,7 @@ stFailure checkTarget(const stArguments& arguments) {
     if (target == STANDARD && arguments.has("all")) {
         return wrongUse(QStringLiteral("--all and - exclude each other"));
     }
-    const bool isDistinct = target.isEmpty() || target.contains(QLatin1String("{serial}")) ||
-                            target.contains(QLatin1String("{n}"));
-    if (arguments.has("all") && !isDistinct) {
+    if (arguments.has("all") && !target.isEmpty() && !isForEachCamera(target)) {
         return wrongUse(
             QStringLiteral("with --all, {serial} or {n} must stand in the file's name"));
     }
@@ -74,18 +75,18 @@ QString fileOf(stRun& run, const QString& suffix, int number) {
     return hasSuffix ? name.insert(dot, digits) : name + digits;
 }
 
-/// Aside, and then renamed: a file is there whole, or not at all.
 bool save(stRun& run, const QString& path, const QByteArray& bytes, QJsonArray& files) {
-    QSaveFile file(path);
-    const bool isWritten =
-        file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
-    if (!isWritten) {
-        run.report.fail({ExitCode::Computer,
-                         QStringLiteral("%1 cannot be written: %2").arg(path, file.errorString()),
-                         {}});
+    const auto& plan = static_cast<const stDataPlan&>(*run.plan);
+    if (const stFailure failure = writeWhole(path, bytes)) {
+        run.report.fail(failure);
         return false;
     }
-    run.report.addLine(QStringLiteral("%1: %2 bytes").arg(path).arg(bytes.size()));
+    const QString line = QStringLiteral("%1: %2 bytes").arg(path).arg(bytes.size());
+    // A series may be without end.
+    if (plan.isSeries() && !run.arguments.isJson()) {
+        return run.console.print(line + u'\n');
+    }
+    run.report.addLine(line);
     files.append(QJsonObject{{QStringLiteral("path"), QFileInfo(path).absoluteFilePath()},
                              {QStringLiteral("size"), bytes.size()}});
     return true;
@@ -137,10 +138,13 @@ void fetchAll(stRun& run, const stDataPlan& plan, const QString& what, const QSt
             break;
         }
         const auto pauseMs = static_cast<qint64>(plan.everyS * MS_PER_SECOND) - clock.elapsed();
-        if (goesOn && !Interruption::sleep(static_cast<int>(std::max(pauseMs, qint64{0})))) {
-            run.report.fail(
-                {ExitCode::Interrupted, QStringLiteral("interrupted after %1").arg(number), {}});
+        if (goesOn && !run.console.pause(static_cast<int>(std::max(pauseMs, qint64{0})))) {
             goesOn = false;
+            if (Interruption::isRequested()) {
+                run.report.fail({ExitCode::Interrupted,
+                                 QStringLiteral("interrupted after %1").arg(number),
+                                 {}});
+            }
         }
     }
     if (!files.isEmpty()) {
@@ -165,6 +169,10 @@ stFailure preparePicture(const stArguments& arguments, ClConsole& /*console*/,
     }
     if (!failure) {
         failure = readNumber(arguments, "count", 1, MOST, data->count);
+    }
+    if (!failure && data->count != std::floor(data->count)) {
+        failure = wrongUse(
+            QStringLiteral("--count: %1 is not a whole number").arg(arguments.option("count")));
     }
     plan = std::move(data);
     return failure;

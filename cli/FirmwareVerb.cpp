@@ -6,6 +6,7 @@
 #include "cli/Interruption.h"
 #include "cli/ReturnWait.h"
 #include "cli/Verbs.h"
+#include "cli/WholeFiles.h"
 #include "protocol/DataPackets.h"
 #include "protocol/NuboCommands.h"
 #include "protocol/ResultCodes.h"
@@ -13,7 +14,6 @@
 #include "settings/SettingValue.h"
 
 #include <QCryptographicHash>
-#include <QFile>
 
 #include <array>
 
@@ -32,24 +32,11 @@ struct stFirmwarePlan : stVerbPlan {
 };
 
 stFailure readImage(const QString& path, stFirmwarePlan& plan) {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        return {ExitCode::Computer,
-                QStringLiteral("%1 cannot be read: %2").arg(path, file.errorString()),
-                {}};
-    }
-    if (file.size() > LARGEST_IMAGE) {
-        return {ExitCode::WrongUse,
-                QStringLiteral("%1 is too large for a firmware image").arg(path),
-                {}};
+    if (const stFailure failure =
+            readWhole(path, QStringLiteral("a firmware image"), LARGEST_IMAGE, plan.image)) {
+        return failure;
     }
     plan.path = path;
-    plan.image = file.readAll();
-    if (file.error() != QFileDevice::NoError) {
-        return {ExitCode::Computer,
-                QStringLiteral("%1 cannot be read: %2").arg(path, file.errorString()),
-                {}};
-    }
     if (plan.image.isEmpty()) {
         return {ExitCode::WrongUse, QStringLiteral("%1 is empty").arg(path), {}};
     }
@@ -145,7 +132,7 @@ void update(stRun& run, const stFirmwarePlan& plan, const QString& before, QJson
     if (!sendImage(run, plan.image) || !startUpdate(run)) {
         return;
     }
-    run.console.warn(QStringLiteral("the camera updates itself: do not unplug it"));
+    warn(run, QStringLiteral("the camera updates itself: do not unplug it"));
     const int patienceMs = static_cast<int>(plan.patienceS * MS_PER_SECOND);
     stCameraIdentity after;
     const stFailure failure = waitForReturn(run.report.camera(), {patienceMs, patienceMs}, after,

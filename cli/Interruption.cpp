@@ -8,14 +8,18 @@
 #include <atomic>
 #include <csignal>
 
+#include <poll.h>
+
 namespace {
 
 constexpr int STEP_MS = 20;
 
 std::atomic<bool> g_isRequested = false;
-std::atomic<bool> g_refusesNext = false;
-std::atomic<bool> g_isRefused = false;
-static_assert(std::atomic<bool>::is_always_lock_free, "set by a signal handler");
+std::atomic<int> g_refusals = 0;            // that live
+std::atomic<bool> g_hasRefused = false;     // since the first of them
+std::atomic<bool> g_isRefusalNews = false;  // not yet taken
+static_assert(std::atomic<bool>::is_always_lock_free && std::atomic<int>::is_always_lock_free,
+              "used by a signal handler");
 
 void takeSignal(int /*number*/) {
     Interruption::request();
@@ -36,8 +40,8 @@ void Interruption::watchSignals() {
 
 // In the handler of a signal too.
 void Interruption::request() {
-    if (g_refusesNext.exchange(false)) {
-        g_isRefused = true;
+    if (g_refusals > 0 && !g_hasRefused.exchange(true)) {
+        g_isRefusalNews = true;
     } else {
         g_isRequested = true;
     }
@@ -52,16 +56,31 @@ bool Interruption::isRequested() {
 }
 
 Interruption::Refusal::Refusal() {
-    g_isRefused = false;
-    g_refusesNext = true;
+    if (g_refusals == 0) {
+        g_hasRefused = false;
+        g_isRefusalNews = false;
+    }
+    ++g_refusals;
 }
 
 Interruption::Refusal::~Refusal() {
-    g_refusesNext = false;
+    --g_refusals;
 }
 
 bool Interruption::Refusal::takeRefused() {
-    return g_isRefused.exchange(false);
+    return g_isRefusalNews.exchange(false);
+}
+
+bool Interruption::waitForInput(int descriptor) {
+    // A signal that comes just before the wait does not end it.
+    constexpr int LOOK_MS = 100;
+    pollfd input{descriptor, POLLIN, 0};
+    while (!g_isRequested) {
+        if (::poll(&input, 1, LOOK_MS) > 0) {
+            return true;
+        }
+    }
+    return false;
 }
 
 bool Interruption::sleep(int milliseconds) {

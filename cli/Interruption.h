@@ -14,7 +14,7 @@ void reset();
 [[nodiscard]] bool isRequested();
 
 /// While it lives, the first wish to end is refused: what is under way must not stay half done.
-/// The second one is heard. One at a time.
+/// The second one is heard. Several at a time, of several cameras, refuse one wish together.
 class Refusal {
 public:
     Refusal();
@@ -25,6 +25,10 @@ public:
     /// Whether a wish was refused since the last call.
     [[nodiscard]] static bool takeRefused();
 };
+
+/// Waits until @p descriptor has something to read, its end or an error among it, or until the user
+/// wishes to end. @return whether there is something.
+[[nodiscard]] bool waitForInput(int descriptor);
 
 /// Waits @p milliseconds, or until the user wishes to end. @return whether the time has passed.
 bool sleep(int milliseconds);

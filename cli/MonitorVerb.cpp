@@ -183,8 +183,7 @@ void runMonitor(stRun& run) {
             sinceReading.start();
         }
         monitor.look(readsValues);
-    } while (!run.console.hasFailed() &&
-             Interruption::sleep(static_cast<int>(std::min<qint64>(LOOK_MS, everyMs))));
+    } while (run.console.pause(static_cast<int>(std::min<qint64>(LOOK_MS, everyMs))));
     if (Interruption::isRequested()) {
         run.report.fail({ExitCode::Interrupted, QStringLiteral("interrupted"), {}});
     }

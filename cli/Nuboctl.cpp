@@ -7,6 +7,7 @@
 #include "cli/ClReport.h"
 #include "cli/ClSession.h"
 #include "cli/HelpText.h"
+#include "cli/Interruption.h"
 #include "protocol/ResultCodes.h"
 #include "settings/SettingTable.h"
 
@@ -32,19 +33,7 @@ ExitCode tell(const stFailure& failure, bool isJson, ClConsole& console) {
 }
 
 ExitCode tell(const ClReport& report, const stWork& work) {
-    const bool isOneOfMany = work.arguments.has("all");
-    const stCameraIdentity& camera = report.camera();
-    const QString name = camera.serial.isEmpty() ? camera.port : camera.serial;
-    if (work.arguments.isJson() && (!report.isTold() || report.hasFailed())) {
-        printJson(work.console, report.json());
-    } else if (const QString text = report.text(); !text.isEmpty()) {
-        work.console.print(
-            isOneOfMany ? QStringLiteral("# camera %1 at %2\n%3\n").arg(name, camera.port, text)
-                        : text);
-    }
-    for (const QString& error : report.errors()) {
-        work.console.error(isOneOfMany ? name + QLatin1String(": ") + error : error);
-    }
+    printReport(report, work.arguments, work.console);
     return report.exit();
 }
 
@@ -172,6 +161,10 @@ ExitCode runNuboctl(const QStringList& words, ClConsole& console) {
                     arguments.isJson(), console);
     } else {
         exit = runVerb(arguments, console);
+    }
+    if (console.hasFailed() && Interruption::isRequested()) {
+        console.error(QStringLiteral("interrupted before all results were written"));
+        return ExitCode::Interrupted;
     }
     if (console.hasFailed()) {
         console.error(QStringLiteral("results could not be written"));

@@ -2,13 +2,14 @@
 #include "cli/Profile.h"
 
 #include "cli/ClConsole.h"
+#include "cli/ClReport.h"
 #include "cli/ProfileText.h"
 #include "cli/Verb.h"
+#include "cli/WholeFiles.h"
 #include "settings/SettingSearch.h"
 #include "settings/SettingTable.h"
 #include "settings/SettingValue.h"
 
-#include <QFile>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QStringDecoder>
@@ -19,6 +20,8 @@ namespace {
 
 /// A file that is larger is no profile.
 constexpr qint64 LARGEST_PROFILE = 1024 * 1024;
+
+const stCameraInRun ANY_CAMERA{QStringLiteral("S")};
 
 QString where(int line) {
     return line == 0 ? QString() : QStringLiteral("line %1: ").arg(line);
@@ -87,9 +90,21 @@ stFailure parseObject(const QJsonObject& object, QList<stProfileEntry>& entries)
     return {};
 }
 
+QVariant valueFor(const stProfileEntry& entry, const stCameraInRun& camera) {
+    return parseValue(*entry.setting, filledIn(entry.text, camera)).value;
+}
+
+/// Whether something in the value stands for the camera, and may be shown.
+bool isTemplate(const stProfileEntry& entry) {
+    return isForEachCamera(entry.text) && !entry.setting->is(SECRET);
+}
+
 }  // namespace
 
-stFailure parseProfile(const QByteArray& bytes, QList<stProfileEntry>& entries) {
+stFailure parseProfile(const QByteArray& file, QList<stProfileEntry>& entries) {
+    // Some editors mark UTF-8 at its beginning.
+    constexpr auto MARK = "\xEF\xBB\xBF";
+    const QByteArray bytes = file.startsWith(MARK) ? file.mid(qstrlen(MARK)) : file;
     entries.clear();
     if (bytes.trimmed().startsWith('{')) {
         QJsonParseError error;
@@ -103,29 +118,59 @@ stFailure parseProfile(const QByteArray& bytes, QList<stProfileEntry>& entries) 
                               : parseLines(text, entries);
 }
 
-stFailure readProfile(const QString& path, ClConsole& console, QList<stProfileEntry>& entries) {
+stFailure readProfile(const QString& path, ClConsole& console, stProfile& profile) {
+    const QString what = QStringLiteral("a profile");
     QByteArray bytes;
-    if (path == QLatin1String("-")) {
-        bytes = console.readInput();
-    } else {
-        QFile file(path);
-        if (!file.open(QIODevice::ReadOnly)) {
-            return {ExitCode::Computer, QStringLiteral("%1: %2").arg(path, file.errorString()), {}};
-        }
-        bytes = file.read(LARGEST_PROFILE + 1);
+    stFailure failure = path == QLatin1String("-") ? console.readInput(what, LARGEST_PROFILE, bytes)
+                                                   : readWhole(path, what, LARGEST_PROFILE, bytes);
+    if (failure) {
+        return failure;
     }
-    if (bytes.size() > LARGEST_PROFILE) {
-        return wrong(0, QStringLiteral("%1: too large for a profile").arg(path));
-    }
-    stFailure failure = parseProfile(bytes, entries);
+    profile.path = path;
+    failure = parseProfile(bytes, profile.entries);
     if (failure) {
         failure.message = path + QLatin1String(": ") + failure.message;
+        return failure;
     }
-    return failure;
+    QList<stWantedValue> wanted;
+    return wantedOf(profile, ANY_CAMERA, wanted);
 }
 
-QString filledIn(const QString& text, const QString& serial, int number) {
+stFailure wantedOf(const stProfile& profile, const stCameraInRun& camera,
+                   QList<stWantedValue>& wanted) {
+    for (const stProfileEntry& entry : profile.entries) {
+        const stParsedValue parsed = parseValue(*entry.setting, filledIn(entry.text, camera));
+        if (!parsed.isValid()) {
+            return wrong(0, profile.path + QLatin1String(": ") + where(entry.line) + parsed.error);
+        }
+        wanted.append({entry.setting, parsed.value});
+    }
+    return {};
+}
+
+QString entryText(const ClReport& report, const stProfileEntry& entry) {
+    return isTemplate(entry) ? profileQuoted(entry.text)
+                             : report.shown(*entry.setting, valueFor(entry, ANY_CAMERA));
+}
+
+QJsonValue entryJson(const ClReport& report, const stProfileEntry& entry) {
+    return isTemplate(entry) ? QJsonValue(entry.text)
+                             : report.shownJson(*entry.setting, valueFor(entry, ANY_CAMERA));
+}
+
+bool isSame(const stProfileEntry& one, const stProfileEntry& other) {
+    const auto isSameFor = [&](const stCameraInRun& camera) {
+        return valueFor(one, camera) == valueFor(other, camera);
+    };
+    return isSameFor(ANY_CAMERA) && isSameFor({QStringLiteral("T"), 2});
+}
+
+bool isForEachCamera(const QString& text) {
+    return filledIn(text, ANY_CAMERA) != text;
+}
+
+QString filledIn(const QString& text, const stCameraInRun& camera) {
     QString filled = text;
-    filled.replace(QLatin1String("{serial}"), serial);
-    return filled.replace(QLatin1String("{n}"), QString::number(number));
+    filled.replace(QLatin1String("{serial}"), camera.serial);
+    return filled.replace(QLatin1String("{n}"), QString::number(camera.number));
 }

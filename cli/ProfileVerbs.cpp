@@ -7,11 +7,10 @@
 #include "cli/ProfileText.h"
 #include "cli/SettingWriter.h"
 #include "cli/Verbs.h"
+#include "cli/WholeFiles.h"
 #include "settings/SettingSearch.h"
 #include "settings/SettingTable.h"
 #include "settings/SettingValue.h"
-
-#include <QSaveFile>
 
 #include <algorithm>
 
@@ -20,15 +19,16 @@ namespace {
 const QString STANDARD = QStringLiteral("-");
 
 struct stProfilePlan : stVerbPlan {
-    QList<stProfileEntry> entries;
-    std::optional<QList<stProfileEntry>> others;  ///< of a second file
+    stProfile profile;
+    std::optional<stProfile> other;  ///< a second file
 };
 
-const stProfilePlan& profilesOf(const stRun& run) {
+const stProfilePlan& planOf(const stRun& run) {
     return static_cast<const stProfilePlan&>(*run.plan);
 }
 
-/// What a profile of the camera holds; false when something could not be read.
+/// What a profile of the camera holds: values that it can be set to. False when something could not
+/// be read.
 bool readKept(stRun& run, QList<stSettingChange>& values) {
     for (const stSetting& row : settings()) {
         const bool isWanted = row.isKept() && (!row.is(SECRET) || run.arguments.has("secrets"));
@@ -40,6 +40,11 @@ bool readKept(stRun& run, QList<stSettingChange>& values) {
         if (result != 0) {
             run.report.addError(toText(row.key), result);
             return false;
+        }
+        if (!parseValue(row, valueText(row, value)).isValid()) {
+            warn(run, QStringLiteral("%1 is left out: the camera's is not %2")
+                          .arg(toText(row.key), rangeText(row)));
+            continue;
         }
         values.append({&row, value});
     }
@@ -59,36 +64,6 @@ QString profileOf(const stRun& run, const QList<stSettingChange>& values) {
                     .arg(toText(value.setting->key), profileValue(*value.setting, value.value));
     }
     return text;
-}
-
-/// Aside, and then renamed: a file is there whole, or not at all. Secrets are for the owner alone.
-stFailure writeFile(const QString& path, const QString& text, bool isSecret) {
-    QSaveFile file(path);
-    bool isWritten = file.open(QIODevice::WriteOnly);
-    if (isWritten && isSecret) {
-        isWritten = file.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner);
-    }
-    isWritten = isWritten && file.write(text.toUtf8()) >= 0 && file.commit();
-    return isWritten ? stFailure{}
-                     : stFailure{ExitCode::Computer,
-                                 QStringLiteral("%1: %2").arg(path, file.errorString()),
-                                 {}};
-}
-
-/// The values of @p entries for one camera; the failure names the first that is none.
-stFailure wantedOf(const QList<stProfileEntry>& entries, const QString& serial, int number,
-                   QList<stWantedValue>& wanted) {
-    for (const stProfileEntry& entry : entries) {
-        const stParsedValue parsed =
-            parseValue(*entry.setting, filledIn(entry.text, serial, number));
-        if (!parsed.isValid()) {
-            const QString line =
-                entry.line == 0 ? QString() : QStringLiteral("line %1: ").arg(entry.line);
-            return {ExitCode::WrongUse, line + parsed.error, {}};
-        }
-        wanted.append({entry.setting, parsed.value});
-    }
-    return {};
 }
 
 bool isNamedBy(const QString& option, const stSetting& row) {
@@ -125,39 +100,39 @@ void tellDifference(ClReport& report, const stSetting& row, const QVariant& befo
 }
 
 void diffFiles(stRun& run) {
-    QList<stWantedValue> before;
-    QList<stWantedValue> after;
-    for (const auto& [entries, wanted] : {std::pair(&profilesOf(run).entries, &before),
-                                          std::pair(&*profilesOf(run).others, &after)}) {
-        if (const stFailure failure = wantedOf(*entries, {}, 1, *wanted)) {
-            run.report.fail(failure);
-            return;
-        }
-    }
     QJsonArray list;
     for (const stSetting& row : settings()) {
-        const auto valueIn = [&row](const QList<stWantedValue>& values) {
-            const auto found = std::ranges::find(values, &row, &stWantedValue::setting);
-            return found == values.cend() ? QVariant() : found->value;
+        const auto entryIn = [&row](const stProfile& profile) {
+            const auto found = std::ranges::find(profile.entries, &row, &stProfileEntry::setting);
+            return found == profile.entries.cend() ? nullptr : &*found;
         };
-        const QVariant old = valueIn(before);
-        const QVariant now = valueIn(after);
-        if (old.isValid() && now.isValid() && old != now) {
-            tellDifference(run.report, row, old, now, list);
-        } else if (old.isValid() != now.isValid()) {
-            run.report.addLine(QStringLiteral("%1: only in the %2 file")
-                                   .arg(toText(row.key), old.isValid() ? QStringLiteral("first")
-                                                                       : QStringLiteral("second")));
-            list.append(
-                QJsonObject{{QStringLiteral("key"), toText(row.key)},
-                            {QStringLiteral("old"),
-                             old.isValid() ? run.report.shownJson(row, old) : QJsonValue()},
-                            {QStringLiteral("new"),
-                             now.isValid() ? run.report.shownJson(row, now) : QJsonValue()}});
+        const stProfileEntry* const old = entryIn(planOf(run).profile);
+        const stProfileEntry* const now = entryIn(*planOf(run).other);
+        if (old == now || (old != nullptr && now != nullptr && isSame(*old, *now))) {
+            continue;
         }
+        const QString key = toText(row.key);
+        if (old != nullptr && now != nullptr) {
+            run.report.addLine(
+                QStringLiteral("%1: %2 -> %3")
+                    .arg(key, entryText(run.report, *old), entryText(run.report, *now)));
+        } else {
+            run.report.addLine(
+                QStringLiteral("%1: only in the %2 file")
+                    .arg(key, old != nullptr ? QStringLiteral("first") : QStringLiteral("second")));
+        }
+        list.append(QJsonObject{
+            {QStringLiteral("key"), key},
+            {QStringLiteral("old"), old == nullptr ? QJsonValue() : entryJson(run.report, *old)},
+            {QStringLiteral("new"), now == nullptr ? QJsonValue() : entryJson(run.report, *now)}});
     }
     run.report.addMember(QStringLiteral("differences"), list);
     run.report.setAnswer(list.isEmpty() ? ExitCode::Done : ExitCode::No);
+}
+
+/// @p text as one word of a shell, whatever is in it.
+QString shellWord(QString text) {
+    return u'\'' + text.replace(u'\'', QLatin1String("'\\''")) + u'\'';
 }
 
 /// What undoes what was written; secrets are not repeated.
@@ -171,31 +146,29 @@ void tellWayBack(stRun& run, const QList<stDifference>& differences) {
         if (!run.report.mayHaveWritten(row)) {
             continue;
         }
-        words.append(row.is(SECRET) ? toText(row.key) + QLatin1String("=@FILE")
-                                    : QStringLiteral("'%1=%2'").arg(
-                                          toText(row.key), valueText(row, difference.before)
-                                                               .replace(QLatin1String("'"),
-                                                                        QLatin1String("'\\''"))));
+        const QString key = toText(row.key);
+        words.append(row.is(SECRET) ? key + QLatin1String("=@FILE")
+                                    : shellWord(key + u'=' + valueText(row, difference.before)));
     }
-    const QString command = QStringLiteral("nuboctl set ") + words.join(u' ');
+    QString camera = run.arguments.option("camera");
+    if (run.arguments.has("all")) {
+        camera = run.report.camera().port;
+    }
+    const QString choice =
+        camera.isEmpty() ? QString() : QStringLiteral("-c %1 ").arg(shellWord(camera));
+    const QString command = QStringLiteral("nuboctl %1set ").arg(choice) + words.join(u' ');
     run.report.addMember(QStringLiteral("undo"), command);
-    run.console.warn(QStringLiteral("to go back: ") + command);
+    warn(run, QStringLiteral("to go back: ") + command);
 }
 
 QList<stDifference> differencesOf(stRun& run) {
     QList<stWantedValue> wanted;
     if (const stFailure failure =
-            wantedOf(profilesOf(run).entries, serialFor(run), run.number, wanted)) {
+            wantedOf(planOf(run).profile, {serialFor(run), run.number}, wanted)) {
         run.report.fail(failure);
         return {};
     }
     return readDifferences(run, wanted);
-}
-
-/// Before any camera is opened, with what any serial number would do.
-stFailure checkValues(const QList<stProfileEntry>& entries) {
-    QList<stWantedValue> wanted;
-    return wantedOf(entries, QStringLiteral("S"), 1, wanted);
 }
 
 }  // namespace
@@ -203,7 +176,7 @@ stFailure checkValues(const QList<stProfileEntry>& entries) {
 void runExport(stRun& run) {
     // What a camera tells leads to no other folder.
     const QString serial = serialFor(run).replace(u'/', u'_');
-    const QString path = filledIn(run.arguments.values.value(0, STANDARD), serial, run.number);
+    const QString path = filledIn(run.arguments.values.value(0, STANDARD), {serial, run.number});
     QList<stSettingChange> values;
     if (!readKept(run, values)) {
         return;
@@ -219,7 +192,8 @@ void runExport(stRun& run) {
         run.report.addLine(profile.chopped(1));
         return;
     }
-    if (const stFailure failure = writeFile(path, profile, run.arguments.has("secrets"))) {
+    const auto readers = run.arguments.has("secrets") ? FileReaders::OwnerAlone : FileReaders::All;
+    if (const stFailure failure = writeWhole(path, profile.toUtf8(), readers)) {
         run.report.fail(failure);
         return;
     }
@@ -230,8 +204,7 @@ void runExport(stRun& run) {
 stFailure prepareExport(const stArguments& arguments, ClConsole& /*console*/,
                         std::unique_ptr<stVerbPlan>& /*plan*/) {
     const QString path = arguments.values.value(0, STANDARD);
-    const bool isShared =
-        arguments.has("all") && path != STANDARD && filledIn(path, QStringLiteral("S"), 1) == path;
+    const bool isShared = arguments.has("all") && path != STANDARD && !isForEachCamera(path);
     return isShared ? stFailure{ExitCode::WrongUse,
                                 QStringLiteral("%1 would be the file of every camera: put "
                                                "{serial} or {n} into its name")
@@ -243,21 +216,17 @@ stFailure prepareExport(const stArguments& arguments, ClConsole& /*console*/,
 stFailure prepareDiff(const stArguments& arguments, ClConsole& console,
                       std::unique_ptr<stVerbPlan>& plan) {
     auto profiles = std::make_unique<stProfilePlan>();
-    stFailure failure = readProfile(arguments.values.value(0), console, profiles->entries);
+    stFailure failure = readProfile(arguments.values.value(0), console, profiles->profile);
     if (!failure && arguments.values.size() > 1) {
-        profiles->others.emplace();
         profiles->needsCamera = false;
-        failure = readProfile(arguments.values.value(1), console, *profiles->others);
-    }
-    if (!failure) {
-        failure = checkValues(profiles->entries);
+        failure = readProfile(arguments.values.value(1), console, profiles->other.emplace());
     }
     plan = std::move(profiles);
     return failure;
 }
 
 void runDiff(stRun& run) {
-    if (profilesOf(run).others) {
+    if (planOf(run).other) {
         diffFiles(run);
         return;
     }
@@ -272,15 +241,12 @@ void runDiff(stRun& run) {
 
 stFailure prepareApply(const stArguments& arguments, ClConsole& console,
                        std::unique_ptr<stVerbPlan>& plan) {
-    auto profile = std::make_unique<stProfilePlan>();
-    stFailure failure = readProfile(arguments.values.value(0), console, profile->entries);
+    auto profiles = std::make_unique<stProfilePlan>();
+    stFailure failure = readProfile(arguments.values.value(0), console, profiles->profile);
     if (!failure) {
-        failure = select(arguments, profile->entries);
+        failure = select(arguments, profiles->profile.entries);
     }
-    if (!failure) {
-        failure = checkValues(profile->entries);
-    }
-    plan = std::move(profile);
+    plan = std::move(profiles);
     return failure;
 }
 
@@ -301,9 +267,9 @@ void runApply(stRun& run) {
     }
     for (const stDifference& difference : differences) {
         const stSetting& row = *difference.wanted.setting;
-        run.console.warn(QStringLiteral("plan: %1: %2 -> %3")
-                             .arg(toText(row.key), run.report.shown(row, difference.before),
-                                  run.report.shown(row, difference.wanted.value)));
+        warn(run, QStringLiteral("plan: %1: %2 -> %3")
+                      .arg(toText(row.key), run.report.shown(row, difference.before),
+                           run.report.shown(row, difference.wanted.value)));
     }
     writeDifferences(run, differences, keepsGoing);
     tellWayBack(run, differences);

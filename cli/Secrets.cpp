@@ -1,24 +1,21 @@
 // SPDX-License-Identifier: MIT
 #include "cli/Secrets.h"
 
-#include <QFile>
+#include "cli/ClConsole.h"
+#include "cli/WholeFiles.h"
 
-QString lastLineEndRemoved(const QByteArray& bytes) {
-    QString text = QString::fromUtf8(bytes);
-    if (text.endsWith(u'\n')) {
-        text.chop(1);
+stFailure readSecret(const QString& path, ClConsole& console, QString& secret) {
+    constexpr qint64 LARGEST = 64 * 1024;
+    const QString what = QStringLiteral("a password or key");
+    QByteArray bytes;
+    const stFailure failure = path == QLatin1String("-") ? console.readInput(what, LARGEST, bytes)
+                                                         : readWhole(path, what, LARGEST, bytes);
+    secret = QString::fromUtf8(bytes);
+    if (secret.endsWith(u'\n')) {
+        secret.chop(1);
     }
-    if (text.endsWith(u'\r')) {
-        text.chop(1);
+    if (secret.endsWith(u'\r')) {
+        secret.chop(1);
     }
-    return text;
-}
-
-stFailure readSecretFile(const QString& path, QString& secret) {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        return {ExitCode::Computer, QStringLiteral("%1: %2").arg(path, file.errorString()), {}};
-    }
-    secret = lastLineEndRemoved(file.readAll());
-    return {};
+    return failure;
 }

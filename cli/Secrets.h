@@ -3,11 +3,10 @@
 
 #include "cli/ExitCode.h"
 
-#include <QByteArray>
 #include <QString>
 
-/// @p bytes as text, without the line end that an editor leaves behind.
-[[nodiscard]] QString lastLineEndRemoved(const QByteArray& bytes);
+class ClConsole;
 
-/// Reads a secret from the file at @p path.
-[[nodiscard]] stFailure readSecretFile(const QString& path, QString& secret);
+/// Reads a secret from the file at @p path, or from standard input for "-", without the line end
+/// that an editor leaves behind.
+[[nodiscard]] stFailure readSecret(const QString& path, ClConsole& console, QString& secret);

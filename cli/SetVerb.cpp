@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "cli/ClConsole.h"
 #include "cli/ClReport.h"
+#include "cli/Interruption.h"
 #include "cli/Secrets.h"
 #include "cli/SettingWriter.h"
 #include "cli/Verbs.h"
@@ -24,18 +25,21 @@ stFailure takeSecret(const QString& key, ClConsole& console, std::optional<QStri
                     {}};
         }
         text = console.askSecret(key);
+        if (Interruption::isRequested()) {
+            return {ExitCode::Interrupted, QStringLiteral("interrupted"), {}};
+        }
         return text ? stFailure{}
                     : stFailure{ExitCode::WrongUse, QStringLiteral("%1: no value").arg(key), {}};
     }
     if (*text == QLatin1String("-")) {
-        text = lastLineEndRemoved(console.readInput());
-    } else if (text->startsWith(u'@')) {
-        return readSecretFile(text->mid(1), *text);
-    } else {
-        console.warn(QStringLiteral("%1: other users of this computer can see what stands on the "
-                                    "command line; use %1=@FILE or %1=-")
-                         .arg(key));
+        return readSecret(*text, console, *text);
     }
+    if (text->startsWith(u'@')) {
+        return readSecret(text->mid(1), console, *text);
+    }
+    console.warn(QStringLiteral("%1: other users of this computer can see what stands on the "
+                                "command line; use %1=@FILE or %1=-")
+                     .arg(key));
     return {};
 }
 

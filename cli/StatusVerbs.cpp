@@ -69,12 +69,11 @@ void runStatus(stRun& run) {
             run.report.take(look);
             return;
         }
-        if (run.arguments.isJson()) {
-            printJson(run.console, look.json());
-        } else {
-            run.console.print(look.text() + u'\n');
+        if (!run.arguments.has("all")) {
+            look.addLine({});
         }
-    } while (!run.console.hasFailed() && Interruption::sleep(pauseMs));
+        printReport(look, run.arguments, run.console);
+    } while (run.console.pause(pauseMs));
     if (Interruption::isRequested()) {
         run.report.fail({ExitCode::Interrupted, QStringLiteral("interrupted"), {}});
     }

@@ -91,6 +91,11 @@ struct stVerb {
 /// The verb of this name, or null.
 [[nodiscard]] const stVerb* findVerb(const QString& name);
 
+/// Writes what @p report has to tell, with the camera's name where there are several.
+void printReport(const ClReport& report, const stArguments& arguments, ClConsole& console);
+/// Warns of the run's camera, by its name where there are several.
+void warn(const stRun& run, const QString& text);
+
 /// Whether the user agrees to @p question: by --yes, or on the terminal. Where there is none, the
 /// report fails with what is missing.
 [[nodiscard]] bool isAgreed(stRun& run, const QString& question);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "cli/ClConsole.h"
 #include "cli/ClReport.h"
+#include "cli/Interruption.h"
 #include "cli/Verb.h"
 #include "cli/Verbs.h"
 
@@ -134,6 +135,29 @@ const stVerb* findVerb(const QString& name) {
     return found == VERBS.end() ? nullptr : &*found;
 }
 
+void printReport(const ClReport& report, const stArguments& arguments, ClConsole& console) {
+    const bool isOneOfMany = arguments.has("all");
+    const QString name = report.camera().name();
+    if (arguments.isJson()) {
+        if (!report.isTold() || report.hasFailed()) {
+            printJson(console, report.json());
+        }
+    } else if (const QString text = report.text(); !text.isEmpty()) {
+        console.print(
+            isOneOfMany
+                ? QStringLiteral("# camera %1 at %2\n%3\n").arg(name, report.camera().port, text)
+                : text);
+    }
+    for (const QString& error : report.errors()) {
+        console.error(isOneOfMany ? name + QLatin1String(": ") + error : error);
+    }
+}
+
+void warn(const stRun& run, const QString& text) {
+    const bool isOneOfMany = run.arguments.has("all");
+    run.console.warn(isOneOfMany ? run.report.camera().name() + QLatin1String(": ") + text : text);
+}
+
 bool isAgreed(stRun& run, const QString& question) {
     if (run.arguments.has("yes")) {
         return true;
@@ -144,9 +168,12 @@ bool isAgreed(stRun& run, const QString& question) {
                          {}});
         return false;
     }
-    if (!run.console.confirm(question)) {
-        run.report.fail({ExitCode::WrongUse, QStringLiteral("not agreed; nothing was done"), {}});
-        return false;
+    if (run.console.confirm(question)) {
+        return true;
     }
-    return true;
+    run.report.fail(
+        Interruption::isRequested()
+            ? stFailure{ExitCode::Interrupted, QStringLiteral("interrupted; nothing was done"), {}}
+            : stFailure{ExitCode::WrongUse, QStringLiteral("not agreed; nothing was done"), {}});
+    return false;
 }

@@ -60,9 +60,7 @@ stFailure wantAddresses(const QString& text, QList<stWantedValue>& wanted) {
 
 stFailure wantKey(const QString& path, ClConsole& console, QList<stWantedValue>& wanted) {
     QString key;
-    if (path == QLatin1String("-")) {
-        key = lastLineEndRemoved(console.readInput());
-    } else if (const stFailure failure = readSecretFile(path, key)) {
+    if (const stFailure failure = readSecret(path, console, key)) {
         return failure;
     }
     return want(setting("wifi.infrastructure.key"), key, wanted);

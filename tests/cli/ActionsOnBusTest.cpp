@@ -70,6 +70,7 @@ private Q_SLOTS:
     void accessPointsAreListedByTheirSignal();
     void joiningWritesAddressesNetworkAndKeyInOrder();
     void joiningWithoutKeyLeavesTheKey();
+    void aNetworkMayBeCalledLikeAnOption();
     void wifiIsSwitchedOffAndOn();
     void theCardIsFormattedWhenAgreed();
     void aRefusedFormatLeavesTheCard();
@@ -153,6 +154,14 @@ void ActionsOnBusTest::joiningWithoutKeyLeavesTheKey() {
     QCOMPARE(CliBench::run({u"wifi"_s, u"join"_s, u"Guest"_s}).exit, 0);
     QCOMPARE(m_camera->takeCodes(), (QByteArrayList{"503b", "5003", "5047", "583b", "503b"}));
     QCOMPARE(m_camera->item("infra-key"), u"breakwater"_s);
+}
+
+void ActionsOnBusTest::aNetworkMayBeCalledLikeAnOption() {
+    for (const QString& name : {u"-x"_s, u"--all"_s, u"--"_s, u"[a]"_s}) {
+        const stRunResult result = CliBench::run({u"wifi"_s, u"join"_s, u"--"_s, name});
+        QVERIFY2(result.exit == 0, qPrintable(result.err));
+        QCOMPARE(m_camera->item("infra-ssid"), name);
+    }
 }
 
 void ActionsOnBusTest::wifiIsSwitchedOffAndOn() {

@@ -100,6 +100,11 @@ void ExitCodesTest::wrongUseSendsNothing_data() {
                            << u"camera.name stands twice"_s;
     QTest::newRow("both") << QStringList{u"--all"_s, u"-c"_s, u"1-1"_s, u"get"_s}
                           << u"exclude each other"_s;
+    QTest::newRow("camera of no name")
+        << QStringList{u"-c"_s, u""_s, u"get"_s} << u"--camera names no camera"_s;
+    QTest::newRow("option behind --") << QStringList{u"--"_s, u"--json"_s} << u"no option --json"_s;
+    QTest::newRow("count") << QStringList{u"picture"_s, u"--count=2.5"_s}
+                           << u"2.5 is not a whole number"_s;
     QTest::newRow("too few") << QStringList{u"set"_s} << u"set needs KEY=VALUE..."_s;
     QTest::newRow("wait") << QStringList{u"--wait=soon"_s, u"get"_s}
                           << u"not a number of seconds"_s;

@@ -19,6 +19,7 @@ namespace {
 constexpr std::uint16_t SET_CONTRAST = 0x5849;
 constexpr std::uint16_t REQUEST_PICTURE = 0x3001;
 constexpr std::uint16_t GET_BATTERY = 0x5037;
+constexpr std::uint16_t GET_CLOCK = 0x5031;
 
 }  // namespace
 
@@ -36,6 +37,9 @@ private Q_SLOTS:
     void applyTellsProgramsWhatWasWritten();
     void applyToAllEndsOnEveryCamera();
     void aSeriesKeepsThePicturesThatItHas();
+    void aWatchTellsWhatTheCameraRefuses();
+    void aWatchTellsWhichCameraItIs();
+    void updatesOfSeveralCamerasRefuseOneWish();
     void theDoctorSaysThatItWasInterrupted();
 
 private:
@@ -113,6 +117,41 @@ void InterruptionTest::aSeriesKeepsThePicturesThatItHas() {
     QVERIFY2(run.err.contains(u"interrupted after 1"_s), qPrintable(run.err));
     QVERIFY(QFile::exists(m_folder.filePath(u"a-0001.jpg"_s)));
     QVERIFY(!QFile::exists(m_folder.filePath(u"a-0002.jpg"_s)));
+}
+
+void InterruptionTest::aWatchTellsWhatTheCameraRefuses() {
+    constexpr std::uint32_t BUSY = 0xFFF9;
+    CliBench bench;
+    const DeviceId id = bench.bus.plug(std::make_shared<InterruptedCamera>(GET_CLOCK));
+    // The first value that a report tells.
+    bench.bus.addFault(
+        id,
+        {.kind = FaultKind::CameraError, .argument = BUSY, .unit = FaultUnit::Command, .nth = 1});
+    const stRunResult run = CliBench::run({u"status"_s, u"--watch=0.01"_s});
+    QCOMPARE(run.exit, static_cast<int>(ExitCode::Interrupted));
+    QVERIFY2(run.err.contains(u"battery.charge: the camera refuses (NUBO_CMD_ERROR_BUSY"_s),
+             qPrintable(run.err));
+    QVERIFY2(run.out.contains(u"wifi.link         linked\n"_s), qPrintable(run.out));
+}
+
+void InterruptionTest::aWatchTellsWhichCameraItIs() {
+    CliBench bench;
+    bench.bus.plug(std::make_shared<InterruptedCamera>(GET_CLOCK));
+    const stRunResult run = CliBench::run({u"--all"_s, u"status"_s, u"--watch=0.01"_s});
+    QCOMPARE(run.exit, static_cast<int>(ExitCode::Interrupted));
+    QVERIFY2(run.out.startsWith(u"# camera SIM0001 at "_s), qPrintable(run.out));
+}
+
+void InterruptionTest::updatesOfSeveralCamerasRefuseOneWish() {
+    auto one = std::make_unique<Interruption::Refusal>();
+    const Interruption::Refusal other;
+    one.reset();
+    Interruption::request();
+    QVERIFY(!Interruption::isRequested());
+    QVERIFY(Interruption::Refusal::takeRefused());
+    QVERIFY(!Interruption::Refusal::takeRefused());
+    Interruption::request();
+    QVERIFY(Interruption::isRequested());
 }
 
 void InterruptionTest::theDoctorSaysThatItWasInterrupted() {

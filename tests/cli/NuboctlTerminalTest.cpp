@@ -15,6 +15,9 @@ class NuboctlTerminalTest : public QObject {
 private Q_SLOTS:
     void asksBeforeItDestroys_data();
     void asksBeforeItDestroys();
+    void asksForOneCameraAfterTheOther();
+    void endsAfterCtrlCWhileItAsks_data();
+    void endsAfterCtrlCWhileItAsks();
     void showsHowFarAnImageIs();
     void showsNoProgressWhereItIsToBeQuiet();
 
@@ -29,11 +32,15 @@ private:
     }
 
     /// Runs nuboctl with @p words on a terminal on which the shell command @p typing types, and
-    /// then "nuboctl @p after".
-    static Run type(const QString& typing, const QString& words, const QString& after) {
-        return runSimulator(shell(u"N=" NUBOCTL_PROGRAM "; "
-                                  "%1 | script --quiet --return --command \"$N %2\" /dev/null; "
-                                  "echo \"exit $?\"; $N %3"_s.arg(typing, words, after)));
+    /// then "nuboctl @p after". "shows TEXT" waits until the terminal shows it.
+    static Run type(const QString& typing, const QString& words, const QString& after,
+                    const QStringList& options = {}) {
+        return runSimulator(
+            options +
+            shell(u"N=" NUBOCTL_PROGRAM "; T=$(mktemp); "
+                  "shows() { until grep -q \"$1\" $T; do sleep 0.01; done; }; "
+                  "{ %1; } | script --quiet --return --command \"$N %2\" /dev/null > $T; "
+                  "E=$?; cat $T; rm $T; echo \"exit $E\"; $N %3"_s.arg(typing, words, after)));
     }
 
     QTemporaryDir m_folder;
@@ -60,6 +67,30 @@ void NuboctlTerminalTest::asksBeforeItDestroys() {
     const Run run = type(typed, u"sd format"_s, u"get sd.used"_s);
     QVERIFY2(run.output.contains("[y/N]"), run.output);
     QVERIFY2(run.output.endsWith(exit + used), run.output);
+}
+
+void NuboctlTerminalTest::asksForOneCameraAfterTheOther() {
+    const Run run = type(u"shows y/N; printf 'y\\ny\\n'"_s, u"--all sd format"_s,
+                         u"--all get sd.used"_s, {u"--cameras"_s, u"2"_s});
+    // Nothing comes between a question and what is typed for it.
+    QVERIFY2(run.output.sliced(run.output.indexOf("[y/N]")).startsWith("[y/N] y\r\n"), run.output);
+    QVERIFY2(run.output.contains("exit 0\n"), run.output);
+    QCOMPARE(run.output.count("sd.used = 0\n"), 2);
+}
+
+void NuboctlTerminalTest::endsAfterCtrlCWhileItAsks_data() {
+    QTest::addColumn<QString>("words");
+    QTest::addColumn<QString>("question");
+    QTest::newRow("whether to destroy") << u"sd format"_s << u"y/N"_s;
+    QTest::newRow("for a secret") << u"set live.password"_s << u"live.password: "_s;
+}
+
+void NuboctlTerminalTest::endsAfterCtrlCWhileItAsks() {
+    QFETCH(const QString, words);
+    QFETCH(const QString, question);
+    const Run run = type(u"shows '%1'; printf '\\003'"_s.arg(question), words, u"get sd.used"_s);
+    QVERIFY2(run.output.endsWith("exit 130\nsd.used = 1586075648\n"), run.output);
+    QVERIFY2(run.output.contains("nuboctl: interrupted"), run.output);
 }
 
 void NuboctlTerminalTest::showsHowFarAnImageIs() {

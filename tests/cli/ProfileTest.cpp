@@ -72,6 +72,7 @@ private Q_SLOTS:
     void twoFilesAreComparedWithoutACamera();
     void jsonIsTakenToo();
     void aStopTellsTheWayBack();
+    void whatIsToldOfSeveralNamesTheCamera();
     void aSerialNumberLeadsToNoOtherFolder();
 
 private:
@@ -254,7 +255,24 @@ void ProfileTest::aStopTellsTheWayBack() {
                                           .nth = 5});
     const stRunResult run = CliBench::run({u"-c"_s, u"1-2"_s, u"apply"_s, profile});
     QCOMPARE(run.exit, 8);
-    QVERIFY2(run.err.contains(u"to go back: nuboctl set 'camera.name=Gull'"_s),
+    QVERIFY2(run.err.contains(u"to go back: nuboctl -c '1-2' set 'camera.name=Gull'"_s),
+             qPrintable(run.err));
+}
+
+void ProfileTest::whatIsToldOfSeveralNamesTheCamera() {
+    const QString profile = file("all.nubo", "camera.name = Tern\nimage.contrast = 3\n");
+    // As above, after the serial number and the version, which name the camera.
+    m_bench.bus.addFault(m_bench.ids[1], {.kind = nubo::simulator::FaultKind::CameraError,
+                                          .argument = 0xFFF9,
+                                          .unit = nubo::simulator::FaultUnit::Command,
+                                          .nth = 7});
+    const stRunResult run = CliBench::run({u"--all"_s, u"apply"_s, profile});
+    QCOMPARE(run.exit, 8);
+    const QString name = m_second->item("serial-number");
+    QVERIFY2(run.err.contains(u"nuboctl: %1: plan: camera.name: Gull -> Tern\n"_s.arg(name)),
+             qPrintable(run.err));
+    QVERIFY2(run.err.contains(
+                 u"nuboctl: %1: to go back: nuboctl -c '1-3' set 'camera.name=Gull'"_s.arg(name)),
              qPrintable(run.err));
 }
 

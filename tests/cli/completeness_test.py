@@ -136,6 +136,16 @@ class CompletionsTest(unittest.TestCase):
         self.assertEqual(self.completed("-c", "1-2", "mon"), {"monitor"})
         self.assertEqual(self.completed("set", "camera.na"), {"camera.name="})
 
+    def test_bash_offers_all_behind_words_that_it_has_split(self):
+        for split in (
+            ("--camera", "=", "SIM0001"),
+            ("-c", "1", ":", "2"),
+            ("--wait", "=", "5"),
+            ("--camera", "=", "get"),
+        ):
+            self.assertEqual(self.completed(*split, "mon"), {"monitor"}, split)
+            self.assertEqual(self.completed(*split, "wifi", "sc"), {"scan"}, split)
+
     def test_zsh_offers_all(self):
         script = run(NUBOCTL, "completion", "zsh")
         cases = dict(re.findall(r"""(?m)^ +([\w'-]+)\) candidates="(.*)" ;;$""", script))
