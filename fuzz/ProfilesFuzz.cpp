@@ -13,14 +13,13 @@ namespace {
 QByteArray written(const QList<stProfileEntry>& entries) {
     QString text;
     for (const stProfileEntry& entry : entries) {
-        text += QString::fromLatin1(entry.setting->key.data(),
-                                    static_cast<qsizetype>(entry.setting->key.size())) +
-                QStringLiteral(" = ") + profileQuoted(entry.text) + u'\n';
+        text +=
+            toText(entry.setting->key) + QStringLiteral(" = ") + profileQuoted(entry.text) + u'\n';
     }
     return text.toUtf8();
 }
 
-bool isSame(const stProfileEntry& one, const stProfileEntry& other) {
+bool isReadAlike(const stProfileEntry& one, const stProfileEntry& other) {
     return one.setting == other.setting && one.text == other.text;
 }
 
@@ -44,7 +43,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     if (!failure && std::ranges::all_of(entries, isWhole)) {
         QList<stProfileEntry> again;
         FUZZ_CHECK(!parseProfile(written(entries), again));
-        FUZZ_CHECK(std::ranges::equal(entries, again, isSame));
+        FUZZ_CHECK(std::ranges::equal(entries, again, isReadAlike));
     }
     return 0;
 }

@@ -122,7 +122,8 @@ void InterruptionTest::aSeriesKeepsThePicturesThatItHas() {
 void InterruptionTest::aWatchTellsWhatTheCameraRefuses() {
     constexpr std::uint32_t BUSY = 0xFFF9;
     CliBench bench;
-    const DeviceId id = bench.bus.plug(std::make_shared<InterruptedCamera>(GET_CLOCK));
+    bench.plug()->interruptAt(GET_CLOCK);
+    const DeviceId id = bench.ids.front();
     // The first value that a report tells.
     bench.bus.addFault(
         id,
@@ -136,7 +137,7 @@ void InterruptionTest::aWatchTellsWhatTheCameraRefuses() {
 
 void InterruptionTest::aWatchTellsWhichCameraItIs() {
     CliBench bench;
-    bench.bus.plug(std::make_shared<InterruptedCamera>(GET_CLOCK));
+    bench.plug()->interruptAt(GET_CLOCK);
     const stRunResult run = CliBench::run({u"--all"_s, u"status"_s, u"--watch=0.01"_s});
     QCOMPARE(run.exit, static_cast<int>(ExitCode::Interrupted));
     QVERIFY2(run.out.startsWith(u"# camera SIM0001 at "_s), qPrintable(run.out));
