@@ -81,10 +81,10 @@ bool BusState::plugInLocked(DeviceId id, Device& device) {
         const std::lock_guard lock(m_mutex);
         ++device.changes;
         device.address = *address;
+        ++device.record->log.timesPlugged;
         node = makeNode(id, device);
         device.record->device->plugged();
         device.record->serialNumber = device.record->device->serialNumber();
-        ++device.record->log.timesPlugged;
         access = device.record->options.access;
     }
     const auto handler = node->makeHandler();

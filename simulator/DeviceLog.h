@@ -27,7 +27,7 @@ struct DeviceLog {
     std::uint64_t transferCount = 0;       ///< all finished transfers
     std::uint64_t commandCount = 0;        ///< OUT transfers that carried a command
     std::size_t pendingTransfers = 0;      ///< submitted and not yet finished
-    int openHandles = 0;                   ///< file handles on the node
+    int openHandles = 0;  ///< on the node of the latest plugging-in, even if it has gone
     int timesOpened = 0;
     int timesPlugged = 0;
 

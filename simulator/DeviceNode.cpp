@@ -50,8 +50,11 @@ using Owner = std::shared_ptr<DeviceNode>;
 DeviceNode::DeviceNode(std::shared_ptr<DeviceRecord> record, DeviceHooks hooks)
     : m_record(std::move(record)),
       m_hooks(std::move(hooks)),
+      m_plugging(m_record->log.timesPlugged),
       m_claims(m_record),
-      m_transfers(m_record) {}
+      m_transfers(m_record) {
+    m_record->log.openHandles = 0;
+}
 
 GObjectPtr<UMockdevIoctlBase> DeviceNode::makeHandler() {
     using Handler = gboolean (*)(UMockdevIoctlBase*, UMockdevIoctlClient*, gpointer);
@@ -265,7 +268,7 @@ void DeviceNode::clientConnected(UMockdevIoctlClient* client) {
             return;
         }
         m_claims.addClient(client);
-        ++m_record->log.openHandles;
+        countHandles(1);
         ++m_record->log.timesOpened;
     }
     m_hooks.changed.notify_all();
@@ -283,9 +286,18 @@ void DeviceNode::clientVanished(UMockdevIoctlClient* client) {
         const std::lock_guard lock(m_hooks.mutex);
         m_claims.removeClient(client);
         m_transfers.forget(client);
-        --m_record->log.openHandles;
+        countHandles(-1);
     }
     m_hooks.changed.notify_all();
+}
+
+/// The end of a handle on a node that has gone is not always noticed: such a node counts only until
+/// there is another one.
+void DeviceNode::countHandles(int change) {
+    m_openHandles += change;
+    if (m_plugging == m_record->log.timesPlugged) {
+        m_record->log.openHandles = m_openHandles;
+    }
 }
 
 }  // namespace nubo::simulator

@@ -67,9 +67,12 @@ private:
     Reply reapUrb(UMockdevIoctlClient* client, UMockdevIoctlData* argument);
     void clientConnected(UMockdevIoctlClient* client);
     void clientVanished(UMockdevIoctlClient* client);
+    void countHandles(int change);
 
     const std::shared_ptr<DeviceRecord> m_record;
     const DeviceHooks m_hooks;
+    const int m_plugging;  ///< counted as in DeviceLog::timesPlugged
+    int m_openHandles = 0;
     bool m_gone = false;
     InterfaceClaims m_claims;
     TransferQueue m_transfers;

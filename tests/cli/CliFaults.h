@@ -22,5 +22,5 @@ void addFaultRows(unsigned transfers);
 [[nodiscard]] bool makesCameraLeave(const nubo::simulator::Fault& fault);
 
 /// Whether nobody holds the device any more, soon: the bus learns of the end of a handle later than
-/// its owner.
+/// its owner, and not always when the device leaves meanwhile.
 [[nodiscard]] bool isLetGo(const nubo::simulator::VirtualUsbBus& bus, nubo::simulator::DeviceId id);

@@ -44,6 +44,7 @@ private Q_SLOTS:
     void unpluggingEndsAPendingRead();
     void everyCallOnAnUnpluggedDeviceFails();
     void replugGivesANewDeviceNumber();
+    void handlesOnAFormerNodeDoNotCount();
     void replugOfAPluggedDeviceIsRefused();
     void hundredPlugCycles();
     void thousandSearchPasses();
@@ -114,6 +115,21 @@ void BusPluggingTest::replugGivesANewDeviceNumber() {
     QVERIFY(m_bench->bus.deviceNumber(id) != first);
     QVERIFY(m_bench->open(id));
     QCOMPARE(m_bench->bus.log(id).timesPlugged, 2);
+}
+
+void BusPluggingTest::handlesOnAFormerNodeDoNotCount() {
+    const DeviceId id = m_bench->plug();
+    LibusbHandle former = m_bench->openClaimed(id);
+    QVERIFY(former);
+    QCOMPARE(m_bench->bus.log(id).openHandles, 1);
+    QVERIFY(m_bench->bus.unplug(id));
+    QVERIFY(m_bench->bus.replug(id));
+    QCOMPARE(m_bench->bus.log(id).openHandles, 0);
+    const LibusbHandle handle = m_bench->openClaimed(id);
+    QVERIFY(handle);
+    former.reset();
+    QVERIFY(bulkOut(handle, pattern(32)) == 0);
+    QCOMPARE(m_bench->bus.log(id).openHandles, 1);
 }
 
 void BusPluggingTest::replugOfAPluggedDeviceIsRefused() {
