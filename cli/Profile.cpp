@@ -103,8 +103,8 @@ bool isTemplate(const stProfileEntry& entry) {
 
 stFailure parseProfile(const QByteArray& file, QList<stProfileEntry>& entries) {
     // Some editors mark UTF-8 at its beginning.
-    constexpr auto MARK = "\xEF\xBB\xBF";
-    const QByteArray bytes = file.startsWith(MARK) ? file.mid(qstrlen(MARK)) : file;
+    static constexpr QByteArrayView MARK("\xEF\xBB\xBF");
+    const QByteArray bytes = file.startsWith(MARK) ? file.mid(MARK.size()) : file;
     entries.clear();
     if (bytes.trimmed().startsWith('{')) {
         QJsonParseError error;

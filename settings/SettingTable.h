@@ -133,7 +133,7 @@ namespace Exchange = SettingExchange;
 namespace Choices = SettingChoices;
 
 inline constexpr std::int64_t MINUTE = 60;
-inline constexpr std::int64_t THREE_DAYS = 72 * 60 * MINUTE;
+inline constexpr std::int64_t THREE_DAYS = 72 * (60 * MINUTE);
 inline constexpr std::int64_t LONGEST_SSID = 32;
 inline constexpr std::int64_t LONGEST_KEY = 64;
 inline constexpr std::int64_t LONGEST_TEXT = 255;
