@@ -29,14 +29,14 @@ private Q_SLOTS:
 
 private:
     /// @p line with "$N" for the program, "$F" for a pipe, and "heeds PID", which waits until that
-    /// process has asked for signals.
+    /// process catches SIGHUP, SIGINT and SIGTERM.
     static Run run(const QString& line, const QStringList& options = {}) {
         return runSimulator(
             options +
-            shell(
-                u"N=" NUBOCTL_PROGRAM "; F=$(mktemp -u); mkfifo $F; "
-                "heeds() { until grep -q '^SigCgt.*4003$' /proc/$1/status; do sleep 0.01; done; }; "
-                "%1; rm $F"_s.arg(line)));
+            shell(u"N=" NUBOCTL_PROGRAM "; F=$(mktemp -u); mkfifo $F; "
+                  "caught() { echo $((0x$(sed -n 's/^SigCgt:\t//p' /proc/$1/status) & 0x4003)); }; "
+                  "heeds() { until [ $(caught $1) = 16387 ]; do sleep 0.01; done; }; "
+                  "%1; rm $F"_s.arg(line)));
     }
 };
 
