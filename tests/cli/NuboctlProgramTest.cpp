@@ -139,7 +139,7 @@ void NuboctlProgramTest::endsAfterASignalWhileNobodyTakesThePicture() {
 
 void NuboctlProgramTest::endsAfterASignalWhileItReads() {
     const Run ended =
-        run(u"$N apply - < $F & P=$!; exec 3> $F; heeds $P; kill $P; wait $P; "
+        run(u"$N apply - < $F & P=$!; exec 3<> $F; heeds $P; kill $P; wait $P; "
             "echo \"exit $?\"; exec 3>&-"_s);
     QCOMPARE(ended.output, "exit 130\n");
     QCOMPARE(ended.errors, "nuboctl: standard input: interrupted\n");
